@@ -1,0 +1,5 @@
+/* Reductions: sums, means, deviations, extremes, norms, dot products. */
+#ifndef ZAMS_STATS_H
+#define ZAMS_STATS_H
+
+#endif

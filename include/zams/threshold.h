@@ -1,0 +1,5 @@
+/* Thresholding. */
+#ifndef ZAMS_THRESHOLD_H
+#define ZAMS_THRESHOLD_H
+
+#endif

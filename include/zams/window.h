@@ -1,0 +1,5 @@
+/* Window functions. */
+#ifndef ZAMS_WINDOW_H
+#define ZAMS_WINDOW_H
+
+#endif

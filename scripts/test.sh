@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Sets up, builds both targets (i386 and x86-64) and runs every test.
+#   scripts/test.sh          both targets
+#   scripts/test.sh asan     also the x86-64 AddressSanitizer/UBSan build
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/setup.sh
+
+jobs=$(nproc)
+presets=(x86_64 i386)
+[ "${1:-}" = "asan" ] && presets+=(asan)
+start=$SECONDS
+for p in "${presets[@]}"; do
+  echo "=== $p: configure and build"
+  cmake --preset "$p" > "build-$p.log" 2>&1 || { cat "build-$p.log"; exit 1; }
+  cmake --build --preset "$p" -j "$jobs" >> "build-$p.log" 2>&1 || { tail -n 80 "build-$p.log"; exit 1; }
+done
+status=0
+for p in "${presets[@]}"; do
+  echo "=== $p: tests"
+  ctest --preset "$p" -j "$jobs" || status=1
+done
+echo "=== built and tested ${presets[*]} in $((SECONDS - start)) s"
+exit $status

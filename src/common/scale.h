@@ -1,0 +1,71 @@
+// The scale-factor rule of every _Sfs function: the exact integer result r
+// is multiplied by 2^-sf; a positive sf divides with rounding to nearest,
+// ties to even; a negative sf multiplies; the result saturates to the
+// destination type. Kernels may compute it faster, never differently: this
+// is the rule they are tested against.
+#pragma once
+
+#include <climits>
+#include <cstdint>
+#include <type_traits>
+
+#include "types.h"
+
+namespace zams {
+
+// r / 2^sf rounded to nearest, ties to even (sf >= 1). Exact for any sf.
+template <class W> constexpr W shr_round_even(W r, int sf) {
+    constexpr int bits = int(sizeof(W) * CHAR_BIT);
+    using U = std::make_unsigned_t<W>;
+    if (sf >= bits) {
+        // |r| <= 2^(bits-1) <= 2^(sf-1): never above one half, a tie only
+        // for the most negative value, which rounds to the even 0.
+        return 0;
+    }
+    W q = r >> sf;  // floor
+    U rem = static_cast<U>(r) & ((U(1) << sf) - 1);
+    U half = U(1) << (sf - 1);
+    if (rem > half || (rem == half && (q & 1))) ++q;
+    return q;
+}
+
+// r * 2^-sf for sf <= 0, saturated to T. Shifts that would leave W's range
+// take the bound by the sign.
+template <class T, class W> constexpr T shl_saturate(W r, int sf) {
+    constexpr int bits = int(sizeof(W) * CHAR_BIT);
+    if (r == 0 || sf == 0) return saturate<T>(r);
+    int k = -sf;
+    if (k >= bits - 1) return r > 0 ? traits<T>::max : traits<T>::min;
+    W lim = std::numeric_limits<W>::max() >> k;
+    if (r > lim) return traits<T>::max;
+    if (std::is_signed_v<W> && r < -lim) return traits<T>::min;
+    return saturate<T>(static_cast<W>(static_cast<std::make_unsigned_t<W>>(r) << k));
+}
+
+// The whole rule: exact r times 2^-sf, rounded half to even, saturated to T.
+template <class T, class W> constexpr T scale_round_sat(W r, int sf) {
+    if (sf > 0) return saturate<T>(shr_round_even(r, sf));
+    return shl_saturate<T>(r, sf);
+}
+
+// How a family computes a given scale factor. The limits are data, one pair
+// a family: above `zero_above` every result rounds to 0; at or below
+// `bound_at_or_below` any nonzero result saturates, so only its sign counts.
+struct ScaleLimits {
+    int zero_above;
+    int bound_at_or_below;  // INT_MIN where the left-shift kernel serves every negative factor
+};
+inline constexpr int kNoLimit = INT_MIN;
+
+enum class ScaleKind { Zero, Pos, One, None, Neg, Bound };
+
+constexpr ScaleKind scale_kind(int sf, ScaleLimits lim) {
+    if (sf > lim.zero_above) return ScaleKind::Zero;
+    if (sf > 1) return ScaleKind::Pos;
+    if (sf == 1) return ScaleKind::One;
+    if (sf == 0) return ScaleKind::None;
+    if (lim.bound_at_or_below != kNoLimit && sf <= lim.bound_at_or_below) return ScaleKind::Bound;
+    return ScaleKind::Neg;
+}
+
+}  // namespace zams

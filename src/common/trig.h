@@ -1,0 +1,78 @@
+// sin(pi x) and cos(pi x) from plain double arithmetic. The C library's
+// transcendental functions differ between targets (x87 code on i386), so
+// every table the library builds (FFT twiddles, windows) comes from here
+// and has the same bits on i386 and x86-64. Within 2 ulp.
+#pragma once
+
+#include <cmath>
+
+namespace zams {
+
+namespace trig_detail {
+// Taylor coefficients of sin(pi r) and cos(pi r) in powers of r; enough
+// terms for |r| <= 1/4 to fall far below one ulp.
+inline constexpr double kPiHi = 3.141592653589793116;
+inline constexpr double kPiLo = 1.2246467991473532e-16;
+inline constexpr double kSin[] = {-5.16771278004997, 2.5501640398773455, -0.5992645293207921,
+                                  0.08214588661112823, -0.0073704309457143504, 0.00046630280576761255,
+                                  -2.1915353447830217e-05, 7.952054001475513e-07, -2.2948428997269873e-08,
+                                  5.392664662608129e-10};
+inline constexpr double kCos[] = {-4.934802200544679, 4.0587121264167685, -1.3352627688545895,
+                                  0.2353306303588932, -0.02580689139001406, 0.0019295743094039231,
+                                  -0.0001046381049248457, 4.303069587032947e-06, -1.3878952462213771e-07,
+                                  3.604730797462501e-09};
+
+template <size_t N> inline double horner(const double (&k)[N], double z) {
+    double p = k[N - 1];
+    for (size_t i = N - 1; i-- > 0;) p = p * z + k[i];
+    return p;
+}
+}  // namespace trig_detail
+
+// sin(pi r) and cos(pi r) for |r| <= 1/4, rotated by q quarter turns.
+inline void sincospi_reduced(double r, long long q, double* s, double* c) {
+    using namespace trig_detail;
+    double z = r * r;
+    double sr = r * kPiHi + (r * kPiLo + r * z * horner(kSin, z));
+    double cr = 1.0 + z * horner(kCos, z);
+    switch (((q % 4) + 4) % 4) {
+        case 0: *s = sr; *c = cr; break;
+        case 1: *s = cr; *c = -sr; break;
+        case 2: *s = -sr; *c = -cr; break;
+        default: *s = -cr; *c = sr; break;
+    }
+    if (*s == 0.0) *s = 0.0;  // no negative zeros in tables
+    if (*c == 0.0) *c = 0.0;
+}
+
+// s = sin(pi x), c = cos(pi x), for |x| < 2^50. The reduction is exact, so
+// the error is that of the polynomials; an x that is itself rounded (k / n
+// for n not a power of two) carries its own error in: use sincospi_ratio.
+inline void sincospi(double x, double* s, double* c) {
+    double q = std::floor(x * 2.0 + 0.5);  // x = q/2 + r, |r| <= 1/4, exactly
+    sincospi_reduced(x - q * 0.5, static_cast<long long>(q), s, c);
+}
+
+// s = sin(pi k / n), c = cos(pi k / n) for n > 0, reduced exactly in integers:
+// the table builders' form.
+inline void sincospi_ratio(long long k, long long n, double* s, double* c) {
+    // q = floor(2k / n + 1/2), as in sincospi; 2k - q n stays within n/2.
+    long long num = 4 * k + n, den = 2 * n;
+    long long q = num / den - (num % den != 0 && num < 0);
+    double r = static_cast<double>(2 * k - q * n) / static_cast<double>(2 * n);
+    sincospi_reduced(r, q, s, c);
+}
+
+inline double cospi(double x) {
+    double s, c;
+    sincospi(x, &s, &c);
+    return c;
+}
+
+inline double sinpi(double x) {
+    double s, c;
+    sincospi(x, &s, &c);
+    return s;
+}
+
+}  // namespace zams
