@@ -1,0 +1,49 @@
+// A small benchmark harness that times zams and its peers in the same run
+// and prints ratios (zams time / peer time: below 1 means zams is faster).
+//
+//     ZAMS_BENCH(add_32f) {
+//         for (int n : b.sizes()) {
+//             Data<Zam32f> x(n), y(n), z(n);
+//             b.row("Add_32f", n, n * 12.0,        // bytes moved, for bandwidth
+//                   {{"zams", [&] { zamsAdd_32f(x, y, z, n); }},
+//                    {"volk", [&] { volk_32f_x2_add_32f(z, x, y, n); }},
+//                    {"loop", [&] { for (int i = 0; i < n; ++i) z[i] = x[i] + y[i]; }}});
+//         }
+//     }
+//
+// zams_bench [filter] runs the benchmarks whose name contains the filter.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zb {
+
+using Fn = std::function<void()>;
+using Contender = std::pair<std::string, Fn>;
+
+class Bench {
+public:
+    // The vector lengths most benchmarks use: 256, 4 Ki, 64 Ki, 4 Mi.
+    std::vector<int> sizes() const { return {256, 4096, 65536, 4 << 20}; }
+    // Times every contender (median of repeated runs, interleaved so that
+    // machine noise hits all alike) and prints one line: time of the first
+    // contender (zams), then its ratio to each of the others. `bytes` > 0
+    // adds the first contender's bandwidth.
+    void row(const std::string& what, long n, double bytes, std::vector<Contender> contenders);
+};
+
+using BenchFn = void (*)(Bench&);
+int register_bench(const char* name, BenchFn fn);
+
+// Keeps the compiler from dropping a result.
+template <class T> inline void keep(const T& v) { asm volatile("" : : "g"(&v) : "memory"); }
+
+}  // namespace zb
+
+#define ZAMS_BENCH(name)                                                                       \
+    static void zams_bench_##name(zb::Bench& b);                                              \
+    [[maybe_unused]] static const int zams_bench_reg_##name = zb::register_bench(#name, zams_bench_##name); \
+    static void zams_bench_##name([[maybe_unused]] zb::Bench& b)
