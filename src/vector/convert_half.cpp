@@ -149,8 +149,8 @@ public:
         m = _mm256_round_ps(m, (Even ? _MM_FROUND_TO_NEAREST_INT : _MM_FROUND_TO_ZERO) | _MM_FROUND_NO_EXC);
         m = _mm256_min_ps(m, _mm256_set1_ps(32768.0f));
         __m256i i = _mm256_cvttps_epi32(m);
-        __m256i sg = _mm256_castps_si256(_mm256_cmp_ps(_mm256_and_ps(sign, f), sign, _CMP_EQ_OQ));
-        __m128i s0 = cvt::lo128(sg), s1 = cvt::hi128(sg);
+        __m256i fb = _mm256_castps_si256(f);
+        __m128i s0 = _mm_srai_epi32(cvt::lo128(fb), 31), s1 = _mm_srai_epi32(cvt::hi128(fb), 31);
         __m128i lo = _mm_sub_epi32(_mm_xor_si128(cvt::lo128(i), s0), s0);
         __m128i hi = _mm_sub_epi32(_mm_xor_si128(cvt::hi128(i), s1), s1);
         __m128i r = _mm_packs_epi32(lo, hi);
