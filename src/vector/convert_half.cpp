@@ -13,10 +13,10 @@
 namespace zams {
 namespace {
 
+using cvt::ld;
 using cvt::run_blocks;
+using cvt::st;
 
-inline __m128i ld(const uint8_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-inline void st(uint8_t* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
 inline __m128i k32(int v) { return _mm_set1_epi32(v); }
 
 inline bool have_f16c() { return (ownGetFeature() & ZAM_CPU_F16C) != 0; }

@@ -7,16 +7,15 @@
 #include <cstring>
 
 #include "../common/check.h"
-#include "../common/types.h"
 #include "convert_kernels.h"
 
 namespace zams {
 namespace {
 
+using cvt::ld;
 using cvt::run_blocks;
+using cvt::st;
 
-inline __m128i ld(const uint8_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-inline void st(uint8_t* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
 
 // ---- widening ----
 
@@ -169,29 +168,62 @@ zamStatus narrow_16s8s_sfs(const Zam16s* src, Zam8s* dst, int len, int mode, int
     return zamStatusOk;
 }
 
-// ---- 64s to 32s with a mode and a scale: 64-bit lanes have neither an
-// arithmetic shift nor a saturating pack below AVX-512, so this one is scalar ----
+// ---- 64s to 32s with a mode and a scale, 2 lanes of 64 bits a vector ----
 
-inline Zam32s narrow_64s32s(Zam64s x, int mode, int sf) {
-    if (sf == 0) return saturate<Zam32s>(x);
-    if (sf < 0) {
-        int k = -sf;  // 1..31
-        if (x > (int64_t(INT32_MAX) >> k)) return INT32_MAX;
-        if (x < -(int64_t(1) << (31 - k))) return INT32_MIN;
-        return Zam32s(x * (int64_t(1) << k));
-    }
-    uint64_t m = x < 0 ? 0 - uint64_t(x) : uint64_t(x);
-    uint64_t q = m >> sf, rem = m & ((uint64_t(1) << sf) - 1), half = uint64_t(1) << (sf - 1);
-    bool up = mode == 1 ? (rem > half || (rem == half && (q & 1))) : mode == 0 ? false : rem >= half;
-    q += up;
-    if (x < 0) return q > uint64_t(1) << 31 ? INT32_MIN : Zam32s(-int64_t(q));
-    return q > uint64_t(INT32_MAX) ? INT32_MAX : Zam32s(q);
+// An int64 lane clamped to the int32 range.
+inline __m128i sat32(__m128i v) {
+    const __m128i hi = _mm_set1_epi64x(INT32_MAX), lo = _mm_set1_epi64x(INT32_MIN);
+    v = _mm_blendv_epi8(v, hi, _mm_cmpgt_epi64(v, hi));
+    return _mm_blendv_epi8(v, lo, _mm_cmpgt_epi64(lo, v));
 }
+
+class Narrow64 {
+public:
+    Narrow64(int mode, int sf) : sf_(std::clamp(sf, -31, 63)) {
+        cnt_ = _mm_cvtsi32_si128(sf_ > 0 ? sf_ : -sf_);
+        if (sf_ > 0) {
+            // One more unit where rem - half + (q & odd) + extra > 0: nearest-even
+            // counts the lowest kept bit, half-away any remainder from one half
+            // up; toward zero never adds (half above every remainder).
+            mask_ = _mm_set1_epi64x(int64_t((uint64_t(1) << sf_) - 1));
+            half_ = _mm_set1_epi64x(mode == 0 ? INT64_MAX : int64_t(1) << (sf_ - 1));
+            odd_ = _mm_set1_epi64x(mode == 1 ? 1 : 0);
+            extra_ = _mm_set1_epi64x(mode == 1 || mode == 0 ? 0 : 1);
+        } else if (sf_ < 0) {
+            hi_in_ = _mm_set1_epi64x(int64_t(INT32_MAX) >> -sf_);
+            lo_in_ = _mm_set1_epi64x(-(int64_t(1) << (31 + sf_)));
+        }
+    }
+
+    __m128i operator()(__m128i x) const {
+        if (sf_ == 0) return sat32(x);
+        if (sf_ < 0) {
+            __m128i r = _mm_sll_epi64(x, cnt_);
+            r = _mm_blendv_epi8(r, _mm_set1_epi64x(INT32_MAX), _mm_cmpgt_epi64(x, hi_in_));
+            return _mm_blendv_epi8(r, _mm_set1_epi64x(INT32_MIN), _mm_cmpgt_epi64(lo_in_, x));
+        }
+        // On the magnitude (as unsigned, so INT64_MIN's is 2^63), then the sign back.
+        __m128i sg = _mm_cmpgt_epi64(_mm_setzero_si128(), x);
+        __m128i m = _mm_sub_epi64(_mm_xor_si128(x, sg), sg);
+        __m128i q = _mm_srl_epi64(m, cnt_);
+        __m128i t = _mm_sub_epi64(_mm_and_si128(m, mask_), half_);
+        t = _mm_add_epi64(t, _mm_add_epi64(_mm_and_si128(q, odd_), extra_));
+        q = _mm_sub_epi64(q, _mm_cmpgt_epi64(t, _mm_setzero_si128()));
+        return sat32(_mm_sub_epi64(_mm_xor_si128(q, sg), sg));
+    }
+
+private:
+    int sf_;
+    __m128i cnt_, mask_{}, half_{}, odd_{}, extra_{}, hi_in_{}, lo_in_{};
+};
 
 zamStatus narrow_64s32s_sfs(const Zam64s* src, Zam32s* dst, int len, int mode, int sf) {
     if (zamStatus s = check_args(len, src, dst)) return s;
-    sf = std::clamp(sf, -31, 63);
-    for (int i = 0; i < len; ++i) dst[i] = narrow_64s32s(src[i], mode, sf);
+    const Narrow64 f(mode, sf);
+    run_blocks<8, 4, 4>(src, dst, size_t(len), [&](const uint8_t* s, uint8_t* d) {
+        __m128 a = _mm_castsi128_ps(f(ld(s))), b = _mm_castsi128_ps(f(ld(s + 16)));
+        st(d, _mm_castps_si128(_mm_shuffle_ps(a, b, _MM_SHUFFLE(2, 0, 2, 0))));
+    });
     return zamStatusOk;
 }
 

@@ -49,6 +49,11 @@ inline void run_blocks(const void* src, void* dst, size_t n, Op op) {
     staged_run(i, n);
 }
 
+// ---- unaligned 128-bit loads and stores of byte pointers ----
+
+inline __m128i ld(const uint8_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+inline void st(uint8_t* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
+
 // ---- packed 24-bit samples ----
 
 // 8 packed samples (24 bytes) widened to two vectors of 4 int32.

@@ -28,14 +28,15 @@ inline void store24(uint8_t* p, int32_t v) {
     p[0] = uint8_t(v), p[1] = uint8_t(v >> 8), p[2] = uint8_t(v >> 16);
 }
 
-// Split: interleaved pointer first, then the counts, then the channel table
-// and every pointer in it, all before anything is written.
-template <class T> zamStatus check_split(const void* src, T* const* pp, int nch, int clen) {
-    if (src == nullptr) return zamStatusNullPointer;
+// The channel checks: the interleaved buffer's pointer first (the source of
+// a split, the destination of a join), then the counts, then the table and
+// every pointer in it, all before anything is written.
+template <class P> zamStatus check_channels(const void* interleaved, P const* table, int nch, int clen) {
+    if (interleaved == nullptr) return zamStatusNullPointer;
     if (nch < 1 || clen < 1) return zamStatusBadLength;
-    if (pp == nullptr) return zamStatusNullPointer;
+    if (table == nullptr) return zamStatusNullPointer;
     for (int c = 0; c < nch; ++c)
-        if (pp[c] == nullptr) return zamStatusNullPointer;
+        if (table[c] == nullptr) return zamStatusNullPointer;
     return zamStatusOk;
 }
 
@@ -56,7 +57,7 @@ template <class Get> inline __m256 gather8(Get get, size_t base, size_t stride) 
 }
 
 zamStatus split16(const Zam16s* src, Zam32f* const* dst, int nch, int clen) {
-    if (zamStatus s = check_split(src, dst, nch, clen)) return s;
+    if (zamStatus s = check_channels(src, dst, nch, clen)) return s;
     const float a = bits_f(0x38000080u), b = bits_f(0x37800080u);
     const __m256 va = _mm256_set1_ps(a), vb = _mm256_set1_ps(b);
     const size_t st = size_t(nch);
@@ -72,7 +73,7 @@ zamStatus split16(const Zam16s* src, Zam32f* const* dst, int nch, int clen) {
 }
 
 zamStatus split24(const Zam24s* src, Zam32f* const* dst, int nch, int clen) {
-    if (zamStatus s = check_split(src, dst, nch, clen)) return s;
+    if (zamStatus s = check_channels(src, dst, nch, clen)) return s;
     const __m256d va = _mm256_set1_pd(kScale24), vb = _mm256_set1_pd(kOffset24);
     const size_t st = size_t(nch);
     auto get = [&](size_t k) { return load24(src + 3 * k); };
@@ -93,21 +94,11 @@ zamStatus split24(const Zam24s* src, Zam32f* const* dst, int nch, int clen) {
     return zamStatusOk;
 }
 
-// Join: the interleaved pointer first, then the counts, then the table.
-zamStatus check_join(const void* dst, const Zam32f* const* pp, int nch, int clen) {
-    if (dst == nullptr) return zamStatusNullPointer;
-    if (nch < 1 || clen < 1) return zamStatusBadLength;
-    if (pp == nullptr) return zamStatusNullPointer;
-    for (int c = 0; c < nch; ++c)
-        if (pp[c] == nullptr) return zamStatusNullPointer;
-    return zamStatusOk;
-}
-
 // y clamped to [-1, 1] (a NaN takes -1), times 32767.5 minus 0.5 in single
 // precision, converted to nearest-even with the processor's direction set to
 // nearest for the call: the exact inverse of the split.
 zamStatus join16(const Zam32f* const* src, int nch, int clen, Zam16s* dst) {
-    if (zamStatus s = check_join(dst, src, nch, clen)) return s;
+    if (zamStatus s = check_channels(dst, src, nch, clen)) return s;
     RoundingScope scope(Rounding::Nearest);
     const __m256 one = _mm256_set1_ps(1.0f), mone = _mm256_set1_ps(-1.0f), k = _mm256_set1_ps(32767.5f),
                  h = _mm256_set1_ps(-0.5f);
@@ -136,7 +127,7 @@ zamStatus join16(const Zam32f* const* src, int nch, int clen, Zam16s* dst) {
 
 // The same in double precision with 8388607.5, stored as packed 24-bit.
 zamStatus join24(const Zam32f* const* src, int nch, int clen, Zam24s* dst) {
-    if (zamStatus s = check_join(dst, src, nch, clen)) return s;
+    if (zamStatus s = check_channels(dst, src, nch, clen)) return s;
     RoundingScope scope(Rounding::Nearest);
     const __m256d one = _mm256_set1_pd(1.0), mone = _mm256_set1_pd(-1.0), k = _mm256_set1_pd(8388607.5),
                   h = _mm256_set1_pd(-0.5);

@@ -11,9 +11,10 @@
 namespace zams {
 namespace {
 
+using cvt::ld;
 using cvt::run_blocks;
+using cvt::st;
 
-inline __m128i ld(const uint8_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
 inline __m128i ld8(const uint8_t* p) { return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)); }
 inline void stf(uint8_t* p, __m256 v) { _mm256_storeu_ps(reinterpret_cast<float*>(p), v); }
 inline void std4(uint8_t* p, __m256d v) { _mm256_storeu_pd(reinterpret_cast<double*>(p), v); }

@@ -14,9 +14,10 @@ namespace zams {
 namespace {
 
 using cvt::Rnd;
+using cvt::ld;
 using cvt::run_blocks;
+using cvt::st;
 
-inline void st(uint8_t* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
 
 enum class To { S8, U8, S16, U16, S32, S24, U24 };
 

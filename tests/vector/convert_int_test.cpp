@@ -205,6 +205,10 @@ TEST(ConvertInt, Narrow64s32sModesAndScales) {
             check_vec(x, w, [&](auto s, auto d, int n) { return zamsConvert_64s32s_Sfs(s, d, n, zamRoundMode(mode), sf); },
                       "mode " + std::to_string(mode) + " sf " + std::to_string(sf));
         }
+    zt::SweepOptions o;
+    o.max_len = 90;
+    zt::sweep_unary<Zam64s, Zam32s>([](const Zam64s* s, Zam32s* d, int n) { return zamsConvert_64s32s_Sfs(s, d, n, zamRoundNearestEven, 20); },
+                                    [](Zam64s v) { return Zam32s(sat(scaled(v, 20, 1), INT32_MIN, INT32_MAX)); }, x, o);
 }
 
 // ---- digests ----
