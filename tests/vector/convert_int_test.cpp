@@ -214,6 +214,7 @@ TEST(ConvertInt, Narrow64s32sModesAndScales) {
 // ---- digests ----
 
 ZAMS_DIGEST(convert_int) {
+    auto put = [&](zamStatus s, const auto& v) { d.status(s), d.add(v); };
     auto x8 = zt::random_ints<Zam8s>(301, 21);
     auto x16 = zt::random_ints<Zam16s>(301, 22);
     auto x32 = zt::random_ints<Zam32s>(301, 23);
@@ -229,50 +230,29 @@ ZAMS_DIGEST(convert_int) {
     d.status(zamsConvert_8s16s(x8.data(), y16.data(), 301));
     d.status(zamsConvert_16s32s(x16.data(), y32.data(), 301));
     all();
-    d.status(zamsConvert_24s32s(raw(x24.data()), y32.data(), 301));
-    d.add(y32);
-    d.status(zamsConvert_24u32u(raw(x24.data()), reinterpret_cast<Zam32u*>(y32.data()), 301));
-    d.add(y32);
-    d.status(zamsConvert_32s16s(x32.data(), y16.data(), 301));
-    d.add(y16);
-    d.status(zamsConvert_8s32f(x8.data(), yf.data(), 301));
-    d.add(yf);
-    d.status(zamsConvert_8u32f(reinterpret_cast<Zam8u*>(x8.data()), yf.data(), 301));
-    d.add(yf);
-    d.status(zamsConvert_16s32f(x16.data(), yf.data(), 301));
-    d.add(yf);
-    d.status(zamsConvert_16u32f(reinterpret_cast<Zam16u*>(x16.data()), yf.data(), 301));
-    d.add(yf);
-    d.status(zamsConvert_24s32f(raw(x24.data()), yf.data(), 301));
-    d.add(yf);
-    d.status(zamsConvert_24u32f(raw(x24.data()), yf.data(), 301));
-    d.add(yf);
-    d.status(zamsConvert_32s32f(x32.data(), yf.data(), 301));
-    d.add(yf);
-    d.status(zamsConvert_32s64f(x32.data(), yd.data(), 301));
-    d.add(yd);
-    d.status(zamsConvert_64s64f(x64.data(), yd.data(), 301));
-    d.add(yd);
+    put(zamsConvert_24s32s(raw(x24.data()), y32.data(), 301), y32);
+    put(zamsConvert_24u32u(raw(x24.data()), reinterpret_cast<Zam32u*>(y32.data()), 301), y32);
+    put(zamsConvert_32s16s(x32.data(), y16.data(), 301), y16);
+    put(zamsConvert_8s32f(x8.data(), yf.data(), 301), yf);
+    put(zamsConvert_8u32f(reinterpret_cast<Zam8u*>(x8.data()), yf.data(), 301), yf);
+    put(zamsConvert_16s32f(x16.data(), yf.data(), 301), yf);
+    put(zamsConvert_16u32f(reinterpret_cast<Zam16u*>(x16.data()), yf.data(), 301), yf);
+    put(zamsConvert_24s32f(raw(x24.data()), yf.data(), 301), yf);
+    put(zamsConvert_24u32f(raw(x24.data()), yf.data(), 301), yf);
+    put(zamsConvert_32s32f(x32.data(), yf.data(), 301), yf);
+    put(zamsConvert_32s64f(x32.data(), yd.data(), 301), yd);
+    put(zamsConvert_64s64f(x64.data(), yd.data(), 301), yd);
     for (int sf : {-2000, -100, -7, -1, 0, 1, 5, 17, 18, 31, 40, 130, 2000}) {
-        d.status(zamsConvert_16s32f_Sfs(x16.data(), yf.data(), 301, sf));
-        d.add(yf);
-        d.status(zamsConvert_32s32f_Sfs(x32.data(), yf.data(), 301, sf));
-        d.add(yf);
-        d.status(zamsConvert_16s64f_Sfs(x16.data(), yd.data(), 301, sf));
-        d.add(yd);
-        d.status(zamsConvert_32s64f_Sfs(x32.data(), yd.data(), 301, sf));
-        d.add(yd);
-        d.status(zamsConvert_32s16s_Sfs(x32.data(), y16.data(), 301, sf));
-        d.add(y16);
-        d.status(zamsConvert_32s24s_Sfs(x32.data(), y24.data(), 301, sf));
-        d.add(y24);
-        d.status(zamsConvert_32u24u_Sfs(reinterpret_cast<Zam32u*>(x32.data()), y24.data(), 301, sf));
-        d.add(y24);
+        put(zamsConvert_16s32f_Sfs(x16.data(), yf.data(), 301, sf), yf);
+        put(zamsConvert_32s32f_Sfs(x32.data(), yf.data(), 301, sf), yf);
+        put(zamsConvert_16s64f_Sfs(x16.data(), yd.data(), 301, sf), yd);
+        put(zamsConvert_32s64f_Sfs(x32.data(), yd.data(), 301, sf), yd);
+        put(zamsConvert_32s16s_Sfs(x32.data(), y16.data(), 301, sf), y16);
+        put(zamsConvert_32s24s_Sfs(x32.data(), y24.data(), 301, sf), y24);
+        put(zamsConvert_32u24u_Sfs(reinterpret_cast<Zam32u*>(x32.data()), y24.data(), 301, sf), y24);
         for (int mode : kModes) {
-            d.status(zamsConvert_16s8s_Sfs(x16.data(), y8.data(), 301, zamRoundMode(mode), sf));
-            d.add(y8);
-            d.status(zamsConvert_64s32s_Sfs(x64.data(), y32.data(), 301, zamRoundMode(mode), sf));
-            d.add(y32);
+            put(zamsConvert_16s8s_Sfs(x16.data(), y8.data(), 301, zamRoundMode(mode), sf), y8);
+            put(zamsConvert_64s32s_Sfs(x64.data(), y32.data(), 301, zamRoundMode(mode), sf), y32);
         }
     }
 }

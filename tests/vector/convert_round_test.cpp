@@ -238,6 +238,7 @@ TEST(ConvertRound, CallerRoundingDirectionKept) {
 }
 
 ZAMS_DIGEST(convert_round) {
+    auto put = [&](zamStatus s, const auto& v) { d.status(s), d.add(v); };
     auto x = floats(301, 11);
     auto xd = doubles(301, 12);
     std::vector<Zam8s> y8(301);
@@ -247,33 +248,21 @@ ZAMS_DIGEST(convert_round) {
     std::vector<Zam32f> yf(301);
     std::vector<Zam64f> yd(301);
     std::vector<Zam8u> y24(3 * 301);
-    d.status(zamsConvert_32f64f(x.data(), yd.data(), 301));
-    d.add(yd);
-    d.status(zamsConvert_64f32f(xd.data(), yf.data(), 301));
-    d.add(yf);
+    put(zamsConvert_32f64f(x.data(), yd.data(), 301), yd);
+    put(zamsConvert_64f32f(xd.data(), yf.data(), 301), yf);
     for (int sf : {-200, -127, -9, 0, 1, 7, 30, 149, 150}) {
-        d.status(zamsConvert_32f24s_Sfs(x.data(), y24.data(), 301, sf));
-        d.add(y24);
-        d.status(zamsConvert_32f24u_Sfs(x.data(), y24.data(), 301, sf));
-        d.add(y24);
+        put(zamsConvert_32f24s_Sfs(x.data(), y24.data(), 301, sf), y24);
+        put(zamsConvert_32f24u_Sfs(x.data(), y24.data(), 301, sf), y24);
         for (int mode : {0, 1, 2, 3}) {
             auto m = zamRoundMode(mode);
-            d.status(zamsConvert_32f8s_Sfs(x.data(), y8.data(), 301, m, sf));
-            d.add(y8);
-            d.status(zamsConvert_32f8u_Sfs(x.data(), reinterpret_cast<Zam8u*>(y8.data()), 301, m, sf));
-            d.add(y8);
-            d.status(zamsConvert_32f16s_Sfs(x.data(), y16.data(), 301, m, sf));
-            d.add(y16);
-            d.status(zamsConvert_32f16u_Sfs(x.data(), reinterpret_cast<Zam16u*>(y16.data()), 301, m, sf));
-            d.add(y16);
-            d.status(zamsConvert_32f32s_Sfs(x.data(), y32.data(), 301, m, sf));
-            d.add(y32);
-            d.status(zamsConvert_64f16s_Sfs(xd.data(), y16.data(), 301, m, sf));
-            d.add(y16);
-            d.status(zamsConvert_64f32s_Sfs(xd.data(), y32.data(), 301, m, sf));
-            d.add(y32);
-            d.status(zamsConvert_64f64s_Sfs(xd.data(), y64.data(), 301, m, sf));
-            d.add(y64);
+            put(zamsConvert_32f8s_Sfs(x.data(), y8.data(), 301, m, sf), y8);
+            put(zamsConvert_32f8u_Sfs(x.data(), reinterpret_cast<Zam8u*>(y8.data()), 301, m, sf), y8);
+            put(zamsConvert_32f16s_Sfs(x.data(), y16.data(), 301, m, sf), y16);
+            put(zamsConvert_32f16u_Sfs(x.data(), reinterpret_cast<Zam16u*>(y16.data()), 301, m, sf), y16);
+            put(zamsConvert_32f32s_Sfs(x.data(), y32.data(), 301, m, sf), y32);
+            put(zamsConvert_64f16s_Sfs(xd.data(), y16.data(), 301, m, sf), y16);
+            put(zamsConvert_64f32s_Sfs(xd.data(), y32.data(), 301, m, sf), y32);
+            put(zamsConvert_64f64s_Sfs(xd.data(), y64.data(), 301, m, sf), y64);
         }
     }
 }
