@@ -136,7 +136,7 @@ zamStatus narrow_16s8s_sfs(const Zam16s* src, Zam8s* dst, int len, int mode, int
     }
     if (sf <= 0) {
         // A shift by 7 already saturates every nonzero value: below -6 only the sign counts.
-        const __m128i k = _mm_cvtsi32_si128(std::min(-sf, 7));
+        const __m128i k = _mm_cvtsi32_si128(sf < -7 ? 7 : -sf);
         run_blocks<2, 1, 16>(src, dst, n, [&](const uint8_t* s, uint8_t* d) {
             __m128i a = ld(s), b = ld(s + 16);
             __m128i w0 = _mm_sll_epi32(_mm_cvtepi16_epi32(a), k), w1 = _mm_sll_epi32(_mm_cvtepi16_epi32(_mm_srli_si128(a, 8)), k);
