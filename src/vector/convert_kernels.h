@@ -130,7 +130,12 @@ enum class Rnd {
     Even,    // to nearest, ties to even
     Away,    // to nearest, ties away from zero, whatever the processor's direction
     AwayRZ,  // |x| + 0.5 truncated: ties away only while the processor rounds toward zero
+    EvenCsr, // nearest-even by the processor's direction, found set to nearest
 };
+
+// Even becomes EvenCsr when the processor already rounds to nearest, so
+// that the conversion instruction itself can round.
+inline Rnd with_csr(Rnd r) { return r == Rnd::Even && (_mm_getcsr() & 0x6000u) == 0 ? Rnd::EvenCsr : r; }
 
 // The library-wide reading of a mode: 1 nearest-even, 0 toward zero, any other half-away.
 inline Rnd mode_of(int m) { return m == 1 ? Rnd::Even : m == 0 ? Rnd::Zero : Rnd::Away; }
@@ -169,6 +174,18 @@ template <Rnd R> inline __m256d round_pd(__m256d v) {
     }
 }
 
+// Rounded and converted to int32 lanes (out of range: INT32_MIN).
+template <Rnd R> inline __m256i to_epi32(__m256 v) {
+    if constexpr (R == Rnd::Zero) return _mm256_cvttps_epi32(v);
+    else if constexpr (R == Rnd::EvenCsr) return _mm256_cvtps_epi32(v);
+    else return _mm256_cvttps_epi32(round_ps<R>(v));
+}
+template <Rnd R> inline __m128i to_epi32(__m256d v) {
+    if constexpr (R == Rnd::Zero) return _mm256_cvttpd_epi32(v);
+    else if constexpr (R == Rnd::EvenCsr) return _mm256_cvtpd_epi32(v);
+    else return _mm256_cvttpd_epi32(round_pd<R>(v));
+}
+
 // Calls f.template operator()<R>() for the rounding R, so that each mode
 // gets its own kernel.
 template <class F> inline void with_rnd(Rnd r, F&& f) {
@@ -177,6 +194,7 @@ template <class F> inline void with_rnd(Rnd r, F&& f) {
         case Rnd::Even: f.template operator()<Rnd::Even>(); break;
         case Rnd::Away: f.template operator()<Rnd::Away>(); break;
         case Rnd::AwayRZ: f.template operator()<Rnd::AwayRZ>(); break;
+        case Rnd::EvenCsr: f.template operator()<Rnd::EvenCsr>(); break;
     }
 }
 

@@ -40,10 +40,11 @@ template <To K> constexpr size_t bytes_of() {
 template <To K, Rnd R> inline void f32_lanes(const uint8_t* s, __m256 mul, __m128i& lo, __m128i& hi) {
     __m256 v = _mm256_mul_ps(_mm256_loadu_ps(reinterpret_cast<const float*>(s)), mul);
     v = _mm256_min_ps(v, _mm256_set1_ps(top<K>()));  // a NaN gives the second operand
-    v = cvt::round_ps<R>(v);
-    __m256i i = _mm256_cvttps_epi32(v);  // below the int32 range: INT32_MIN, which saturates
+    __m256i i = cvt::to_epi32<R>(v);  // below the int32 range: INT32_MIN, which saturates
     if constexpr (K == To::S32) {
-        // 2^31 converts to INT32_MIN as well; flipping every bit makes it INT32_MAX.
+        // 2^31 converts to INT32_MIN as well; flipping every bit makes it
+        // INT32_MAX. (Below 2^31 the next single is 2^31 - 128: no rounding
+        // reaches 2^31.)
         __m256 big = _mm256_cmp_ps(v, _mm256_set1_ps(2147483648.0f), _CMP_GE_OQ);
         i = _mm256_castps_si256(_mm256_xor_ps(_mm256_castsi256_ps(i), big));
     }
@@ -84,9 +85,11 @@ template <To K, Rnd R> void f32_run(const Zam32f* src, void* dst, size_t n, floa
 template <To K> zamStatus f32_int(const Zam32f* src, void* dst, int len, int mode, int sf) {
     if (zamStatus s = check_args(len, src, dst)) return s;
     const float mul = cvt::halved_multiplier(sf);
-    Rnd r = cvt::mode_of(mode);
+    Rnd r = cvt::with_csr(cvt::mode_of(mode));
     if constexpr (K == To::S32) {
-        cvt::with_rnd(r, [&]<Rnd R>() { f32_run<K, R>(src, dst, size_t(len), mul); });
+        cvt::with_rnd(r, [&]<Rnd R>() {
+            if constexpr (R != Rnd::AwayRZ) f32_run<K, R>(src, dst, size_t(len), mul);
+        });
     } else if (r == Rnd::Away) {
         RoundingScope scope(Rounding::TowardZero);
         f32_run<K, Rnd::AwayRZ>(src, dst, size_t(len), mul);
@@ -101,7 +104,10 @@ template <To K> zamStatus f32_int(const Zam32f* src, void* dst, int len, int mod
 // The packed 24-bit members take no mode: nearest-even.
 template <To K> zamStatus f32_24(const Zam32f* src, uint8_t* dst, int len, int sf) {
     if (zamStatus s = check_args(len, src, dst)) return s;
-    f32_run<K, Rnd::Even>(src, dst, size_t(len), cvt::halved_multiplier(sf));
+    const float mul = cvt::halved_multiplier(sf);
+    cvt::with_rnd(cvt::with_csr(Rnd::Even), [&]<Rnd R>() {
+        if constexpr (R == Rnd::Even || R == Rnd::EvenCsr) f32_run<K, R>(src, dst, size_t(len), mul);
+    });
     return zamStatusOk;
 }
 
@@ -120,7 +126,7 @@ template <bool To32, Rnd R> void f64_run(const Zam64f* src, void* dst, size_t n,
         } else {
             v = _mm256_min_pd(v, _mm256_set1_pd(32767.0));
         }
-        return _mm256_cvttpd_epi32(cvt::round_pd<R>(v));
+        return cvt::to_epi32<R>(v);
     };
     run_blocks<8, To32 ? 4 : 2, 8>(src, dst, n, [&](const uint8_t* s, uint8_t* d) {
         __m128i a = lanes(s), b = lanes(s + 32);
@@ -132,7 +138,9 @@ template <bool To32, Rnd R> void f64_run(const Zam64f* src, void* dst, size_t n,
 template <bool To32> zamStatus f64_int(const Zam64f* src, void* dst, int len, int mode, int sf) {
     if (zamStatus s = check_args(len, src, dst)) return s;
     const double mul = cvt::halved_multiplier(sf);
-    cvt::with_rnd(cvt::mode_of(mode), [&]<Rnd R>() { f64_run<To32, R>(src, dst, size_t(len), mul); });
+    cvt::with_rnd(cvt::with_csr(cvt::mode_of(mode)), [&]<Rnd R>() {
+        if constexpr (R != Rnd::AwayRZ) f64_run<To32, R>(src, dst, size_t(len), mul);
+    });
     return zamStatusOk;
 }
 
@@ -164,7 +172,9 @@ zamStatus f64_64s(const Zam64f* src, Zam64s* dst, int len, int mode, int sf) {
     const double mul = cvt::halved_multiplier(sf);
     Rnd r = mode == 2 ? Rnd::Away : mode == 1 ? Rnd::Even : Rnd::Zero;
     const size_t n = static_cast<unsigned>(len);
-    cvt::with_rnd(r, [&]<Rnd R>() { f64_64s_run<R>(src, dst, n, mul); });
+    cvt::with_rnd(r, [&]<Rnd R>() {
+        if constexpr (R != Rnd::AwayRZ && R != Rnd::EvenCsr) f64_64s_run<R>(src, dst, n, mul);
+    });
     return zamStatusOk;
 }
 
