@@ -145,18 +145,15 @@ template <Rnd R> inline __m256 round_ps(__m256 v) {
         return _mm256_round_ps(v, _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC);
     } else if constexpr (R == Rnd::Even) {
         return _mm256_round_ps(v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
-    } else if constexpr (R == Rnd::Away) {
-        // The fraction v - trunc(v) is exact; one more unit, with v's sign,
-        // where it reaches one half.
+    } else {
+        // Half away: the fraction v - trunc(v) is exact; one more unit, with
+        // v's sign, where it reaches one half.
+        static_assert(R == Rnd::Away, "the other roundings convert directly");
         const __m256 sign = _mm256_set1_ps(-0.0f);
         __m256 t = _mm256_round_ps(v, _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC);
         __m256 f = _mm256_andnot_ps(sign, _mm256_sub_ps(v, t));
         __m256 unit = _mm256_or_ps(_mm256_set1_ps(1.0f), _mm256_and_ps(sign, v));
         return _mm256_add_ps(t, _mm256_and_ps(_mm256_cmp_ps(f, _mm256_set1_ps(0.5f), _CMP_GE_OQ), unit));
-    } else {
-        const __m256 sign = _mm256_set1_ps(-0.0f);
-        __m256 a = _mm256_add_ps(_mm256_andnot_ps(sign, v), _mm256_set1_ps(0.5f));
-        return _mm256_round_ps(_mm256_or_ps(a, _mm256_and_ps(sign, v)), _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC);
     }
 }
 
@@ -178,7 +175,11 @@ template <Rnd R> inline __m256d round_pd(__m256d v) {
 template <Rnd R> inline __m256i to_epi32(__m256 v) {
     if constexpr (R == Rnd::Zero) return _mm256_cvttps_epi32(v);
     else if constexpr (R == Rnd::EvenCsr) return _mm256_cvtps_epi32(v);
-    else return _mm256_cvttps_epi32(round_ps<R>(v));
+    else if constexpr (R == Rnd::AwayRZ) {  // the truncating conversion does the last step
+        const __m256 sign = _mm256_set1_ps(-0.0f);
+        __m256 a = _mm256_add_ps(_mm256_andnot_ps(sign, v), _mm256_set1_ps(0.5f));
+        return _mm256_cvttps_epi32(_mm256_or_ps(a, _mm256_and_ps(sign, v)));
+    } else return _mm256_cvttps_epi32(round_ps<R>(v));
 }
 template <Rnd R> inline __m128i to_epi32(__m256d v) {
     if constexpr (R == Rnd::Zero) return _mm256_cvttpd_epi32(v);
