@@ -11,20 +11,19 @@
 namespace zams::cvt {
 
 // Runs `op` over n elements in blocks of W. op(s, d) reads W source elements
-// of SB bytes (plus `Over` bytes more, which the body never reads past the
-// end of the vector) and writes W destination elements of DB bytes. The
+// of SB bytes and writes W destination elements of DB bytes. The
 // elements before the destination is 32-byte aligned and the tail are copied
 // through a zeroed stack block and run by the same op, so every element gets
 // exactly the vector arithmetic, whatever the length and alignment. Packed
 // 24-bit elements (SB or DB of 3) are moved 3 bytes at a time and never
 // touch a byte past the vector. The op loads all its source before it
 // stores, which makes in-place calls of equal element sizes safe.
-template <size_t SB, size_t DB, size_t W, size_t Over = 0, class Op>
+template <size_t SB, size_t DB, size_t W, class Op>
 inline void run_blocks(const void* src, void* dst, size_t n, Op op) {
     const auto* s = static_cast<const uint8_t*>(src);
     auto* d = static_cast<uint8_t*>(dst);
     auto staged = [&](size_t i, size_t k) {
-        alignas(32) uint8_t ts[W * SB + Over] = {};
+        alignas(32) uint8_t ts[W * SB] = {};
         alignas(32) uint8_t td[W * DB];
         std::memcpy(ts, s + i * SB, k * SB);
         op(static_cast<const uint8_t*>(ts), static_cast<uint8_t*>(td));
@@ -42,10 +41,9 @@ inline void run_blocks(const void* src, void* dst, size_t n, Op op) {
     if ((DB & (DB - 1)) == 0 && mis % DB == 0) head = (32 - mis) % 32 / DB;
     if (head > n) head = n;
     staged_run(0, head);
-    constexpr size_t over_elems = (Over + SB - 1) / SB;
     size_t i = head;
-    if (n >= W + over_elems)
-        for (; i <= n - W - over_elems; i += W) op(s + i * SB, d + i * DB);
+    if (n >= W)
+        for (; i <= n - W; i += W) op(s + i * SB, d + i * DB);
     staged_run(i, n);
 }
 
