@@ -1,0 +1,260 @@
+// Integer widening and narrowing, and integer to floating point.
+// Models: exact long double arithmetic (a 64-bit significand holds every
+// source value and every scaled value exactly), rounded by the C library.
+#include <cfloat>
+#include <cmath>
+#include <functional>
+
+#include "digest.h"
+#include "sweep.h"
+
+namespace {
+
+// A packed 24-bit sample as the tests see it.
+struct P24 {
+    uint8_t b[3];
+};
+P24 p24(int32_t v) { return {{uint8_t(v), uint8_t(v >> 8), uint8_t(v >> 16)}}; }
+int32_t s24(P24 p) { return int32_t(uint32_t(p.b[0]) << 8 | uint32_t(p.b[1]) << 16 | uint32_t(p.b[2]) << 24) >> 8; }
+uint32_t u24(P24 p) { return uint32_t(p.b[0]) | uint32_t(p.b[1]) << 8 | uint32_t(p.b[2]) << 16; }
+const Zam8u* raw(const P24* p) { return reinterpret_cast<const Zam8u*>(p); }
+Zam8u* raw(P24* p) { return reinterpret_cast<Zam8u*>(p); }
+
+std::vector<P24> random24(size_t n, uint32_t seed) {
+    auto w = zt::random_ints<int32_t>(n, seed);
+    std::vector<P24> v(n);
+    for (size_t i = 0; i < n; ++i) v[i] = p24(w[i] % 4 == 0 ? (w[i] < 0 ? -8388608 : 8388607) : w[i]);
+    return v;
+}
+
+long double sat(long double v, long double lo, long double hi) { return v < lo ? lo : v > hi ? hi : v; }
+
+// x * 2^-sf rounded by mode: 1 nearest-even, 0 toward zero, other half away.
+long double scaled(long double x, int sf, int mode) {
+    long double v = std::ldexp(x, -sf);
+    return mode == 1 ? std::rint(v) : mode == 0 ? std::trunc(v) : std::round(v);
+}
+
+constexpr int kModes[] = {0, 1, 2, 3, -1};
+
+// Runs fn once on src at a misaligned destination and checks every element
+// against want, and the guards.
+template <class S, class D, class Fn>
+void check_vec(const std::vector<S>& src, const std::vector<D>& want, Fn fn, const std::string& what) {
+    zt::Guarded<S> s(src.size(), 5 * sizeof(S) % 64);
+    zt::Guarded<D> d(src.size(), 3 * sizeof(D) % 64);
+    s.copy_from(src.data());
+    ASSERT_EQ(fn(s.data(), d.data(), int(src.size())), zamStatusOk) << what;
+    for (size_t i = 0; i < src.size(); ++i)
+        ASSERT_EQ(std::memcmp(&d[i], &want[i], sizeof(D)), 0) << what << " element " << i;
+    ASSERT_TRUE(d.guards_intact()) << what;
+}
+
+// ---- argument checks ----
+
+TEST(ConvertInt, PointersThenLength) {
+    Zam32s a[4] = {1, 2, 3, 4};
+    Zam16s y[4] = {7, 7, 7, 7};
+    Zam64s w[2] = {1, 2};
+    Zam64f f[2] = {9, 9};
+    Zam8s b[4] = {5, 5, 5, 5};
+    EXPECT_EQ(zamsConvert_32s16s(nullptr, y, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsConvert_32s16s(a, nullptr, 4), zamStatusNullPointer);
+    EXPECT_EQ(zamsConvert_32s16s(a, y, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_32s16s_Sfs(a, y, -1, 3), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_32s64f(a, f, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_32s64f(a, f, -1), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_64s32s_Sfs(w, a, -5, zamRoundHalfAway, 2), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_24s32s(nullptr, a, -1), zamStatusNullPointer);
+    // The members that read the length as unsigned reject only 0.
+    EXPECT_EQ(zamsConvert_64s64f(w, f, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_64s64f(nullptr, f, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsConvert_16s8s_Sfs(y, b, 0, zamRoundNearestEven, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_16s8s_Sfs(y, nullptr, 0, zamRoundNearestEven, 0), zamStatusNullPointer);
+    for (Zam16s v : y) EXPECT_EQ(v, 7);
+    for (Zam64f v : f) EXPECT_EQ(v, 9);
+    for (Zam8s v : b) EXPECT_EQ(v, 5);
+}
+
+// ---- widening: every length and alignment ----
+
+TEST(ConvertInt, Widening) {
+    zt::SweepOptions o;
+    o.max_len = 120;
+    zt::sweep_unary<Zam8s, Zam16s>(zamsConvert_8s16s, [](Zam8s x) { return Zam16s(x); }, zt::random_ints<Zam8s>(o.max_len, 1), o);
+    zt::sweep_unary<Zam16s, Zam32s>(zamsConvert_16s32s, [](Zam16s x) { return Zam32s(x); }, zt::random_ints<Zam16s>(o.max_len, 2), o);
+    auto p = random24(o.max_len, 3);
+    zt::sweep_unary<P24, Zam32s>([](const P24* s, Zam32s* d, int n) { return zamsConvert_24s32s(raw(s), d, n); }, s24, p, o);
+    zt::sweep_unary<P24, Zam32u>([](const P24* s, Zam32u* d, int n) { return zamsConvert_24u32u(raw(s), d, n); }, u24, p, o);
+}
+
+TEST(ConvertInt, SmallIntegersToFloat) {
+    zt::SweepOptions o;
+    o.max_len = 120;
+    zt::sweep_unary<Zam8s, Zam32f>(zamsConvert_8s32f, [](Zam8s x) { return float(x); }, zt::random_ints<Zam8s>(o.max_len, 4), o);
+    zt::sweep_unary<Zam8u, Zam32f>(zamsConvert_8u32f, [](Zam8u x) { return float(x); }, zt::random_ints<Zam8u>(o.max_len, 5), o);
+    zt::sweep_unary<Zam16s, Zam32f>(zamsConvert_16s32f, [](Zam16s x) { return float(x); }, zt::random_ints<Zam16s>(o.max_len, 6), o);
+    zt::sweep_unary<Zam16u, Zam32f>(zamsConvert_16u32f, [](Zam16u x) { return float(x); }, zt::random_ints<Zam16u>(o.max_len, 7), o);
+    auto p = random24(o.max_len, 8);
+    zt::sweep_unary<P24, Zam32f>([](const P24* s, Zam32f* d, int n) { return zamsConvert_24s32f(raw(s), d, n); },
+                                 [](P24 x) { return float(s24(x)); }, p, o);
+    zt::sweep_unary<P24, Zam32f>([](const P24* s, Zam32f* d, int n) { return zamsConvert_24u32f(raw(s), d, n); },
+                                 [](P24 x) { return float(u24(x)); }, p, o);
+}
+
+// ---- wide integers to floating point, with and without a scale ----
+
+TEST(ConvertInt, WideIntegersToFloat) {
+    zt::SweepOptions o;
+    o.max_len = 100;
+    zt::sweep_unary<Zam32s, Zam32f>(zamsConvert_32s32f, [](Zam32s x) { return float((long double)x); },
+                                    zt::random_ints<Zam32s>(o.max_len, 9), o);
+    zt::sweep_unary<Zam32s, Zam64f>(zamsConvert_32s64f, [](Zam32s x) { return double(x); }, zt::random_ints<Zam32s>(o.max_len, 10), o);
+    // 64-bit integers round once to nearest-even: values near 2^53 and 2^63
+    // with low bits that sit exactly between two doubles.
+    auto w = zt::random_ints<Zam64s>(o.max_len, 11);
+    w[3] = (int64_t(1) << 53) + 1;
+    w[4] = (int64_t(1) << 53) + 3;
+    w[5] = -(int64_t(1) << 54) - 2;
+    w[6] = INT64_MAX - 511;
+    w[7] = INT64_MAX - 512;
+    w[8] = int64_t(0x123456789ABCDEF1);
+    zt::sweep_unary<Zam64s, Zam64f>(zamsConvert_64s64f, [](Zam64s x) { return double((long double)x); }, w, o);
+}
+
+TEST(ConvertInt, IntegerToFloatScaleClamps) {
+    auto x16 = zt::random_ints<Zam16s>(77, 12);
+    auto x32 = zt::random_ints<Zam32s>(77, 13);
+    for (int sf : {INT32_MIN, -2000, -1009, -1008, -993, -992, -200, -113, -112, -97, -96, -3, 0, 1, 17, 125, 126, 127,
+                   149, 1000, 1022, 1023, 5000, INT32_MAX}) {
+        auto f = [&](auto x, int lo, int hi) { return std::ldexp((long double)x, -std::clamp(sf, lo, hi)); };
+        std::vector<Zam32f> w1, w3;
+        std::vector<Zam64f> w2, w4;
+        for (auto x : x16) w1.push_back(float(f(x, -112, 126))), w2.push_back(double(f(x, -1008, 1022)));
+        for (auto x : x32) w3.push_back(float(f(float((long double)x), -96, 126))), w4.push_back(double(f(x, -992, 1022)));
+        std::string at = "sf " + std::to_string(sf);
+        check_vec(x16, w1, [&](auto s, auto d, int n) { return zamsConvert_16s32f_Sfs(s, d, n, sf); }, "16s32f " + at);
+        check_vec(x16, w2, [&](auto s, auto d, int n) { return zamsConvert_16s64f_Sfs(s, d, n, sf); }, "16s64f " + at);
+        check_vec(x32, w3, [&](auto s, auto d, int n) { return zamsConvert_32s32f_Sfs(s, d, n, sf); }, "32s32f " + at);
+        check_vec(x32, w4, [&](auto s, auto d, int n) { return zamsConvert_32s64f_Sfs(s, d, n, sf); }, "32s64f " + at);
+    }
+    // The clamps keep the largest magnitudes finite.
+    Zam32s big = INT32_MIN;
+    Zam32f y;
+    ASSERT_EQ(zamsConvert_32s32f_Sfs(&big, &y, 1, -1000), zamStatusOk);
+    EXPECT_EQ(y, -std::ldexp(1.0f, 127));
+}
+
+// ---- narrowing ----
+
+TEST(ConvertInt, NarrowWithScale) {
+    auto x = zt::random_ints<Zam32s>(93, 14);
+    auto u = zt::random_ints<Zam32u>(93, 15);
+    // Ties at every scale: odd multiples of one half above and below zero.
+    for (int k = 0; k < 30; ++k) x[k] = (k & 1 ? -1 : 1) * ((1 + 2 * (k % 2)) << k);
+    for (int sf : {INT32_MIN, -40, -32, -31, -24, -16, -15, -9, -1, 0, 1, 2, 8, 15, 16, 23, 24, 30, 31, 32, 99, INT32_MAX}) {
+        std::vector<Zam16s> w16;
+        std::vector<P24> w24, w24u;
+        for (auto v : x) {
+            w16.push_back(Zam16s(sat(scaled(v, std::clamp(sf, -15, 31), 1), -32768, 32767)));
+            w24.push_back(p24(int32_t(sat(scaled(v, std::clamp(sf, -31, 31), 1), -8388608, 8388607))));
+        }
+        for (auto v : u) w24u.push_back(p24(int32_t(sat(scaled(v, std::clamp(sf, -31, 31), 1), 0, 16777215))));
+        std::string at = "sf " + std::to_string(sf);
+        check_vec(x, w16, [&](auto s, auto d, int n) { return zamsConvert_32s16s_Sfs(s, d, n, sf); }, "32s16s " + at);
+        check_vec(x, w24, [&](auto s, P24* d, int n) { return zamsConvert_32s24s_Sfs(s, raw(d), n, sf); }, "32s24s " + at);
+        check_vec(u, w24u, [&](auto s, P24* d, int n) { return zamsConvert_32u24u_Sfs(s, raw(d), n, sf); }, "32u24u " + at);
+    }
+    zt::SweepOptions o;
+    o.max_len = 90;
+    zt::sweep_unary<Zam32s, Zam16s>(zamsConvert_32s16s, [](Zam32s v) { return Zam16s(sat(v, -32768, 32767)); }, x, o);
+    zt::sweep_unary<Zam32s, P24>([](const Zam32s* s, P24* d, int n) { return zamsConvert_32s24s_Sfs(s, raw(d), n, 3); },
+                                 [](Zam32s v) { return p24(int32_t(sat(scaled(v, 3, 1), -8388608, 8388607))); }, x, o);
+}
+
+TEST(ConvertInt, Narrow16s8sModesAndScales) {
+    // The documented values first.
+    const Zam16s src[] = {3, 5, -5};
+    const Zam8s want[3][3] = {{1, 2, -2}, {2, 2, -2}, {2, 3, -3}};  // modes 0, 1, 2 with sf 1
+    for (int m = 0; m < 3; ++m) {
+        Zam8s y[3];
+        ASSERT_EQ(zamsConvert_16s8s_Sfs(src, y, 3, zamRoundMode(m), 1), zamStatusOk);
+        for (int i = 0; i < 3; ++i) EXPECT_EQ(y[i], want[m][i]) << "mode " << m << " element " << i;
+    }
+    auto x = zt::random_ints<Zam16s>(85, 16);
+    for (int mode : kModes)
+        for (int sf : {INT32_MIN, -8, -7, -6, -3, -1, 0, 1, 2, 5, 8, 15, 16, 17, 18, 40}) {
+            std::vector<Zam8s> w;
+            for (auto v : x) w.push_back(sf >= 18 ? 0 : Zam8s(sat(scaled(v, std::max(sf, -7), mode), -128, 127)));
+            check_vec(x, w, [&](auto s, auto d, int n) { return zamsConvert_16s8s_Sfs(s, d, n, zamRoundMode(mode), sf); },
+                      "mode " + std::to_string(mode) + " sf " + std::to_string(sf));
+        }
+    zt::SweepOptions o;
+    o.max_len = 80;
+    zt::sweep_unary<Zam16s, Zam8s>([](const Zam16s* s, Zam8s* d, int n) { return zamsConvert_16s8s_Sfs(s, d, n, zamRoundHalfAway, 3); },
+                                   [](Zam16s v) { return Zam8s(sat(scaled(v, 3, 2), -128, 127)); }, x, o);
+}
+
+TEST(ConvertInt, Narrow64s32sModesAndScales) {
+    auto x = zt::random_ints<Zam64s>(90, 17);
+    for (int k = 0; k < 40; ++k) x[k] = (k & 1 ? -1 : 1) * ((int64_t(3) << k) >> 1);  // ties
+    for (int mode : kModes)
+        for (int sf : {INT32_MIN, -64, -32, -31, -30, -1, 0, 1, 2, 31, 32, 33, 62, 63, 64, INT32_MAX}) {
+            std::vector<Zam32s> w;
+            for (auto v : x) w.push_back(Zam32s(sat(scaled(v, std::clamp(sf, -31, 63), mode), INT32_MIN, INT32_MAX)));
+            check_vec(x, w, [&](auto s, auto d, int n) { return zamsConvert_64s32s_Sfs(s, d, n, zamRoundMode(mode), sf); },
+                      "mode " + std::to_string(mode) + " sf " + std::to_string(sf));
+        }
+    zt::SweepOptions o;
+    o.max_len = 90;
+    zt::sweep_unary<Zam64s, Zam32s>([](const Zam64s* s, Zam32s* d, int n) { return zamsConvert_64s32s_Sfs(s, d, n, zamRoundNearestEven, 20); },
+                                    [](Zam64s v) { return Zam32s(sat(scaled(v, 20, 1), INT32_MIN, INT32_MAX)); }, x, o);
+}
+
+// ---- digests ----
+
+ZAMS_DIGEST(convert_int) {
+    auto put = [&](zamStatus s, const auto& v) { d.status(s), d.add(v); };
+    auto x8 = zt::random_ints<Zam8s>(301, 21);
+    auto x16 = zt::random_ints<Zam16s>(301, 22);
+    auto x32 = zt::random_ints<Zam32s>(301, 23);
+    auto x64 = zt::random_ints<Zam64s>(301, 24);
+    auto x24 = random24(301, 25);
+    std::vector<Zam8s> y8(301);
+    std::vector<Zam16s> y16(301);
+    std::vector<Zam32s> y32(301);
+    std::vector<Zam32f> yf(301);
+    std::vector<Zam64f> yd(301);
+    std::vector<Zam8u> y24(3 * 301);
+    auto all = [&] { d.add(y8), d.add(y16), d.add(y32), d.add(yf), d.add(yd), d.add(y24); };
+    d.status(zamsConvert_8s16s(x8.data(), y16.data(), 301));
+    d.status(zamsConvert_16s32s(x16.data(), y32.data(), 301));
+    all();
+    put(zamsConvert_24s32s(raw(x24.data()), y32.data(), 301), y32);
+    put(zamsConvert_24u32u(raw(x24.data()), reinterpret_cast<Zam32u*>(y32.data()), 301), y32);
+    put(zamsConvert_32s16s(x32.data(), y16.data(), 301), y16);
+    put(zamsConvert_8s32f(x8.data(), yf.data(), 301), yf);
+    put(zamsConvert_8u32f(reinterpret_cast<Zam8u*>(x8.data()), yf.data(), 301), yf);
+    put(zamsConvert_16s32f(x16.data(), yf.data(), 301), yf);
+    put(zamsConvert_16u32f(reinterpret_cast<Zam16u*>(x16.data()), yf.data(), 301), yf);
+    put(zamsConvert_24s32f(raw(x24.data()), yf.data(), 301), yf);
+    put(zamsConvert_24u32f(raw(x24.data()), yf.data(), 301), yf);
+    put(zamsConvert_32s32f(x32.data(), yf.data(), 301), yf);
+    put(zamsConvert_32s64f(x32.data(), yd.data(), 301), yd);
+    put(zamsConvert_64s64f(x64.data(), yd.data(), 301), yd);
+    for (int sf : {-2000, -100, -7, -1, 0, 1, 5, 17, 18, 31, 40, 130, 2000}) {
+        put(zamsConvert_16s32f_Sfs(x16.data(), yf.data(), 301, sf), yf);
+        put(zamsConvert_32s32f_Sfs(x32.data(), yf.data(), 301, sf), yf);
+        put(zamsConvert_16s64f_Sfs(x16.data(), yd.data(), 301, sf), yd);
+        put(zamsConvert_32s64f_Sfs(x32.data(), yd.data(), 301, sf), yd);
+        put(zamsConvert_32s16s_Sfs(x32.data(), y16.data(), 301, sf), y16);
+        put(zamsConvert_32s24s_Sfs(x32.data(), y24.data(), 301, sf), y24);
+        put(zamsConvert_32u24u_Sfs(reinterpret_cast<Zam32u*>(x32.data()), y24.data(), 301, sf), y24);
+        for (int mode : kModes) {
+            put(zamsConvert_16s8s_Sfs(x16.data(), y8.data(), 301, zamRoundMode(mode), sf), y8);
+            put(zamsConvert_64s32s_Sfs(x64.data(), y32.data(), 301, zamRoundMode(mode), sf), y32);
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,270 @@
+// Floating point to integer (modes, scale factors, saturation, NaN), double
+// to single, and the processor's rounding direction around the calls.
+// Model: the scaled value in long double (exact: scaling by a power of two
+// cannot round a value that still has an integer part), rounded by the C
+// library, saturated.
+#include <cfloat>
+#include <cmath>
+#include <limits>
+
+#include "digest.h"
+#include "sweep.h"
+
+namespace {
+
+constexpr float kNaNf = std::numeric_limits<float>::quiet_NaN();
+constexpr float kInff = std::numeric_limits<float>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
+struct P24 {
+    uint8_t b[3];
+};
+P24 p24(int64_t v) { return {{uint8_t(v), uint8_t(v >> 8), uint8_t(v >> 16)}}; }
+
+enum class R { Zero, Even, Away };
+R usual(int mode) { return mode == 1 ? R::Even : mode == 0 ? R::Zero : R::Away; }
+
+// The multiplier: 1 halved sf times in single precision.
+long double mult(int sf) { return sf >= 150 ? 0.0L : sf <= -128 ? HUGE_VALL : std::ldexp(1.0L, -sf); }
+
+long double model(long double x, int sf, R r, long double lo, long double hi, long double nan) {
+    long double p = x * mult(sf);
+    if (std::isnan(p)) return nan;
+    p = r == R::Even ? std::rint(p) : r == R::Zero ? std::trunc(p) : std::round(p);
+    return p < lo ? lo : p > hi ? hi : p;
+}
+
+// Values that test the rounding and the bounds, then random ones.
+std::vector<float> floats(size_t n, uint32_t seed) {
+    std::vector<float> v = {0.5f, -0.5f, 1.5f, -1.5f, 2.5f, -2.5f, 0.49999997f, -0.49999997f, 0.50000006f,
+                            kNaNf, -kNaNf, kInff, -kInff, -0.0f, 0.0f, 1e30f, -1e30f, 8388609.0f, -8388611.0f,
+                            4194304.5f, 127.5f, 128.0f, -128.5f, -129.0f, 255.5f, 256.0f, 32767.5f, -32768.5f,
+                            65535.5f, 65536.0f, 2147483520.0f, 2147483648.0f, -2147483648.0f, -2147483904.0f,
+                            8388607.5f, 16777215.0f, -8388608.5f, 1e-40f, -1e-45f, 3.4e38f};
+    auto r = zt::random_reals<float>(n, seed, -70000.0f, 70000.0f);
+    auto k = zt::random_ints<int32_t>(n, seed + 1);
+    for (size_t i = 0; v.size() < n; ++i) {
+        switch (i % 4) {
+            case 0: v.push_back(r[i]); break;
+            case 1: v.push_back(float(k[i] % 70000) + 0.5f); break;  // ties
+            case 2: v.push_back(r[i] * 1e-3f); break;
+            default: v.push_back(std::ldexp(float(k[i] % 4096), int(i % 40) - 20)); break;
+        }
+    }
+    return v;
+}
+
+std::vector<double> doubles(size_t n, uint32_t seed) {
+    std::vector<double> v = {0.5, -0.5, 2.5, -2.5, 0.49999999999999994, -0.49999999999999994, kNaN, kInf, -kInf,
+                             -0.0, 4503599627370497.0, 4503599627370496.5, -4503599627370495.5, 9.2233720368547748e18,
+                             9223372036854775808.0, -9223372036854775808.0, -9.3e18, 1e300, -1e300,
+                             2147483647.4, 2147483647.5, -2147483648.5, -2147483649.0, 32767.5, -32768.5, 1e-310};
+    auto f = floats(n, seed);
+    for (size_t i = 0; v.size() < n; ++i) v.push_back(i % 3 ? double(f[i]) : double(f[i]) * 1.00000001 * 65536.0);
+    return v;
+}
+
+template <class S, class D, class Fn, class Want>
+void check_all(const std::vector<S>& src, Fn fn, Want want, const std::string& what) {
+    zt::Guarded<S> s(src.size(), 3 * sizeof(S) % 64);
+    zt::Guarded<D> d(src.size(), 5 * sizeof(D) % 64);
+    s.copy_from(src.data());
+    ASSERT_EQ(fn(s.data(), d.data(), int(src.size())), zamStatusOk) << what;
+    for (size_t i = 0; i < src.size(); ++i) {
+        D w = want(src[i]);
+        ASSERT_EQ(std::memcmp(&d[i], &w, sizeof(D)), 0) << what << " element " << i << " x = " << double(src[i]);
+    }
+    ASSERT_TRUE(d.guards_intact()) << what;
+}
+
+constexpr int kModes[] = {0, 1, 2, 3, -1, 7};
+constexpr int kFactors[] = {INT32_MIN, -200, -128, -127, -40, -16, -1, 0, 1, 3, 16, 31, 126, 127, 149, 150, 1000, INT32_MAX};
+
+// One member with a mode and a scale: fn(src, dst, len, mode, sf).
+template <class S, class D, class Fn>
+void modes_and_factors(const std::vector<S>& x, Fn fn, R (*rule)(int), long double lo, long double hi, long double nan,
+                       const char* name) {
+    for (int mode : kModes)
+        for (int sf : kFactors)
+            check_all<S, D>(
+                x, [&](const S* s, D* d, int n) { return fn(s, d, n, zamRoundMode(mode), sf); },
+                [&](S v) { return D(model(v, sf, rule(mode), lo, hi, nan)); },
+                std::string(name) + " mode " + std::to_string(mode) + " sf " + std::to_string(sf));
+}
+
+TEST(ConvertRound, SingleToInteger) {
+    auto x = floats(211, 1);
+    modes_and_factors<Zam32f, Zam8s>(x, zamsConvert_32f8s_Sfs, usual, -128, 127, 127, "32f8s");
+    modes_and_factors<Zam32f, Zam8u>(x, zamsConvert_32f8u_Sfs, usual, 0, 255, 255, "32f8u");
+    modes_and_factors<Zam32f, Zam16s>(x, zamsConvert_32f16s_Sfs, usual, -32768, 32767, 32767, "32f16s");
+    modes_and_factors<Zam32f, Zam16u>(x, zamsConvert_32f16u_Sfs, usual, 0, 65535, 65535, "32f16u");
+    modes_and_factors<Zam32f, Zam32s>(x, zamsConvert_32f32s_Sfs, usual, INT32_MIN, INT32_MAX, INT32_MAX, "32f32s");
+}
+
+TEST(ConvertRound, DoubleToInteger) {
+    auto x = doubles(211, 2);
+    modes_and_factors<Zam64f, Zam16s>(x, zamsConvert_64f16s_Sfs, usual, -32768, 32767, 32767, "64f16s");
+    // NaN passes both clamps of this member and converts to the smallest value.
+    modes_and_factors<Zam64f, Zam32s>(x, zamsConvert_64f32s_Sfs, usual, INT32_MIN, INT32_MAX, INT32_MIN, "64f32s");
+    // Here 2 is half away, 1 nearest-even and anything else toward zero.
+    auto rule64 = [](int m) { return m == 2 ? R::Away : m == 1 ? R::Even : R::Zero; };
+    modes_and_factors<Zam64f, Zam64s>(x, zamsConvert_64f64s_Sfs, +rule64, (long double)INT64_MIN,
+                                      (long double)INT64_MAX, (long double)INT64_MAX, "64f64s");
+}
+
+TEST(ConvertRound, SingleToPacked24) {
+    auto x = floats(211, 3);
+    for (int sf : kFactors) {
+        auto put = [&](auto lo, auto hi, auto nan) {
+            return [=](Zam32f v) { return p24(int64_t(model(v, sf, R::Even, lo, hi, nan))); };
+        };
+        check_all<Zam32f, P24>(
+            x, [&](const Zam32f* s, P24* d, int n) { return zamsConvert_32f24s_Sfs(s, reinterpret_cast<Zam24s*>(d), n, sf); },
+            put(-8388608, 8388607, 8388607), "32f24s sf " + std::to_string(sf));
+        check_all<Zam32f, P24>(
+            x, [&](const Zam32f* s, P24* d, int n) { return zamsConvert_32f24u_Sfs(s, reinterpret_cast<Zam24u*>(d), n, sf); },
+            put(0, 16777215, 16777215), "32f24u sf " + std::to_string(sf));
+    }
+}
+
+TEST(ConvertRound, DocumentedValues) {
+    const Zam32f x[] = {0.49999997f, 0.5f, -2.5f, 2.5f, kNaNf, kInff, -kInff};
+    Zam16s y[7];
+    ASSERT_EQ(zamsConvert_32f16s_Sfs(x, y, 7, zamRoundHalfAway, 0), zamStatusOk);
+    const Zam16s away[] = {0, 1, -3, 3, 32767, 32767, -32768};
+    for (int i = 0; i < 7; ++i) EXPECT_EQ(y[i], away[i]) << i;
+    ASSERT_EQ(zamsConvert_32f16s_Sfs(x, y, 7, zamRoundNearestEven, 0), zamStatusOk);
+    EXPECT_EQ(y[2], -2);
+    EXPECT_EQ(y[3], 2);
+    Zam64f n = kNaN;
+    Zam32s r = 5;
+    ASSERT_EQ(zamsConvert_64f32s_Sfs(&n, &r, 1, zamRoundTowardZero, 0), zamStatusOk);
+    EXPECT_EQ(r, INT32_MIN);
+    const Zam64f big[] = {1e300, -1e300};
+    Zam32f f[2];
+    ASSERT_EQ(zamsConvert_64f32f(big, f, 2), zamStatusOk);
+    EXPECT_EQ(f[0], FLT_MAX);
+    EXPECT_EQ(f[1], -FLT_MAX);
+}
+
+TEST(ConvertRound, EveryLengthAndAlignment) {
+    auto x = floats(100, 4);
+    auto xd = doubles(100, 5);
+    zt::SweepOptions o;
+    o.max_len = 100;
+    zt::sweep_unary<Zam32f, Zam16s>([](const Zam32f* s, Zam16s* d, int n) { return zamsConvert_32f16s_Sfs(s, d, n, zamRoundHalfAway, -2); },
+                                    [](Zam32f v) { return Zam16s(model(v, -2, R::Away, -32768, 32767, 32767)); }, x, o);
+    zt::sweep_unary<Zam32f, Zam8u>([](const Zam32f* s, Zam8u* d, int n) { return zamsConvert_32f8u_Sfs(s, d, n, zamRoundNearestEven, 5); },
+                                   [](Zam32f v) { return Zam8u(model(v, 5, R::Even, 0, 255, 255)); }, x, o);
+    zt::sweep_unary<Zam32f, Zam32s>([](const Zam32f* s, Zam32s* d, int n) { return zamsConvert_32f32s_Sfs(s, d, n, zamRoundHalfAway, 0); },
+                                    [](Zam32f v) { return Zam32s(model(v, 0, R::Away, INT32_MIN, INT32_MAX, INT32_MAX)); }, x, o);
+    zt::sweep_unary<Zam64f, Zam32s>([](const Zam64f* s, Zam32s* d, int n) { return zamsConvert_64f32s_Sfs(s, d, n, zamRoundNearestEven, -20); },
+                                    [](Zam64f v) { return Zam32s(model(v, -20, R::Even, INT32_MIN, INT32_MAX, INT32_MIN)); }, xd, o);
+    zt::sweep_unary<Zam64f, Zam64s>([](const Zam64f* s, Zam64s* d, int n) { return zamsConvert_64f64s_Sfs(s, d, n, zamRoundHalfAway, 1); },
+                                    [](Zam64f v) { return Zam64s(model(v, 1, R::Away, (long double)INT64_MIN, (long double)INT64_MAX, (long double)INT64_MAX)); }, xd, o);
+    // In place where the sizes match is part of the sweep; single to double both ways too.
+    zt::sweep_unary<Zam32f, Zam64f>(zamsConvert_32f64f, [](Zam32f v) { return double(v); }, x, o);
+    zt::sweep_unary<Zam64f, Zam32f>(zamsConvert_64f32f, [](Zam64f v) {
+        return std::isnan(v) ? float(v) : v > FLT_MAX ? FLT_MAX : v < -FLT_MAX ? -FLT_MAX : float(v); }, xd, o);
+}
+
+TEST(ConvertRound, PointersLengthAndUnsignedLength) {
+    Zam32f x[2] = {1, 2};
+    Zam64f xd[2] = {1, 2};
+    Zam16s y[2] = {7, 7};
+    Zam64s w[2] = {7, 7};
+    EXPECT_EQ(zamsConvert_32f16s_Sfs(nullptr, y, 0, zamRoundMode(9), 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsConvert_32f16s_Sfs(x, nullptr, 2, zamRoundNearestEven, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsConvert_32f16s_Sfs(x, y, 0, zamRoundNearestEven, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_32f24s_Sfs(x, nullptr, -1, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsConvert_32f24u_Sfs(x, reinterpret_cast<Zam24u*>(y), -1, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_64f16s_Sfs(xd, y, -1, zamRoundNearestEven, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_64f32f(xd, x, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_64f64s_Sfs(xd, w, 0, zamRoundNearestEven, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsConvert_64f64s_Sfs(nullptr, w, 0, zamRoundNearestEven, 0), zamStatusNullPointer);
+    EXPECT_EQ(y[0], 7);
+    EXPECT_EQ(w[0], 7);
+}
+
+// The processor's rounding direction is the caller's again after every call,
+// and the results do not depend on it.
+TEST(ConvertRound, CallerRoundingDirectionKept) {
+    auto x = floats(64, 6);
+    auto xd = doubles(64, 7);
+    const unsigned saved = _mm_getcsr();
+    for (unsigned dir : {0u, 1u, 2u, 3u}) {
+        const unsigned csr = (saved & ~0x6000u) | dir << 13;
+        for (int mode : {0, 1, 2, 5}) {
+            std::vector<Zam8s> y8(64);
+            std::vector<Zam8u> u8(64);
+            std::vector<Zam16s> y16(64), z16(64);
+            std::vector<Zam16u> u16(64);
+            std::vector<Zam32s> y32(64), z32(64);
+            std::vector<Zam64s> y64(64);
+            zamStatus st[8];
+            _mm_setcsr(csr);
+            st[0] = zamsConvert_32f8s_Sfs(x.data(), y8.data(), 64, zamRoundMode(mode), 1);
+            EXPECT_EQ(_mm_getcsr(), csr);
+            st[1] = zamsConvert_32f8u_Sfs(x.data(), u8.data(), 64, zamRoundMode(mode), 1);
+            EXPECT_EQ(_mm_getcsr(), csr);
+            st[2] = zamsConvert_32f16s_Sfs(x.data(), y16.data(), 64, zamRoundMode(mode), 1);
+            EXPECT_EQ(_mm_getcsr(), csr);
+            st[3] = zamsConvert_32f16u_Sfs(x.data(), u16.data(), 64, zamRoundMode(mode), 1);
+            EXPECT_EQ(_mm_getcsr(), csr);
+            st[4] = zamsConvert_32f32s_Sfs(x.data(), y32.data(), 64, zamRoundMode(mode), 1);
+            EXPECT_EQ(_mm_getcsr(), csr);
+            st[5] = zamsConvert_64f16s_Sfs(xd.data(), z16.data(), 64, zamRoundMode(mode), 1);
+            st[6] = zamsConvert_64f32s_Sfs(xd.data(), z32.data(), 64, zamRoundMode(mode), 1);
+            st[7] = zamsConvert_64f64s_Sfs(xd.data(), y64.data(), 64, zamRoundMode(mode), 1);
+            EXPECT_EQ(_mm_getcsr(), csr);
+            _mm_setcsr(saved);
+            for (zamStatus s : st) ASSERT_EQ(s, zamStatusOk);
+            R r = usual(mode), r64 = mode == 2 ? R::Away : mode == 1 ? R::Even : R::Zero;
+            for (int i = 0; i < 64; ++i) {
+                SCOPED_TRACE("direction " + std::to_string(dir) + " mode " + std::to_string(mode) + " element " + std::to_string(i));
+                ASSERT_EQ(y8[i], Zam8s(model(x[i], 1, r, -128, 127, 127)));
+                ASSERT_EQ(u8[i], Zam8u(model(x[i], 1, r, 0, 255, 255)));
+                ASSERT_EQ(y16[i], Zam16s(model(x[i], 1, r, -32768, 32767, 32767)));
+                ASSERT_EQ(u16[i], Zam16u(model(x[i], 1, r, 0, 65535, 65535)));
+                ASSERT_EQ(y32[i], Zam32s(model(x[i], 1, r, INT32_MIN, INT32_MAX, INT32_MAX)));
+                ASSERT_EQ(z16[i], Zam16s(model(xd[i], 1, r, -32768, 32767, 32767)));
+                ASSERT_EQ(z32[i], Zam32s(model(xd[i], 1, r, INT32_MIN, INT32_MAX, INT32_MIN)));
+                ASSERT_EQ(y64[i], Zam64s(model(xd[i], 1, r64, (long double)INT64_MIN, (long double)INT64_MAX,
+                                               (long double)INT64_MAX)));
+            }
+        }
+    }
+}
+
+ZAMS_DIGEST(convert_round) {
+    auto put = [&](zamStatus s, const auto& v) { d.status(s), d.add(v); };
+    auto x = floats(301, 11);
+    auto xd = doubles(301, 12);
+    std::vector<Zam8s> y8(301);
+    std::vector<Zam16s> y16(301);
+    std::vector<Zam32s> y32(301);
+    std::vector<Zam64s> y64(301);
+    std::vector<Zam32f> yf(301);
+    std::vector<Zam64f> yd(301);
+    std::vector<Zam8u> y24(3 * 301);
+    put(zamsConvert_32f64f(x.data(), yd.data(), 301), yd);
+    put(zamsConvert_64f32f(xd.data(), yf.data(), 301), yf);
+    for (int sf : {-200, -127, -9, 0, 1, 7, 30, 149, 150}) {
+        put(zamsConvert_32f24s_Sfs(x.data(), y24.data(), 301, sf), y24);
+        put(zamsConvert_32f24u_Sfs(x.data(), y24.data(), 301, sf), y24);
+        for (int mode : {0, 1, 2, 3}) {
+            auto m = zamRoundMode(mode);
+            put(zamsConvert_32f8s_Sfs(x.data(), y8.data(), 301, m, sf), y8);
+            put(zamsConvert_32f8u_Sfs(x.data(), reinterpret_cast<Zam8u*>(y8.data()), 301, m, sf), y8);
+            put(zamsConvert_32f16s_Sfs(x.data(), y16.data(), 301, m, sf), y16);
+            put(zamsConvert_32f16u_Sfs(x.data(), reinterpret_cast<Zam16u*>(y16.data()), 301, m, sf), y16);
+            put(zamsConvert_32f32s_Sfs(x.data(), y32.data(), 301, m, sf), y32);
+            put(zamsConvert_64f16s_Sfs(xd.data(), y16.data(), 301, m, sf), y16);
+            put(zamsConvert_64f32s_Sfs(xd.data(), y32.data(), 301, m, sf), y32);
+            put(zamsConvert_64f64s_Sfs(xd.data(), y64.data(), 301, m, sf), y64);
+        }
+    }
+}
+
+}  // namespace
