@@ -37,9 +37,9 @@ struct I128 {
     // Fits in int64: the high word is the sign extension of the low word.
     bool fits64() const { return hi == (int64_t(lo) < 0 ? -1 : 0); }
     double to_double() const {
-        // hi * 2^64 + lo with hi carrying the sign; the low word split so
-        // each part converts exactly before the final sum.
-        return double(hi) * 18446744073709551616.0 + (double(lo >> 32) * 4294967296.0 + double(lo & 0xFFFFFFFFu));
+        if (fits64()) return double(int64_t(lo));  // rounded once
+        if (negative()) return -(-*this).to_double();
+        return double(hi) * 18446744073709551616.0 + double(lo);
     }
 };
 
