@@ -294,8 +294,8 @@ ZAMS_DIGEST(sums) {
     for (int i = 0; i < 500; ++i) fc[i] = {f[2 * i], f[2 * i + 1]}, gc[i] = {g[2 * i], g[2 * i + 1]}, ac[i] = {a[2 * i], a[2 * i + 1]};
     for (int len : {1, 2, 77, 500}) {
         for (auto h : {zamAlgHintFast, zamAlgHintAccurate}) {
-            Zam32f r, m;
-            Zam32fc rc;
+            Zam32f r = 0, m = 0;  // not written when the status is an error
+            Zam32fc rc{};
             d.status(zamsSum_32f(f.data(), len, &r, h)); d.add(&r, 1);
             d.status(zamsMean_32f(f.data(), len, &r, h)); d.add(&r, 1);
             d.status(zamsSum_32fc(fc.data(), len, &rc, h)); d.add(&rc, 1);
@@ -303,8 +303,8 @@ ZAMS_DIGEST(sums) {
             d.status(zamsStdDev_32f(f.data(), len, &r, h)); d.add(&r, 1);
             d.status(zamsMeanStdDev_32f(f.data(), len, &m, &r, h)); d.add(&r, 1); d.add(&m, 1);
         }
-        Zam64f r, m;
-        Zam64fc rc;
+        Zam64f r = 0, m = 0;
+        Zam64fc rc{};
         d.status(zamsSum_64f(g.data(), len, &r)); d.add(&r, 1);
         d.status(zamsMean_64f(g.data(), len, &r)); d.add(&r, 1);
         d.status(zamsSum_64fc(gc.data(), len, &rc)); d.add(&rc, 1);
@@ -312,10 +312,10 @@ ZAMS_DIGEST(sums) {
         d.status(zamsStdDev_64f(g.data(), len, &r)); d.add(&r, 1);
         d.status(zamsMeanStdDev_64f(g.data(), len, &m, &r)); d.add(&r, 1); d.add(&m, 1);
         for (int sf : {-5, 0, 3}) {
-            Zam16s s16, t16;
-            Zam32s s32, t32;
-            Zam16sc c16;
-            Zam32sc c32;
+            Zam16s s16 = 0, t16 = 0;
+            Zam32s s32 = 0, t32 = 0;
+            Zam16sc c16{};
+            Zam32sc c32{};
             d.status(zamsSum_16s_Sfs(a.data(), len, &s16, sf)); d.add(&s16, 1);
             d.status(zamsSum_16s32s_Sfs(a.data(), len, &s32, sf)); d.add(&s32, 1);
             d.status(zamsSum_16sc_Sfs(ac.data(), len, &c16, sf)); d.add(&c16, 1);
