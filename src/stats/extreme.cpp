@@ -90,10 +90,15 @@ template <bool Max, class T> int extreme_index(const T* x, int n) {
 template <bool Max, class T> zamStatus extreme(const T* src, int len, T* dst, int* idx, bool need_idx) {
     if (zamStatus s = need_idx ? check_ptr(src, dst, idx) : check_ptr(src, dst)) return s;
     if (len < 1) return zamStatusBadLength;
-    if (std::is_floating_point_v<T> || idx) {
+    if (idx) {
         int k = extreme_index<Max>(src, len);
         *dst = src[k];
-        if (idx) *idx = k;
+        *idx = k;
+    } else if constexpr (std::is_floating_point_v<T>) {
+        // The value alone: the first equal element is needed only to give a
+        // zero the sign of its first occurrence (and a leading NaN).
+        T m = len < 34 || src[0] != src[0] ? src[scan<Max>(src, len)] : reduce<Max>(src, len);
+        *dst = m == 0 ? src[find_equal(src, len, m)] : m;
     } else {
         *dst = reduce<Max>(src, len);
     }
