@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "../common/round.h"
 #include "../common/scale.h"
 #include "../common/types.h"
 
@@ -89,20 +90,6 @@ template <class T> T scale_wide(I128 v, int sf) {
     if (above || (tie && (q.lo & 1))) q += int64_t(1);
     if (!q.fits64()) return q.negative() ? L::min : L::max;
     return saturate<T>(int64_t(q.lo));
-}
-
-// Round to nearest, ties to even, independent of the caller's rounding mode.
-inline double round_even(double v) {
-    return _mm_cvtsd_f64(_mm_round_sd(_mm_setzero_pd(), _mm_set_sd(v), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
-}
-
-// 2^k as a double, k clamped to the normal range.
-inline double pow2(int k) {
-    k = k < -1022 ? -1022 : (k > 1023 ? 1023 : k);
-    uint64_t b = uint64_t(k + 1023) << 52;
-    double d;
-    __builtin_memcpy(&d, &b, 8);
-    return d;
 }
 
 // A double rounded to nearest even and saturated to the integer type T.

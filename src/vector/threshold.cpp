@@ -6,6 +6,7 @@
 
 #include "../common/check.h"
 #include "../common/loop.h"
+#include "../common/round.h"
 #include "../common/types.h"
 #include "../core/parallel.h"
 
@@ -112,10 +113,7 @@ template <class C> inline auto norm2(const C& x) {
     return W(x.re) * W(x.re) + W(x.im) * W(x.im);
 }
 
-inline Zam16s round_even_16s(double v) {
-    return static_cast<Zam16s>(_mm_cvtsd_si32(_mm_round_sd(_mm_setzero_pd(), _mm_set_sd(v),
-                                                           _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC)));
-}
+inline Zam16s round_even_16s(double v) { return static_cast<Zam16s>(round_even(v)); }
 
 template <class P> inline P from_double(double v) {
     if constexpr (std::is_same_v<P, Zam16s>) return round_even_16s(v);

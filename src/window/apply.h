@@ -10,25 +10,14 @@
 #include <algorithm>
 #include <type_traits>
 
+#include "../common/round.h"
 #include "../common/types.h"
 
 namespace zams::win {
 
-inline double round_even(double v) {
-    return _mm_cvtsd_f64(_mm_round_sd(_mm_setzero_pd(), _mm_set_sd(v), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
-}
-
 inline Zam16s to_16s(double v) {
     v = round_even(v);
     return static_cast<Zam16s>(v > 32767.0 ? 32767 : (v < -32768.0 ? -32768 : int(v)));
-}
-
-// 2^k for -1022 <= k <= 1023, from the bits.
-inline double pow2i(int k) {
-    uint64_t b = uint64_t(k + 1023) << 52;
-    double d;
-    __builtin_memcpy(&d, &b, 8);
-    return d;
 }
 
 // One element times w, in the element's type; `scale` is 2^-sf for the
@@ -44,7 +33,7 @@ template <class T> inline T mul(const T& x, double w, double scale) {
 
 // gen(first, count, out) writes w(first) .. w(first + count - 1).
 template <class T, class Gen> void apply(const T* src, T* dst, int len, Gen&& gen, double scale = 1.0) {
-    constexpr int B = 64;
+    constexpr int B = 256;
     double w[B];
     const int half = (len + 1) / 2;  // coefficients needed; the middle one of an odd length once
     for (int n0 = 0; n0 < half; n0 += B) {

@@ -67,7 +67,7 @@ template <Win W, class T> zamStatus cosine_window(const T* src, T* dst, int len,
             three_points(src, dst);
             return zamStatusOk;
         }
-        const int period = sizeof(part_or_self<T>) == 8 ? 4 : 32;
+        const int period = sizeof(part_or_self<T>) == 8 ? 4 : 256;
         CosWalk c1(1, M, period), c2(2, M, period);
         const double a0 = (alpha + 1) * 0.5, a2 = alpha * 0.5;
         apply(src, dst, len, [&](int n0, int cnt, double* w) {
@@ -110,7 +110,7 @@ inline float opt_alpha(int len) {
 // products by 2^-scaleFactor, rounding once.
 template <class T> zamStatus blackman_q15(const T* s, T* d, int n, int aq15, int sf = 0) {
     sf = sf < -200 ? -200 : (sf > 200 ? 200 : sf);  // far beyond any 16-bit result either way
-    double scale = sf >= 0 ? 1.0 / pow2i(sf) : pow2i(-sf);
+    double scale = sf >= 0 ? 1.0 / pow2(sf) : pow2(-sf);
     return cosine_window<Win::Blackman>(s, d, n, aq15 * 3.0517578125e-5, scale);
 }
 

@@ -19,7 +19,7 @@ inline double exp_pos(double x) {
     // sum of r^i / i!, i = 0..13, as 1 + r (1 + r/2 (1 + r/3 (...))).
     double e = 1.0;
     for (int i = 13; i >= 1; --i) e = 1.0 + e * r / i;
-    return e * pow2i(static_cast<int>(k));
+    return e * pow2(static_cast<int>(k));
 }
 
 // I0 by the polynomial approximations of Abramowitz and Stegun 9.8.1 and
