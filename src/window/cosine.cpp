@@ -1,4 +1,6 @@
 // Bartlett, Hann, Hamming and Blackman windows.
+#include <immintrin.h>
+
 #include <cstring>
 
 #include "../common/check.h"
@@ -8,39 +10,36 @@
 namespace zams::win {
 namespace {
 
-// cos(2 pi k n / M) for successive n by the two-term recurrence
-// c(n+1) = 2 cos(2 pi k / M) c(n) - c(n-1). Its error grows with the square
-// of the steps taken, so the walk starts again from exact values every
-// `period` steps: often enough for double results, less often for the
-// narrower types.
-struct CosWalk {
-    long long k, M;
-    int period, left = 0;
-    long long n = 0;
-    double twice_c1, prev, cur;
-    CosWalk(int k_, int M_, int period_) : k(k_), M(M_), period(period_) { twice_c1 = 2.0 * cosine(1); }
-    double cosine(long long n) const {
+// cos(2 pi k n / M) for n = n0 .. n0 + cnt - 1 by the two-term recurrence
+// c(n + 4) = 2 cos(8 pi k / M) c(n) - c(n - 4), four interleaved walks in
+// one vector so that the recurrence's latency is paid once per four values.
+// Its error grows with the square of the steps taken, so the walks start
+// again from exact values every `period` steps: often for double results,
+// rarely for the narrower types.
+void cosines(long long k, long long M, int n0, int cnt, int period, double* out) {
+    auto cosine = [&](long long n) {
         double s, c;
         sincospi_ratio(2 * k * n, M, &s, &c);
         return c;
-    }
-    void seek(long long at) {
-        n = at;
-        left = 0;
-    }
-    double next() {
-        if (left-- == 0) {
-            prev = cosine(n - 1);
-            cur = cosine(n);
-            left = period - 1;
+    };
+    const __m256d twice_c4 = _mm256_set1_pd(2.0 * cosine(4));
+    for (int i = 0; i < cnt; i += 4 * period) {
+        long long n = n0 + i;
+        __m256d prev = _mm256_setr_pd(cosine(n - 4), cosine(n - 3), cosine(n - 2), cosine(n - 1));
+        __m256d cur = _mm256_setr_pd(cosine(n), cosine(n + 1), cosine(n + 2), cosine(n + 3));
+        int end = cnt < i + 4 * period ? cnt : i + 4 * period;
+        int j = i;
+        for (; j + 4 <= end; j += 4) {
+            _mm256_storeu_pd(out + j, cur);
+            __m256d next = _mm256_sub_pd(_mm256_mul_pd(twice_c4, cur), prev);
+            prev = cur;
+            cur = next;
         }
-        ++n;
-        double c = cur;
-        cur = twice_c1 * cur - prev;
-        prev = c;
-        return c;
+        double rest[4];
+        _mm256_storeu_pd(rest, cur);
+        for (int r = 0; j < end; ++j, ++r) out[j] = rest[r];
     }
-};
+}
 
 template <class T> using part_or_self = std::conditional_t<is_complex_v<T>, part_t<T>, T>;
 
@@ -67,17 +66,16 @@ template <Win W, class T> zamStatus cosine_window(const T* src, T* dst, int len,
             three_points(src, dst);
             return zamStatusOk;
         }
-        const int period = sizeof(part_or_self<T>) == 8 ? 4 : 256;
-        CosWalk c1(1, M, period), c2(2, M, period);
+        const int period = sizeof(part_or_self<T>) == 8 ? 2 : 64;
         const double a0 = (alpha + 1) * 0.5, a2 = alpha * 0.5;
+        double c1[kBlock], c2[kBlock];
         apply(src, dst, len, [&](int n0, int cnt, double* w) {
-            c1.seek(n0);
-            if constexpr (W == Win::Blackman) c2.seek(n0);
+            cosines(1, M, n0, cnt, period, c1);
+            if constexpr (W == Win::Blackman) cosines(2, M, n0, cnt, period, c2);
             for (int i = 0; i < cnt; ++i) {
-                double c = c1.next();
-                if constexpr (W == Win::Hann) w[i] = 0.5 - 0.5 * c;
-                if constexpr (W == Win::Hamming) w[i] = 0.54 - 0.46 * c;
-                if constexpr (W == Win::Blackman) w[i] = a0 - 0.5 * c - a2 * c2.next();
+                if constexpr (W == Win::Hann) w[i] = 0.5 - 0.5 * c1[i];
+                if constexpr (W == Win::Hamming) w[i] = 0.54 - 0.46 * c1[i];
+                if constexpr (W == Win::Blackman) w[i] = a0 - 0.5 * c1[i] - a2 * c2[i];
             }
         }, scale);
     }
