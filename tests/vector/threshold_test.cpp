@@ -1,0 +1,434 @@
+// Thresholding, against scalar models element by element.
+#include <cmath>
+#include <limits>
+
+#include "digest.h"
+#include "sweep.h"
+#include "zamcore.h"
+
+namespace {
+
+using LD = long double;
+
+// Pools for the sweeps: random values with many elements equal to the
+// levels used below (equality never replaces) and, for floats, NaN and
+// signed zeros.
+template <class T> std::vector<T> pool(uint32_t seed, T level) {
+    std::vector<T> v;
+    if constexpr (std::is_integral_v<T>) v = zt::random_ints<T>(320, seed);
+    else v = zt::random_reals<T>(320, seed, T(-50), T(50));
+    for (size_t i = 0; i < v.size(); i += 7) v[i] = level;
+    for (size_t i = 3; i < v.size(); i += 11) v[i] = T(-level);
+    if constexpr (std::is_floating_point_v<T>) {
+        for (size_t i = 5; i < v.size(); i += 13) v[i] = std::numeric_limits<T>::quiet_NaN();
+        v[2] = T(-0.0);
+    }
+    return v;
+}
+
+template <class C> std::vector<C> cpool(uint32_t seed, double level) {
+    using P = decltype(C{}.re);
+    std::vector<C> v(320);
+    std::mt19937 g(seed);
+    std::uniform_real_distribution<double> d(-60, 60);
+    for (auto& x : v) x = C{P(d(g)), P(d(g))};
+    for (size_t i = 0; i < v.size(); i += 9) v[i] = C{P(0), P(0)};
+    for (size_t i = 4; i < v.size(); i += 10) v[i] = C{P(level), P(0)};  // on the level
+    v[1] = C{P(3 * level / 5), P(4 * level / 5)};
+    return v;
+}
+
+constexpr zt::SweepOptions kShort{70, true, 1};
+constexpr zt::SweepOptions kFull{300, true, 1};
+
+template <class T> bool same_or_nan(T a, T b) {
+    if constexpr (std::is_floating_point_v<T>) return zt::bits(a) == zt::bits(b) || (std::isnan(a) && std::isnan(b));
+    else return a == b;
+}
+struct SameOrNan {
+    template <class T> bool operator()(T a, T b) const { return same_or_nan(a, b); }
+};
+
+// Each real kind over every type, against its one-line model.
+template <class T, class... Fn> void real_kinds(T level, uint32_t seed, zt::SweepOptions o, Fn... fns) {
+    auto data = pool<T>(seed, level);
+    (fns(data, o), ...);
+}
+
+template <class T> T sgn_level(T x, T level) {
+    if constexpr (std::is_floating_point_v<T>) return std::signbit(x) ? T(-level) : level;
+    else return x < 0 ? T(-level) : level;
+}
+template <class T> LD absl(T x) { return x < 0 ? -LD(x) : LD(x); }
+
+#define REAL_SUITE(T, lvl, val, opts)                                                                          \
+    TEST(ThresholdReal, T##_AllKindsMatchModel) {                                                               \
+        using X = Zam##T;                                                                                        \
+        const X L = lvl, V = val;                                                                                \
+        auto data = pool<X>(41, L);                                                                              \
+        auto lt = [=](X x) { return x < L ? L : x; };                                                             \
+        auto gt = [=](X x) { return x > L ? L : x; };                                                             \
+        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LT_##T(s, d, n, L); }, lt, data, opts, SameOrNan{}); \
+        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_GT_##T(s, d, n, L); }, gt, data, opts, SameOrNan{}); \
+        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LTAbs_##T(s, d, n, L); },        \
+                              [=](X x) { return absl(x) < LD(L) ? sgn_level(x, L) : x; }, data, kShort, SameOrNan{}); \
+        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_GTAbs_##T(s, d, n, L); },        \
+                              [=](X x) { return absl(x) > LD(L) ? sgn_level(x, L) : x; }, data, kShort, SameOrNan{}); \
+        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LTValGTVal_##T(s, d, n, X(-L), V, L, X(-V)); }, \
+                              [=](X x) { return x < X(-L) ? V : (x > L ? X(-V) : x); }, data, kShort, SameOrNan{}); \
+        X buf[3] = {X(L - 1), L, X(L + 1)};                                                                       \
+        ASSERT_EQ(zamsThreshold_LTAbs_##T##_I(buf, 3, L), zamStatusOk);                                          \
+        EXPECT_TRUE(buf[0] == L && buf[1] == L && buf[2] == X(L + 1));                                            \
+    }
+
+REAL_SUITE(16s, Zam16s(1000), Zam16s(-77), kShort)
+REAL_SUITE(32s, Zam32s(5), Zam32s(123456), kShort)
+REAL_SUITE(32f, 2.5f, -9.0f, kFull)
+REAL_SUITE(64f, 2.5, -9.0, kFull)
+
+// The kinds that exist for the real types that have a generic form and
+// replacement by value: 16s, 32f, 64f.
+#define REAL_VAL_SUITE(T, lvl, val)                                                                               \
+    TEST(ThresholdReal, T##_GenericAndValueKinds) {                                                               \
+        using X = Zam##T;                                                                                        \
+        const X L = lvl, V = val;                                                                                \
+        auto data = pool<X>(43, L);                                                                              \
+        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_##T(s, d, n, L, zamCmpLess); }, \
+                              [=](X x) { return x < L ? L : x; }, data, kShort, SameOrNan{});                      \
+        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_##T(s, d, n, L, zamCmpGreater); }, \
+                              [=](X x) { return x > L ? L : x; }, data, kShort, SameOrNan{});                      \
+        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LTVal_##T(s, d, n, L, V); },     \
+                              [=](X x) { return x < L ? V : x; }, data, kShort, SameOrNan{});                      \
+        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_GTVal_##T(s, d, n, L, V); },     \
+                              [=](X x) { return x > L ? V : x; }, data, kShort, SameOrNan{});                      \
+        /* each in-place export equals its out-of-place twin */                                                  \
+        std::vector<X> ref(60), io(data.begin(), data.begin() + 60);                                               \
+        ASSERT_EQ(zamsThreshold_##T(data.data(), ref.data(), 60, L, zamCmpGreater), zamStatusOk);                  \
+        ASSERT_EQ(zamsThreshold_##T##_I(io.data(), 60, L, zamCmpGreater), zamStatusOk);                            \
+        ASSERT_EQ(zamsThreshold_LTVal_##T(ref.data(), ref.data(), 60, X(0), V), zamStatusOk);                      \
+        ASSERT_EQ(zamsThreshold_LTVal_##T##_I(io.data(), 60, X(0), V), zamStatusOk);                               \
+        ASSERT_EQ(zamsThreshold_GTVal_##T(ref.data(), ref.data(), 60, X(1), X(-2)), zamStatusOk);                  \
+        ASSERT_EQ(zamsThreshold_GTVal_##T##_I(io.data(), 60, X(1), X(-2)), zamStatusOk);                           \
+        for (int i = 0; i < 60; ++i) EXPECT_TRUE(same_or_nan(io[i], ref[i]));                                    \
+        std::vector<X> io2(data.begin(), data.begin() + 60), r2(60), io3 = io2;                                    \
+        ASSERT_EQ(zamsThreshold_LT_##T##_I(io2.data(), 60, X(-5)), zamStatusOk);                                   \
+        ASSERT_EQ(zamsThreshold_GT_##T(io2.data(), r2.data(), 60, X(3)), zamStatusOk);                             \
+        ASSERT_EQ(zamsThreshold_GT_##T##_I(io2.data(), 60, X(3)), zamStatusOk);                                    \
+        ASSERT_EQ(zamsThreshold_GTAbs_##T(io3.data(), ref.data(), 60, X(2)), zamStatusOk);                         \
+        ASSERT_EQ(zamsThreshold_GTAbs_##T##_I(io3.data(), 60, X(2)), zamStatusOk);                                 \
+        for (int i = 0; i < 60; ++i) {                                                                            \
+            EXPECT_TRUE(same_or_nan(io2[i], r2[i]));                                                              \
+            EXPECT_TRUE(same_or_nan(io3[i], ref[i]));                                                             \
+        }                                                                                                         \
+        io3.assign(data.begin(), data.begin() + 60);                                                              \
+        ASSERT_EQ(zamsThreshold_LTValGTVal_##T(io3.data(), ref.data(), 60, X(-2), X(1), X(2), X(0)), zamStatusOk); \
+        ASSERT_EQ(zamsThreshold_LTValGTVal_##T##_I(io3.data(), 60, X(-2), X(1), X(2), X(0)), zamStatusOk);        \
+        for (int i = 0; i < 60; ++i) EXPECT_TRUE(same_or_nan(io3[i], ref[i]));                                    \
+    }
+
+REAL_VAL_SUITE(16s, Zam16s(-300), Zam16s(32767))
+REAL_VAL_SUITE(32f, -1.5f, 100.0f)
+REAL_VAL_SUITE(64f, -1.5, 100.0)
+
+TEST(ThresholdReal, DocumentedCases) {
+    Zam32s x[] = {4, 5, 6, 5, -7}, y[5];
+    ASSERT_EQ(zamsThreshold_LTValGTVal_32s(x, y, 5, 5, 0, 5, 9), zamStatusOk);
+    const Zam32s want[] = {0, 5, 9, 5, 0};
+    for (int i = 0; i < 5; ++i) EXPECT_EQ(y[i], want[i]);
+    // The most negative integers have no positive counterpart: their
+    // magnitude is still compared exactly.
+    Zam16s a[] = {-32768, 32767, -3};
+    ASSERT_EQ(zamsThreshold_GTAbs_16s_I(a, 3, 32767), zamStatusOk);
+    EXPECT_EQ(a[0], -32767);
+    EXPECT_EQ(a[2], -3);
+    Zam32s b[] = {INT32_MIN, 3};
+    ASSERT_EQ(zamsThreshold_LTAbs_32s_I(b, 2, INT32_MAX), zamStatusOk);
+    EXPECT_EQ(b[0], INT32_MIN);
+    EXPECT_EQ(b[1], INT32_MAX);
+    Zam32s m[] = {-9, 0, 9};
+    ASSERT_EQ(zamsThreshold_LT_32s_I(m, 3, -8), zamStatusOk);
+    ASSERT_EQ(zamsThreshold_GT_32s_I(m, 3, 8), zamStatusOk);
+    EXPECT_TRUE(m[0] == -8 && m[1] == 0 && m[2] == 8);
+    ASSERT_EQ(zamsThreshold_GTAbs_32s_I(m, 3, 7), zamStatusOk);
+    EXPECT_TRUE(m[0] == -7 && m[1] == 0 && m[2] == 7);
+    ASSERT_EQ(zamsThreshold_LTValGTVal_32s_I(m, 3, 0, 1, 0, 2), zamStatusOk);
+    EXPECT_TRUE(m[0] == 1 && m[1] == 0 && m[2] == 2);
+    Zam16s n[] = {-5, 5};
+    EXPECT_EQ(zamsThreshold_16s_I(n, 2, -3, zamCmpGreater), zamStatusOk);  // real levels may be negative
+    EXPECT_EQ(n[1], -3);
+}
+
+// -------------------------------------------------------------- complex
+
+template <class C> struct CModel {
+    using P = decltype(C{}.re);
+    // Magnitude comparison and phase-keeping scaling in long double.
+    static C scaled(C x, LD level) {
+        LD n2 = LD(x.re) * x.re + LD(x.im) * x.im;
+        if (n2 == 0) return C{P(level), P(0)};
+        LD r = std::sqrt(n2);
+        return C{round(LD(x.re) * level / r), round(LD(x.im) * level / r)};
+    }
+    static P round(LD v) {
+        if constexpr (std::is_integral_v<P>) return P(std::nearbyint(v));
+        else return P(v);
+    }
+    static LD n2(C x) { return LD(x.re) * x.re + LD(x.im) * x.im; }
+};
+
+// Scaled elements may differ from the long double model by one step of the
+// part type (one unit for 16-bit parts, a few ulp for floats: the library
+// rounds a double quotient).
+template <class C> struct CloseComplex {
+    bool operator()(C a, C b) const {
+        using P = decltype(C{}.re);
+        auto near = [](P u, P v) {
+            if constexpr (std::is_integral_v<P>) return std::abs(int(u) - int(v)) <= 1;
+            else return std::fabs(LD(u) - LD(v)) <= 4 * std::numeric_limits<P>::epsilon() * (1 + std::fabs(LD(v)));
+        };
+        return near(a.re, b.re) && near(a.im, b.im);
+    }
+};
+
+#define COMPLEX_SUITE(T, P, lvl)                                                                                  \
+    TEST(ThresholdComplex, T##_AllKindsMatchModel) {                                                             \
+        using C = Zam##T;                                                                                        \
+        using M = CModel<C>;                                                                                     \
+        const P L = lvl;                                                                                         \
+        const LD L2 = LD(L) * L;                                                                                 \
+        const C V{P(7), P(-8)};                                                                                  \
+        auto data = cpool<C>(47, L);                                                                             \
+        auto o = zt::SweepOptions{40, true, 3};                                                                  \
+        auto same = [](C a, C b) { return a.re == b.re && a.im == b.im; };                                       \
+        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_LT_##T(s, d, n, L); },          \
+                              [=](C x) { return M::n2(x) < L2 ? M::scaled(x, L) : x; }, data, o, CloseComplex<C>{}); \
+        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_GT_##T(s, d, n, L); },          \
+                              [=](C x) { return M::n2(x) > L2 ? M::scaled(x, L) : x; }, data, o, CloseComplex<C>{}); \
+        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_##T(s, d, n, L, zamCmpGreater); }, \
+                              [=](C x) { return M::n2(x) > L2 ? M::scaled(x, L) : x; }, data, o, CloseComplex<C>{}); \
+        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_LTVal_##T(s, d, n, L, V); },    \
+                              [=](C x) { return M::n2(x) < L2 ? V : x; }, data, o, same);                          \
+        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_GTVal_##T(s, d, n, L, V); },    \
+                              [=](C x) { return M::n2(x) > L2 ? V : x; }, data, o, same);                          \
+        C io[3] = {C{P(3), P(4)}, C{P(0), P(0)}, C{P(0), P(-1)}};                                                 \
+        ASSERT_EQ(zamsThreshold_##T##_I(io, 3, P(2), zamCmpLess), zamStatusOk);                                  \
+        ASSERT_EQ(zamsThreshold_LT_##T##_I(io, 3, P(2)), zamStatusOk);                                            \
+        ASSERT_EQ(zamsThreshold_GT_##T##_I(io, 3, P(5)), zamStatusOk);                                            \
+        ASSERT_EQ(zamsThreshold_GTVal_##T##_I(io, 3, P(4), C{P(1), P(1)}), zamStatusOk);                          \
+        ASSERT_EQ(zamsThreshold_LTVal_##T##_I(io, 3, P(1), C{P(9), P(9)}), zamStatusOk);                          \
+        EXPECT_TRUE(same(io[0], C{P(1), P(1)}) && same(io[1], C{P(2), P(0)}) && same(io[2], C{P(0), P(-2)}));    \
+    }
+
+COMPLEX_SUITE(16sc, Zam16s, 20)
+COMPLEX_SUITE(32fc, Zam32f, 20.5f)
+COMPLEX_SUITE(64fc, Zam64f, 20.0)
+
+TEST(ThresholdComplex, GreaterScalesToLevelKeepingPhase) {
+    Zam32fc x[] = {{3, 4}, {0.6f, 0.8f}}, y[2];
+    ASSERT_EQ(zamsThreshold_GT_32fc(x, y, 2, 1.0f), zamStatusOk);
+    EXPECT_FLOAT_EQ(y[0].re, 0.6f);
+    EXPECT_FLOAT_EQ(y[0].im, 0.8f);
+    Zam64fc z[] = {{3, 4}};
+    ASSERT_EQ(zamsThreshold_GT_64fc_I(z, 1, 1.0), zamStatusOk);
+    EXPECT_EQ(z[0].re, 0.6);
+    EXPECT_EQ(z[0].im, 0.8);
+    Zam16sc w[] = {{300, -400}, {-30000, 30000}};
+    ASSERT_EQ(zamsThreshold_GT_16sc_I(w, 2, 100), zamStatusOk);
+    EXPECT_EQ(w[0].re, 60);
+    EXPECT_EQ(w[0].im, -80);
+    EXPECT_EQ(w[1].re, -71);  // 100 / sqrt 2 = 70.71
+    EXPECT_EQ(w[1].im, 71);
+}
+
+// ------------------------------------------------------------- inverse
+
+template <class T> T inv_model(T x, T level) {
+    if (std::fabs(x) < level) return std::copysign(T(1) / level, x);
+    return T(1) / x;
+}
+
+TEST(ThresholdInv, RealMatchesModelAtEveryAlignment) {
+    auto f = pool<Zam32f>(51, 0.25f);
+    zt::sweep_unary<Zam32f, Zam32f>([](const Zam32f* s, Zam32f* d, int n) { return zamsThreshold_LTInv_32f(s, d, n, 0.25f); },
+                                    [](Zam32f x) { return inv_model(x, 0.25f); }, f, kShort, SameOrNan{});
+    auto g = pool<Zam64f>(52, 3.0);
+    zt::sweep_unary<Zam64f, Zam64f>([](const Zam64f* s, Zam64f* d, int n) { return zamsThreshold_LTInv_64f(s, d, n, 3.0); },
+                                    [](Zam64f x) { return inv_model(x, 3.0); }, g, kShort, SameOrNan{});
+}
+
+template <class C> void check_complex_inverse(C (*fn)(C), zamStatus (*lib)(const C*, C*, int, decltype(C{}.re)),
+                                              zamStatus (*lib_i)(C*, int, decltype(C{}.re))) {
+    (void)fn;
+    using P = decltype(C{}.re);
+    const P L = 4;
+    auto data = cpool<C>(53, 4.0);
+    std::vector<C> out(data.size());
+    ASSERT_EQ(lib(data.data(), out.data(), int(data.size()), L), zamStatusOk);
+    for (size_t i = 0; i < data.size(); ++i) {
+        C x = data[i];
+        LD n2 = LD(x.re) * x.re + LD(x.im) * x.im;
+        LD re, im;
+        if (n2 == 0) re = 1 / LD(L), im = 0;
+        else if (n2 < LD(L) * L) re = x.re / (std::sqrt(n2) * L), im = -x.im / (std::sqrt(n2) * L);
+        else re = x.re / n2, im = -x.im / n2;
+        ASSERT_TRUE(CloseComplex<C>{}(out[i], C{P(re), P(im)})) << i;
+    }
+    ASSERT_EQ(lib_i(data.data(), int(data.size()), L), zamStatusOk);
+    EXPECT_EQ(std::memcmp(data.data(), out.data(), out.size() * sizeof(C)), 0);
+}
+
+TEST(ThresholdInv, ComplexMatchesModel) {
+    check_complex_inverse<Zam32fc>(nullptr, zamsThreshold_LTInv_32fc, zamsThreshold_LTInv_32fc_I);
+    check_complex_inverse<Zam64fc>(nullptr, zamsThreshold_LTInv_64fc, zamsThreshold_LTInv_64fc_I);
+}
+
+// A zero element with level 0 warns 4 on the serial path and 6 on the
+// parallel one, wherever the zero lies, with one thread or two; the other
+// elements are all written.
+TEST(ThresholdInv, ZeroWarningsOnBothPaths) {
+    struct Case { int below, from; } const sizes[] = {{8191, 8192}, {2047, 2048}};
+    int saved = ownGetNumThreads();
+    for (int threads : {1, 2}) {
+        zamSetNumThreads(threads);
+        for (int len : {sizes[0].below, sizes[0].from, sizes[0].from + 1}) {
+            for (int where : {0, len / 2 + 1, len - 1}) {
+                std::vector<Zam32f> x(len, 2.0f), y(len, 9.0f);
+                x[where] = 0.0f;
+                zamStatus want = len < 8192 ? zamStatusWarnInvThreshZero : zamStatusWarnDivByZero;
+                ASSERT_EQ(zamsThreshold_LTInv_32f(x.data(), y.data(), len, 0.0f), want) << len << " " << where;
+                EXPECT_TRUE(std::isinf(y[where]));
+                EXPECT_EQ(y[len - 1 - (where == len - 1)], 0.5f);
+                EXPECT_EQ(zamsThreshold_LTInv_32f(x.data(), y.data(), len, 0.5f), zamStatusOk);
+                EXPECT_EQ(y[where], 2.0f);
+            }
+        }
+        for (int len : {2047, 2048}) {
+            std::vector<Zam64f> x(len, 2.0);
+            std::vector<Zam32fc> c(len, Zam32fc{2, 0});
+            x[len - 1] = 0.0;
+            c[len - 1] = Zam32fc{0, 0};
+            zamStatus want = len < 2048 ? zamStatusWarnInvThreshZero : zamStatusWarnDivByZero;
+            EXPECT_EQ(zamsThreshold_LTInv_64f_I(x.data(), len, 0.0), want);
+            EXPECT_EQ(zamsThreshold_LTInv_32fc_I(c.data(), len, 0.0f), want);
+            EXPECT_EQ(x[0], 0.5);
+            EXPECT_EQ(c[0].re, 0.5f);
+        }
+        for (int len : {511, 512}) {
+            std::vector<Zam64fc> c(len, Zam64fc{0, 4});
+            c[0] = Zam64fc{0, 0};
+            EXPECT_EQ(zamsThreshold_LTInv_64fc_I(c.data(), len, 0.0),
+                      len < 512 ? zamStatusWarnInvThreshZero : zamStatusWarnDivByZero);
+            EXPECT_EQ(c[len - 1].im, -0.25);
+        }
+    }
+    zamSetNumThreads(saved);
+}
+
+// ------------------------------------------------------------ checks
+
+TEST(ThresholdChecks, OrderAndNothingWritten) {
+    Zam16s s[2] = {1, 2}, d[2] = {7, 7};
+    Zam16sc cs[2] = {}, cd[2] = {{7, 7}, {7, 7}};
+    Zam32f f[2] = {1, 0}, g[2] = {7, 7};
+    EXPECT_EQ(zamsThreshold_16s(nullptr, d, 0, 0, zamCmpOp(2)), zamStatusNullPointer);
+    EXPECT_EQ(zamsThreshold_16s(s, d, 0, 0, zamCmpOp(2)), zamStatusBadLength);
+    EXPECT_EQ(zamsThreshold_16s(s, d, 2, 0, zamCmpOp(2)), zamStatusBadArgument);
+    EXPECT_EQ(zamsThreshold_16s(s, d, 2, -5, zamCmpLess), zamStatusOk);
+    d[0] = d[1] = 7;
+    EXPECT_EQ(zamsThreshold_16sc(cs, cd, 2, -1, zamCmpOp(1)), zamStatusBadArgument);
+    EXPECT_EQ(zamsThreshold_16sc(cs, cd, 2, -1, zamCmpLess), zamStatusBadThresholdLevel);
+    EXPECT_EQ(zamsThreshold_LTVal_16sc(cs, cd, 2, -1, Zam16sc{}), zamStatusBadThresholdLevel);
+    EXPECT_EQ(zamsThreshold_GTVal_16sc_I(nullptr, 2, -1, Zam16sc{}), zamStatusNullPointer);
+    EXPECT_EQ(zamsThreshold_LT_16sc(cs, cd, 2, -1), zamStatusBadThresholdLevel);
+    EXPECT_EQ(zamsThreshold_LTAbs_16s(s, d, 2, -1), zamStatusBadThresholdLevel);
+    EXPECT_EQ(zamsThreshold_GTAbs_32f(f, nullptr, -1, -1), zamStatusNullPointer);
+    EXPECT_EQ(zamsThreshold_GTAbs_32f(f, g, -1, -1), zamStatusBadLength);
+    EXPECT_EQ(zamsThreshold_LTInv_32f(f, g, 2, -1), zamStatusBadThresholdLevel);
+    EXPECT_EQ(zamsThreshold_LTValGTVal_16s(s, d, 2, 6, 0, 5, 0), zamStatusBadThresholdRange);
+    EXPECT_EQ(zamsThreshold_LTValGTVal_16s(s, nullptr, 2, 6, 0, 5, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsThreshold_LTValGTVal_64f_I(nullptr, 0, 6, 0, 5, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsThreshold_LT_32s_I(nullptr, 1, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsThreshold_GT_64fc(nullptr, nullptr, 0, -1), zamStatusNullPointer);
+    for (auto v : d) EXPECT_EQ(v, 7);
+    for (auto v : cd) EXPECT_EQ(v.re, 7);
+    for (auto v : g) EXPECT_EQ(v, 7);
+}
+
+// ------------------------------------------------------------ digests
+
+template <class T> std::vector<T> dpool(uint32_t seed) {
+    if constexpr (std::is_integral_v<T>) return zt::random_ints<T>(257, seed);
+    else return zt::random_reals<T>(257, seed, T(-9), T(9));
+}
+
+ZAMS_DIGEST(threshold_real) {
+    auto s16 = dpool<Zam16s>(1);
+    auto s32 = dpool<Zam32s>(2);
+    auto f32 = dpool<Zam32f>(3);
+    auto f64 = dpool<Zam64f>(4);
+    std::vector<Zam16s> a(257);
+    std::vector<Zam32s> b(257);
+    std::vector<Zam32f> c(257);
+    std::vector<Zam64f> e(257);
+    const int n = 257;
+    d.status(zamsThreshold_16s(s16.data(), a.data(), n, 100, zamCmpLess)); d.add(a);
+    d.status(zamsThreshold_LT_16s(s16.data(), a.data(), n, -100)); d.add(a);
+    d.status(zamsThreshold_GT_16s(s16.data(), a.data(), n, 100)); d.add(a);
+    d.status(zamsThreshold_LTAbs_16s(s16.data(), a.data(), n, 100)); d.add(a);
+    d.status(zamsThreshold_GTAbs_16s(s16.data(), a.data(), n, 100)); d.add(a);
+    d.status(zamsThreshold_LTVal_16s(s16.data(), a.data(), n, 0, 3)); d.add(a);
+    d.status(zamsThreshold_GTVal_16s(s16.data(), a.data(), n, 0, 3)); d.add(a);
+    d.status(zamsThreshold_LTValGTVal_16s(s16.data(), a.data(), n, -9, 1, 9, 2)); d.add(a);
+    d.status(zamsThreshold_LT_32s(s32.data(), b.data(), n, 100)); d.add(b);
+    d.status(zamsThreshold_GT_32s(s32.data(), b.data(), n, 100)); d.add(b);
+    d.status(zamsThreshold_LTAbs_32s(s32.data(), b.data(), n, 100)); d.add(b);
+    d.status(zamsThreshold_GTAbs_32s(s32.data(), b.data(), n, 100)); d.add(b);
+    d.status(zamsThreshold_LTValGTVal_32s(s32.data(), b.data(), n, -9, 1, 9, 2)); d.add(b);
+    d.status(zamsThreshold_32f(f32.data(), c.data(), n, 1, zamCmpGreater)); d.add(c);
+    d.status(zamsThreshold_LT_32f(f32.data(), c.data(), n, 1)); d.add(c);
+    d.status(zamsThreshold_GT_32f(f32.data(), c.data(), n, 1)); d.add(c);
+    d.status(zamsThreshold_LTAbs_32f(f32.data(), c.data(), n, 1)); d.add(c);
+    d.status(zamsThreshold_GTAbs_32f(f32.data(), c.data(), n, 1)); d.add(c);
+    d.status(zamsThreshold_LTVal_32f(f32.data(), c.data(), n, 1, 5)); d.add(c);
+    d.status(zamsThreshold_GTVal_32f(f32.data(), c.data(), n, 1, 5)); d.add(c);
+    d.status(zamsThreshold_LTValGTVal_32f(f32.data(), c.data(), n, -1, 5, 1, 6)); d.add(c);
+    d.status(zamsThreshold_LTInv_32f(f32.data(), c.data(), n, 0.5f)); d.add(c);
+    d.status(zamsThreshold_64f(f64.data(), e.data(), n, 1, zamCmpLess)); d.add(e);
+    d.status(zamsThreshold_LT_64f(f64.data(), e.data(), n, 1)); d.add(e);
+    d.status(zamsThreshold_GT_64f(f64.data(), e.data(), n, 1)); d.add(e);
+    d.status(zamsThreshold_LTAbs_64f(f64.data(), e.data(), n, 1)); d.add(e);
+    d.status(zamsThreshold_GTAbs_64f(f64.data(), e.data(), n, 1)); d.add(e);
+    d.status(zamsThreshold_LTVal_64f(f64.data(), e.data(), n, 1, 5)); d.add(e);
+    d.status(zamsThreshold_GTVal_64f(f64.data(), e.data(), n, 1, 5)); d.add(e);
+    d.status(zamsThreshold_LTValGTVal_64f(f64.data(), e.data(), n, -1, 5, 1, 6)); d.add(e);
+    d.status(zamsThreshold_LTInv_64f(f64.data(), e.data(), n, 0.5)); d.add(e);
+}
+
+ZAMS_DIGEST(threshold_complex) {
+    auto a = cpool<Zam16sc>(5, 20);
+    auto b = cpool<Zam32fc>(6, 20);
+    auto c = cpool<Zam64fc>(7, 20);
+    std::vector<Zam16sc> x(a.size());
+    std::vector<Zam32fc> y(b.size());
+    std::vector<Zam64fc> z(c.size());
+    const int n = int(a.size());
+    d.status(zamsThreshold_16sc(a.data(), x.data(), n, 20, zamCmpLess)); d.add(x);
+    d.status(zamsThreshold_LT_16sc(a.data(), x.data(), n, 30)); d.add(x);
+    d.status(zamsThreshold_GT_16sc(a.data(), x.data(), n, 30)); d.add(x);
+    d.status(zamsThreshold_LTVal_16sc(a.data(), x.data(), n, 30, Zam16sc{1, 2})); d.add(x);
+    d.status(zamsThreshold_GTVal_16sc(a.data(), x.data(), n, 30, Zam16sc{1, 2})); d.add(x);
+    d.status(zamsThreshold_32fc(b.data(), y.data(), n, 20, zamCmpGreater)); d.add(y);
+    d.status(zamsThreshold_LT_32fc(b.data(), y.data(), n, 30)); d.add(y);
+    d.status(zamsThreshold_GT_32fc(b.data(), y.data(), n, 30)); d.add(y);
+    d.status(zamsThreshold_LTVal_32fc(b.data(), y.data(), n, 30, Zam32fc{1, 2})); d.add(y);
+    d.status(zamsThreshold_GTVal_32fc(b.data(), y.data(), n, 30, Zam32fc{1, 2})); d.add(y);
+    d.status(zamsThreshold_LTInv_32fc(b.data(), y.data(), n, 0)); d.add(y);
+    d.status(zamsThreshold_64fc(c.data(), z.data(), n, 20, zamCmpGreater)); d.add(z);
+    d.status(zamsThreshold_LT_64fc(c.data(), z.data(), n, 30)); d.add(z);
+    d.status(zamsThreshold_GT_64fc(c.data(), z.data(), n, 30)); d.add(z);
+    d.status(zamsThreshold_LTVal_64fc(c.data(), z.data(), n, 30, Zam64fc{1, 2})); d.add(z);
+    d.status(zamsThreshold_GTVal_64fc(c.data(), z.data(), n, 30, Zam64fc{1, 2})); d.add(z);
+    d.status(zamsThreshold_LTInv_64fc(c.data(), z.data(), n, 7)); d.add(z);
+}
+
+}  // namespace
