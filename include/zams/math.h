@@ -5,4 +5,41 @@
 /* |x| saturated: -32768 gives 32767. */
 ZAMSAPI zamStatus zamsAbs_16s(const Zam16s* pSrc, Zam16s* pDst, int len);
 
+/* Division. Div and Div_Round compute pSrc2[i] / pSrc1[i]: the first source
+   is the divisor. A zero divisor element gives the bound by the sign of the
+   dividend (0 for a zero dividend) and the warning 6. Integer quotients are
+   scaled by 2^-scaleFactor, rounded to nearest (ties to even) and saturated. */
+ZAMSAPI zamStatus zamsDiv_8u_Sfs(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_8u_ISfs(const Zam8u* pSrc, Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_16s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_16s_ISfs(const Zam16s* pSrc, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_16sc_Sfs(const Zam16sc* pSrc1, const Zam16sc* pSrc2, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_16sc_ISfs(const Zam16sc* pSrc, Zam16sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_32s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_32s_ISfs(const Zam32s* pSrc, Zam32s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_32s16s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam16s* pDst, int len, int scaleFactor);
+
+/* Division with a rounding mode: 0 toward zero, 1 nearest even, 2 half away
+   from zero; any other mode gives -213. */
+ZAMSAPI zamStatus zamsDiv_Round_8u_Sfs(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len, int rndMode, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_Round_8u_ISfs(const Zam8u* pSrc, Zam8u* pSrcDst, int len, int rndMode, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_Round_16s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len, int rndMode, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_Round_16s_ISfs(const Zam16s* pSrc, Zam16s* pSrcDst, int len, int rndMode, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_Round_16u_Sfs(const Zam16u* pSrc1, const Zam16u* pSrc2, Zam16u* pDst, int len, int rndMode, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_Round_16u_ISfs(const Zam16u* pSrc, Zam16u* pSrcDst, int len, int rndMode, int scaleFactor);
+
+/* Floating division: IEEE quotients, no warning for a zero divisor. */
+ZAMSAPI zamStatus zamsDiv_32f(const Zam32f* pSrc1, const Zam32f* pSrc2, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsDiv_32f_I(const Zam32f* pSrc, Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsDiv_64f(const Zam64f* pSrc1, const Zam64f* pSrc2, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsDiv_64f_I(const Zam64f* pSrc, Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsDiv_32fc(const Zam32fc* pSrc1, const Zam32fc* pSrc2, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsDiv_32fc_I(const Zam32fc* pSrc, Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsDiv_64fc(const Zam64fc* pSrc1, const Zam64fc* pSrc2, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsDiv_64fc_I(const Zam64fc* pSrc, Zam64fc* pSrcDst, int len);
+
+/* val / pSrc[i]. */
+ZAMSAPI zamStatus zamsDivCRev_32f(const Zam32f* pSrc, Zam32f val, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsDivCRev_32f_I(Zam32f val, Zam32f* pSrcDst, int len);
+
 #endif
