@@ -42,4 +42,29 @@ ZAMSAPI zamStatus zamsDiv_64fc_I(const Zam64fc* pSrc, Zam64fc* pSrcDst, int len)
 ZAMSAPI zamStatus zamsDivCRev_32f(const Zam32f* pSrc, Zam32f val, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsDivCRev_32f_I(Zam32f val, Zam32f* pSrcDst, int len);
 
+/* Square root. Floating forms follow IEEE (a negative element gives NaN);
+   complex forms give the principal root. Integer forms give sqrt(x) scaled
+   by 2^-scaleFactor, rounded to nearest (ties to even) and saturated; a
+   negative element of a signed real type gives 0 and the warning 3. */
+ZAMSAPI zamStatus zamsSqrt_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsSqrt_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqrt_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsSqrt_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqrt_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsSqrt_32fc_I(Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqrt_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsSqrt_64fc_I(Zam64fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqrt_8u_Sfs(const Zam8u* pSrc, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_8u_ISfs(Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16s_ISfs(Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16u_Sfs(const Zam16u* pSrc, Zam16u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16u_ISfs(Zam16u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16sc_Sfs(const Zam16sc* pSrc, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16sc_ISfs(Zam16sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_32s16s_Sfs(const Zam32s* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_64s16s_Sfs(const Zam64s* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_64s_Sfs(const Zam64s* pSrc, Zam64s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_64s_ISfs(Zam64s* pSrcDst, int len, int scaleFactor);
+
 #endif
