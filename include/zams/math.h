@@ -38,7 +38,21 @@ ZAMSAPI zamStatus zamsDiv_32fc_I(const Zam32fc* pSrc, Zam32fc* pSrcDst, int len)
 ZAMSAPI zamStatus zamsDiv_64fc(const Zam64fc* pSrc1, const Zam64fc* pSrc2, Zam64fc* pDst, int len);
 ZAMSAPI zamStatus zamsDiv_64fc_I(const Zam64fc* pSrc, Zam64fc* pSrcDst, int len);
 
-/* val / pSrc[i]. */
+/* pSrc[i] / val. A zero constant gives -10 (after the pointer and length
+   checks); above the scale factors that can give a nonzero quotient the
+   destination is zeroed. */
+ZAMSAPI zamStatus zamsDivC_8u_Sfs(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_8u_ISfs(Zam8u val, Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_16s_Sfs(const Zam16s* pSrc, Zam16s val, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_16s_ISfs(Zam16s val, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_16sc_Sfs(const Zam16sc* pSrc, Zam16sc val, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_16sc_ISfs(Zam16sc val, Zam16sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_64s_ISfs(Zam64s val, Zam64s* pSrcDst, int len, int scaleFactor);
+
+/* val / pSrc[i]. A zero element gives 65535 (0 for a zero val) and the
+   warning 6. */
+ZAMSAPI zamStatus zamsDivCRev_16u(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsDivCRev_16u_I(Zam16u val, Zam16u* pSrcDst, int len);
 ZAMSAPI zamStatus zamsDivCRev_32f(const Zam32f* pSrc, Zam32f val, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsDivCRev_32f_I(Zam32f val, Zam32f* pSrcDst, int len);
 
