@@ -81,4 +81,18 @@ ZAMSAPI zamStatus zamsSqrt_64s16s_Sfs(const Zam64s* pSrc, Zam16s* pDst, int len,
 ZAMSAPI zamStatus zamsSqrt_64s_Sfs(const Zam64s* pSrc, Zam64s* pDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zamsSqrt_64s_ISfs(Zam64s* pSrcDst, int len, int scaleFactor);
 
+/* Magnitude |re + i im|: floating forms within an ulp, an infinite part
+   giving +inf; integer forms round(|z| 2^-scaleFactor), ties to even,
+   saturated. PowerSpectr: re^2 + im^2 (single precision formed in double). */
+ZAMSAPI zamStatus zamsMagnitude_32fc(const Zam32fc* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsMagnitude_64fc(const Zam64fc* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsMagnitude_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsMagnitude_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsMagnitude_16sc_Sfs(const Zam16sc* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMagnitude_16s_Sfs(const Zam16s* pSrcRe, const Zam16s* pSrcIm, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsPowerSpectr_32fc(const Zam32fc* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsPowerSpectr_64fc(const Zam64fc* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsPowerSpectr_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsPowerSpectr_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len);
+
 #endif
