@@ -81,6 +81,30 @@ ZAMSAPI zamStatus zamsSqrt_64s16s_Sfs(const Zam64s* pSrc, Zam16s* pDst, int len,
 ZAMSAPI zamStatus zamsSqrt_64s_Sfs(const Zam64s* pSrc, Zam64s* pDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zamsSqrt_64s_ISfs(Zam64s* pSrcDst, int len, int scaleFactor);
 
+/* Exp, Ln, Arctan of floating vectors, within one ulp; special values as
+   IEEE and C99 Annex F say, no warnings. */
+ZAMSAPI zamStatus zamsExp_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsExp_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsExp_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsExp_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLn_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsLn_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLn_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsLn_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsArctan_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsArctan_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsArctan_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsArctan_64f_I(Zam64f* pSrcDst, int len);
+
+/* Integer logarithms: round(ln(x) 2^-scaleFactor) and
+   round(10 log10(x) 2^-scaleFactor), ties to even, saturated. A
+   non-positive element gives the type's minimum; the first such element
+   decides the warning: 7 for zero, 8 for a negative number. */
+ZAMSAPI zamStatus zamsLn_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsLn_16s_ISfs(Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zams10Log10_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zams10Log10_32s_ISfs(Zam32s* pSrcDst, int len, int scaleFactor);
+
 /* Magnitude |re + i im|: floating forms within an ulp, an infinite part
    giving +inf; integer forms round(|z| 2^-scaleFactor), ties to even,
    saturated. PowerSpectr: re^2 + im^2 (single precision formed in double). */
