@@ -119,4 +119,15 @@ ZAMSAPI zamStatus zamsPowerSpectr_64fc(const Zam64fc* pSrc, Zam64f* pDst, int le
 ZAMSAPI zamStatus zamsPowerSpectr_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsPowerSpectr_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len);
 
+/* Phase atan2(im, re) in [-pi, pi] (single precision within an ulp, double
+   within two), and CartToPolar: magnitude and phase together. */
+ZAMSAPI zamStatus zamsPhase_32fc(const Zam32fc* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsPhase_64fc(const Zam64fc* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsPhase_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsPhase_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsCartToPolar_32fc(const Zam32fc* pSrc, Zam32f* pDstMagn, Zam32f* pDstPhase, int len);
+ZAMSAPI zamStatus zamsCartToPolar_64fc(const Zam64fc* pSrc, Zam64f* pDstMagn, Zam64f* pDstPhase, int len);
+ZAMSAPI zamStatus zamsCartToPolar_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDstMagn, Zam32f* pDstPhase, int len);
+ZAMSAPI zamStatus zamsCartToPolar_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDstMagn, Zam64f* pDstPhase, int len);
+
 #endif

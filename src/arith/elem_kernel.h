@@ -170,4 +170,46 @@ inline double atan(double x) {
     return hx < 0 ? -z : z;
 }
 
+// atan2(y, x): the angle of (x, y) in [-pi, pi], with the signed zeros and
+// infinities of C99 Annex F.
+inline double atan2(double y, double x) {
+    constexpr double pi = 3.1415926535897931160E+00, pi_lo = 1.2246467991473531772E-16,
+                     pi_o_2 = 1.5707963267948965580E+00, pi_o_4 = 7.8539816339744827900E-01;
+    if (x != x || y != y) return x + y;
+    int32_t hx = high(x), hy = high(y);
+    uint32_t ix = uint32_t(hx) & 0x7fffffff, iy = uint32_t(hy) & 0x7fffffff;
+    if (x == 1.0) return atan(y);
+    int m = ((hy >> 31) & 1) | ((hx >> 30) & 2);  // 2 sign(x) + sign(y)
+    if (y == 0) {
+        if (m < 2) return y;
+        return m == 2 ? pi : -pi;
+    }
+    if (x == 0) return hy < 0 ? -pi_o_2 : pi_o_2;
+    if (ix == 0x7ff00000) {
+        if (iy == 0x7ff00000) {
+            const double v[] = {pi_o_4, -pi_o_4, 3.0 * pi_o_4, -3.0 * pi_o_4};
+            return v[m];
+        }
+        const double v[] = {0.0, -0.0, pi, -pi};
+        return v[m];
+    }
+    if (iy == 0x7ff00000) return hy < 0 ? -pi_o_2 : pi_o_2;
+    int k = (int32_t(iy) - int32_t(ix)) >> 20;
+    double z;
+    if (k > 60) {  // |y / x| > 2^60
+        z = pi_o_2 + 0.5 * pi_lo;
+        m &= 1;
+    } else if (hx < 0 && k < -60) {  // |y| / x tiny, x < 0
+        z = 0.0;
+    } else {
+        z = atan(from_bits(bits(y / x) & 0x7fffffffffffffffull));
+    }
+    switch (m) {
+        case 0: return z;
+        case 1: return -z;
+        case 2: return pi - (z - pi_lo);
+        default: return (z - pi_lo) - pi;
+    }
+}
+
 }  // namespace zams::elem

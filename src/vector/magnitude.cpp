@@ -1,9 +1,11 @@
-// Complex measures: Magnitude and PowerSpectr of complex vectors, given
-// interleaved (32fc, 64fc, 16sc) or as separate real and imaginary parts.
+// Complex measures: Magnitude, Phase, CartToPolar and PowerSpectr of
+// complex vectors, given interleaved (32fc, 64fc, 16sc) or as separate real
+// and imaginary parts.
 #include <immintrin.h>
 
 #include <cstring>
 
+#include "../arith/elem_kernel.h"
 #include "../arith/sqrt_kernel.h"
 #include "../common/check.h"
 #include "../common/loop.h"
@@ -121,9 +123,67 @@ template <class F> zamStatus power_parts(const F* re, const F* im, F* dst, int l
     return zamStatusOk;
 }
 
+// Phase: atan2(im, re), single precision through double.
+
+template <class C, class F> zamStatus phase_c(const C* src, F* dst, int len) {
+    if (zamStatus s = check_args(len, src, dst)) return s;
+    for (int i = 0; i < len; ++i) dst[i] = F(elem::atan2(src[i].im, src[i].re));
+    return zamStatusOk;
+}
+
+template <class F> zamStatus phase_parts(const F* re, const F* im, F* dst, int len) {
+    if (zamStatus s = check_args(len, re, im, dst)) return s;
+    for (int i = 0; i < len; ++i) dst[i] = F(elem::atan2(im[i], re[i]));
+    return zamStatusOk;
+}
+
+inline Zam32f magnitude_of(Zam32f re, Zam32f im) { return hypot_f(re, im); }
+inline Zam64f magnitude_of(Zam64f re, Zam64f im) { return hypot_d(re, im); }
+
+template <class C, class F> zamStatus cart_to_polar_c(const C* src, F* mag, F* phase, int len) {
+    if (zamStatus s = check_args(len, src, mag, phase)) return s;
+    for (int i = 0; i < len; ++i) {
+        F re = src[i].re, im = src[i].im;  // read both before writing: outputs may overlay the source
+        mag[i] = magnitude_of(re, im);
+        phase[i] = F(elem::atan2(im, re));
+    }
+    return zamStatusOk;
+}
+
+template <class F> zamStatus cart_to_polar_parts(const F* re, const F* im, F* mag, F* phase, int len) {
+    if (zamStatus s = check_args(len, re, im, mag, phase)) return s;
+    for (int i = 0; i < len; ++i) {
+        F a = re[i], b = im[i];
+        mag[i] = magnitude_of(a, b);
+        phase[i] = F(elem::atan2(b, a));
+    }
+    return zamStatusOk;
+}
+
 }  // namespace
 
 }  // namespace zams
+
+ZAMS_FN(zamStatus, zamsPhase_32fc)(const Zam32fc* pSrc, Zam32f* pDst, int len) { return zams::phase_c(pSrc, pDst, len); }
+ZAMS_FN(zamStatus, zamsPhase_64fc)(const Zam64fc* pSrc, Zam64f* pDst, int len) { return zams::phase_c(pSrc, pDst, len); }
+ZAMS_FN(zamStatus, zamsPhase_32f)(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len) {
+    return zams::phase_parts(pSrcRe, pSrcIm, pDst, len);
+}
+ZAMS_FN(zamStatus, zamsPhase_64f)(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len) {
+    return zams::phase_parts(pSrcRe, pSrcIm, pDst, len);
+}
+ZAMS_FN(zamStatus, zamsCartToPolar_32fc)(const Zam32fc* pSrc, Zam32f* pDstMagn, Zam32f* pDstPhase, int len) {
+    return zams::cart_to_polar_c(pSrc, pDstMagn, pDstPhase, len);
+}
+ZAMS_FN(zamStatus, zamsCartToPolar_64fc)(const Zam64fc* pSrc, Zam64f* pDstMagn, Zam64f* pDstPhase, int len) {
+    return zams::cart_to_polar_c(pSrc, pDstMagn, pDstPhase, len);
+}
+ZAMS_FN(zamStatus, zamsCartToPolar_32f)(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDstMagn, Zam32f* pDstPhase, int len) {
+    return zams::cart_to_polar_parts(pSrcRe, pSrcIm, pDstMagn, pDstPhase, len);
+}
+ZAMS_FN(zamStatus, zamsCartToPolar_64f)(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDstMagn, Zam64f* pDstPhase, int len) {
+    return zams::cart_to_polar_parts(pSrcRe, pSrcIm, pDstMagn, pDstPhase, len);
+}
 
 ZAMS_FN(zamStatus, zamsMagnitude_32fc)(const Zam32fc* pSrc, Zam32f* pDst, int len) {
     return zams::magnitude_32fc(pSrc, pDst, len);

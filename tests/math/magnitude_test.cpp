@@ -4,6 +4,10 @@
 #include "digest.h"
 #include "math_util.h"
 
+#ifdef ZAMS_TEST_MPFR
+#include <mpfr.h>
+#endif
+
 namespace {
 
 long double mag_ld(long double a, long double b) { return std::sqrt(a * a + b * b); }
@@ -108,6 +112,97 @@ TEST(PowerSpectr, SumsOfSquares) {
     EXPECT_EQ(zamsPowerSpectr_32fc(x, y, -1), zamStatusBadLength);
 }
 
+#ifdef ZAMS_TEST_MPFR
+// Error of atan2 results in ulps of the exact angle (200-bit MPFR).
+template <class F> double atan2_ulps(F y, F x, F got) {
+    mpfr_t a, b, e, g;
+    mpfr_inits2(200, a, b, e, g, (mpfr_ptr)nullptr);
+    mpfr_set_d(a, double(y), MPFR_RNDN);
+    mpfr_set_d(b, double(x), MPFR_RNDN);
+    mpfr_atan2(e, a, b, MPFR_RNDN);
+    mpfr_set_d(g, double(got), MPFR_RNDN);
+    mpfr_sub(g, g, e, MPFR_RNDN);
+    mpfr_abs(g, g, MPFR_RNDN);
+    long ex = mpfr_zero_p(e) ? std::numeric_limits<F>::min_exponent : mpfr_get_exp(e);
+    if (ex < std::numeric_limits<F>::min_exponent) ex = std::numeric_limits<F>::min_exponent;
+    mpfr_mul_2si(g, g, -(ex - std::numeric_limits<F>::digits), MPFR_RNDN);
+    double out = mpfr_get_d(g, MPFR_RNDN);
+    mpfr_clears(a, b, e, g, (mpfr_ptr)nullptr);
+    return out;
+}
+
+TEST(Phase, WithinUlpsOfMpfr) {
+    auto p = zt::random_reals<Zam32f>(40000, 6, -10.0f, 10.0f);
+    for (int i = 0; i < 40000; i += 7) p[i] *= 1e-30f, p[i + 2] *= 1e25f;
+    std::vector<Zam32fc> x(20000);
+    std::vector<Zam32f> y(20000);
+    std::memcpy(x.data(), p.data(), sizeof(Zam32fc) * 20000);
+    ASSERT_EQ(zamsPhase_32fc(x.data(), y.data(), 20000), zamStatusOk);
+    double worst = 0;
+    for (int i = 0; i < 20000; ++i) worst = std::max(worst, atan2_ulps(x[i].im, x[i].re, y[i]));
+    EXPECT_LE(worst, 1.0);
+    EXPECT_GT(worst, 0.4);
+    std::vector<Zam64f> re(20000), im(20000), z(20000);
+    for (int i = 0; i < 20000; ++i) re[i] = double(p[2 * i]) * 1.1, im[i] = double(p[2 * i + 1]) / 3.0;
+    ASSERT_EQ(zamsPhase_64f(re.data(), im.data(), z.data(), 20000), zamStatusOk);
+    worst = 0;
+    for (int i = 0; i < 20000; ++i) worst = std::max(worst, atan2_ulps(im[i], re[i], z[i]));
+    EXPECT_LE(worst, 2.0);
+    EXPECT_GT(worst, 0.4);
+}
+#endif
+
+TEST(Phase, SpecialValuesAndCartToPolar) {
+    const double inf = INFINITY, pi = M_PI;
+    struct Case {
+        double re, im, want;
+    } cases[] = {
+        {1, 0.0, 0.0},       {1, -0.0, -0.0},    {-1, 0.0, pi},        {-1, -0.0, -pi},
+        {0.0, 0.0, 0.0},     {-0.0, 0.0, pi},    {-0.0, -0.0, -pi},    {0.0, 2, pi / 2},
+        {0.0, -2, -pi / 2},  {inf, inf, pi / 4}, {-inf, inf, 3 * pi / 4}, {-inf, -1, -pi},
+        {inf, -1, -0.0},     {3, inf, pi / 2},   {-1, 1, 3 * pi / 4},  {1, 1, pi / 4},
+    };
+    for (const Case& c : cases) {
+        Zam64fc x{c.re, c.im};
+        Zam64f y;
+        ASSERT_EQ(zamsPhase_64fc(&x, &y, 1), zamStatusOk);
+        EXPECT_EQ(zt::bits(y), zt::bits(c.want)) << c.re << " " << c.im;
+        Zam32f xr = Zam32f(c.re), xi = Zam32f(c.im), yf;
+        ASSERT_EQ(zamsPhase_32f(&xr, &xi, &yf, 1), zamStatusOk);
+        EXPECT_EQ(zt::bits(yf), zt::bits(Zam32f(c.want))) << c.re << " " << c.im;
+    }
+    Zam64fc n{NAN, 1};
+    Zam64f y;
+    zamsPhase_64fc(&n, &y, 1);
+    EXPECT_TRUE(std::isnan(y));
+
+    auto p = zt::random_reals<Zam32f>(600, 7);
+    std::vector<Zam32f> m(300), ph(300), m2(300), ph2(300);
+    auto* c = reinterpret_cast<const Zam32fc*>(p.data());
+    ASSERT_EQ(zamsCartToPolar_32fc(c, m.data(), ph.data(), 300), zamStatusOk);
+    zamsMagnitude_32fc(c, m2.data(), 300);
+    zamsPhase_32fc(c, ph2.data(), 300);
+    EXPECT_EQ(m, m2);
+    EXPECT_EQ(ph, ph2);
+    ASSERT_EQ(zamsCartToPolar_32f(p.data(), p.data() + 300, m.data(), ph.data(), 300), zamStatusOk);
+    zamsMagnitude_32f(p.data(), p.data() + 300, m2.data(), 300);
+    zamsPhase_32f(p.data(), p.data() + 300, ph2.data(), 300);
+    EXPECT_EQ(m, m2);
+    EXPECT_EQ(ph, ph2);
+    std::vector<Zam64f> pd(p.begin(), p.end()), md(300), phd(300), md2(300), phd2(300);
+    ASSERT_EQ(zamsCartToPolar_64fc(reinterpret_cast<Zam64fc*>(pd.data()), md.data(), phd.data(), 300), zamStatusOk);
+    zamsMagnitude_64fc(reinterpret_cast<Zam64fc*>(pd.data()), md2.data(), 300);
+    zamsPhase_64fc(reinterpret_cast<Zam64fc*>(pd.data()), phd2.data(), 300);
+    EXPECT_EQ(md, md2);
+    EXPECT_EQ(phd, phd2);
+    ASSERT_EQ(zamsCartToPolar_64f(pd.data(), pd.data() + 300, md.data(), phd.data(), 300), zamStatusOk);
+    zamsPhase_64f(pd.data(), pd.data() + 300, phd2.data(), 300);
+    EXPECT_EQ(phd, phd2);
+    EXPECT_EQ(zamsCartToPolar_32fc(c, m.data(), nullptr, 300), zamStatusNullPointer);
+    EXPECT_EQ(zamsCartToPolar_64f(pd.data(), pd.data(), md.data(), phd.data(), 0), zamStatusBadLength);
+    EXPECT_EQ(zamsPhase_32fc(c, nullptr, 3), zamStatusNullPointer);
+}
+
 TEST(MagnitudeParallel, SameResultsOnOneAndTwoThreads) {
     for (int len : {2047, 2048, 2049, 5001}) {
         auto p = zt::random_reals<Zam32f>(2 * size_t(len), 4);
@@ -145,6 +240,10 @@ ZAMS_DIGEST(magnitude) {
     d.status(zamsMagnitude_64f(pd.data(), pd.data() + 1000, yd.data(), 1000));
     d.add(yd);
     d.status(zamsPowerSpectr_64fc(reinterpret_cast<Zam64fc*>(pd.data()), yd.data(), 1000));
+    d.add(yd);
+    d.status(zamsPhase_32fc(reinterpret_cast<Zam32fc*>(p.data()), y.data(), 1000));
+    d.add(y);
+    d.status(zamsPhase_64f(pd.data(), pd.data() + 1000, yd.data(), 1000));
     d.add(yd);
     for (int sf : {-5, 0, 3}) {
         d.status(zamsMagnitude_16sc_Sfs(reinterpret_cast<Zam16sc*>(q.data()), z.data(), 1000, sf));
