@@ -2,8 +2,16 @@
 #ifndef ZAMS_MATH_H
 #define ZAMS_MATH_H
 
-/* |x| saturated: -32768 gives 32767. */
+/* |x| saturated: -32768 gives 32767 (-2^31 gives 2^31 - 1); floating forms
+   clear the sign bit. */
 ZAMSAPI zamStatus zamsAbs_16s(const Zam16s* pSrc, Zam16s* pDst, int len);
+ZAMSAPI zamStatus zamsAbs_16s_I(Zam16s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAbs_32s(const Zam32s* pSrc, Zam32s* pDst, int len);
+ZAMSAPI zamStatus zamsAbs_32s_I(Zam32s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAbs_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsAbs_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAbs_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsAbs_64f_I(Zam64f* pSrcDst, int len);
 
 /* Division. Div and Div_Round compute pSrc2[i] / pSrc1[i]: the first source
    is the divisor. A zero divisor element gives the bound by the sign of the
@@ -80,6 +88,30 @@ ZAMSAPI zamStatus zamsSqrt_32s16s_Sfs(const Zam32s* pSrc, Zam16s* pDst, int len,
 ZAMSAPI zamStatus zamsSqrt_64s16s_Sfs(const Zam64s* pSrc, Zam16s* pDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zamsSqrt_64s_Sfs(const Zam64s* pSrc, Zam64s* pDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zamsSqrt_64s_ISfs(Zam64s* pSrcDst, int len, int scaleFactor);
+
+/* Square. Integer forms: x^2 (complex: (a^2 - b^2, 2ab)) exactly, then
+   scaled by 2^-scaleFactor, rounded to nearest (ties to even), saturated. */
+ZAMSAPI zamStatus zamsSqr_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsSqr_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqr_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsSqr_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqr_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsSqr_32fc_I(Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqr_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsSqr_64fc_I(Zam64fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqr_8u_Sfs(const Zam8u* pSrc, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_8u_ISfs(Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16s_ISfs(Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16u_Sfs(const Zam16u* pSrc, Zam16u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16u_ISfs(Zam16u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16sc_Sfs(const Zam16sc* pSrc, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16sc_ISfs(Zam16sc* pSrcDst, int len, int scaleFactor);
+
+/* Cube root, within one ulp; cbrt(-x) = -cbrt(x), zeros and infinities
+   keep their sign. */
+ZAMSAPI zamStatus zamsCubrt_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsCubrt_32f_I(Zam32f* pSrcDst, int len);
 
 /* Exp, Ln, Arctan of floating vectors, within one ulp; special values as
    IEEE and C99 Annex F say, no warnings. */
