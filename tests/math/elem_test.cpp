@@ -147,6 +147,26 @@ TEST(Elementary, InPlaceAndAlignment) {
     EXPECT_EQ(io[0], x[0]);
 }
 
+// Vector groups, scalar steps and groups holding an argument outside the
+// vector reduction (NaN, infinities, extremes, non-positive) all agree with
+// the one-element call.
+TEST(Elementary, VectorAndScalarStepsAgree) {
+    auto x = zt::random_reals<Zam32f>(400, 16, -120.0f, 120.0f);
+    const Zam32f odd[] = {NAN, INFINITY, -INFINITY, 0.0f, -0.0f, -1.0f, 1e-45f, 3e38f, 89.0f, -104.0f};
+    for (int i = 0; i < 400; i += 9) x[size_t(i)] = odd[(i / 9) % 10];
+    for (auto fn : {zamsExp_32f, zamsLn_32f, zamsArctan_32f}) {
+        for (int off = 0; off < 5; ++off) {
+            std::vector<Zam32f> y(400);
+            ASSERT_EQ(fn(x.data() + off, y.data() + off, 400 - off), zamStatusOk);
+            for (int i = off; i < 400; ++i) {
+                Zam32f one;
+                fn(&x[size_t(i)], &one, 1);
+                ASSERT_EQ(zt::bits(y[size_t(i)]), zt::bits(one)) << x[size_t(i)] << " at " << i;
+            }
+        }
+    }
+}
+
 // Ln_16s over every source and scale factor against long double.
 TEST(IntegerLog, Ln16sEverySourceEveryScale) {
     std::vector<Zam16s> x(65536), y(65536);
