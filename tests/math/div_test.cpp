@@ -103,7 +103,8 @@ TEST(Div, ChecksInOrder) {
 TEST(Div8u, EveryPairEveryScale) {
     std::vector<Zam8u> div(65536), num(65536);
     for (int i = 0; i < 65536; ++i) div[i] = Zam8u(i >> 8), num[i] = Zam8u(i);
-    for (int sf = -17; sf <= 10; ++sf) {
+    const int sf_step = sizeof(void*) == 8 ? 1 : 3;  // lighter under emulation
+    for (int sf = -17; sf <= 10; sf += sf_step) {
         auto model = [sf](Zam8u n, Zam8u d) { return ref_div<Zam8u>(n, d, sf, {-15, 8}); };
         check_pools<Zam8u, Zam8u>([sf](const Zam8u* d, const Zam8u* n, Zam8u* y, int len) {
             return zamsDiv_8u_Sfs(d, n, y, len, sf);
