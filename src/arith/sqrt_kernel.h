@@ -15,8 +15,9 @@ inline uint64_t isqrt64(uint64_t y) {
     // y to within 8 through two 32-bit conversions
     double approx = double(int32_t(y >> 34)) * 17179869184.0 + double(int32_t((y >> 3) & 0x7fffffff)) * 8.0;
     double e = _mm_cvtsd_f64(_mm_sqrt_sd(_mm_setzero_pd(), _mm_set_sd(approx)));
-    uint64_t r = e >= 2147483647.0 ? uint64_t(int32_t(e * 0.5)) * 2 : uint64_t(int32_t(e));
-    if (r > 4294967295u) r = 4294967295u;
+    uint64_t r = e >= 4294967295.0   ? 4294967295u
+                 : e >= 2147483647.0 ? uint64_t(int32_t(e * 0.5)) * 2
+                                     : uint64_t(int32_t(e));
     while (r * r > y) --r;
     while (r < 4294967295u && (r + 1) * (r + 1) <= y) ++r;
     return r;
