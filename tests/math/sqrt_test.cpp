@@ -119,11 +119,11 @@ TEST(SqrtInt, Wide32And64BitSources) {
                 continue;
             }
             W a = (W(uint64_t(v[i])) * 4) << (2 * up);
-            auto sq = [&](int64_t k) { return (W(uint64_t(k)) * W(uint64_t(k))) << (2 * dn); };
-            W hi = sq(2 * m + 1);
+            auto sq = [&](uint64_t k) { return (W(k) * W(k)) << (2 * dn); };
+            W hi = sq(2 * uint64_t(m) + 1);
             ASSERT_TRUE(a < hi || (a == hi && m % 2 == 0)) << v[i] << " sf " << sf << " got " << m;
             if (m > 0) {
-                W lo = sq(2 * m - 1);
+                W lo = sq(2 * uint64_t(m) - 1);
                 ASSERT_TRUE(a > lo || (a == lo && m % 2 == 0)) << v[i] << " sf " << sf << " got " << m;
             }
             ASSERT_EQ(y16[i], mt::clamp_to<Zam16s>(m)) << v[i] << " sf " << sf;
