@@ -2,7 +2,164 @@
 #ifndef ZAMS_MATH_H
 #define ZAMS_MATH_H
 
-/* |x| saturated: -32768 gives 32767. */
+/* |x| saturated: -32768 gives 32767 (-2^31 gives 2^31 - 1); floating forms
+   clear the sign bit. */
 ZAMSAPI zamStatus zamsAbs_16s(const Zam16s* pSrc, Zam16s* pDst, int len);
+ZAMSAPI zamStatus zamsAbs_16s_I(Zam16s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAbs_32s(const Zam32s* pSrc, Zam32s* pDst, int len);
+ZAMSAPI zamStatus zamsAbs_32s_I(Zam32s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAbs_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsAbs_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAbs_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsAbs_64f_I(Zam64f* pSrcDst, int len);
+
+/* Division. Div and Div_Round compute pSrc2[i] / pSrc1[i]: the first source
+   is the divisor. A zero divisor element gives the bound by the sign of the
+   dividend (0 for a zero dividend) and the warning 6. Integer quotients are
+   scaled by 2^-scaleFactor, rounded to nearest (ties to even) and saturated. */
+ZAMSAPI zamStatus zamsDiv_8u_Sfs(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_8u_ISfs(const Zam8u* pSrc, Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_16s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_16s_ISfs(const Zam16s* pSrc, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_16sc_Sfs(const Zam16sc* pSrc1, const Zam16sc* pSrc2, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_16sc_ISfs(const Zam16sc* pSrc, Zam16sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_32s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_32s_ISfs(const Zam32s* pSrc, Zam32s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_32s16s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam16s* pDst, int len, int scaleFactor);
+
+/* Division with a rounding mode: 0 toward zero, 1 nearest even, 2 half away
+   from zero; any other mode gives -213. */
+ZAMSAPI zamStatus zamsDiv_Round_8u_Sfs(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len, int rndMode, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_Round_8u_ISfs(const Zam8u* pSrc, Zam8u* pSrcDst, int len, int rndMode, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_Round_16s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len, int rndMode, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_Round_16s_ISfs(const Zam16s* pSrc, Zam16s* pSrcDst, int len, int rndMode, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_Round_16u_Sfs(const Zam16u* pSrc1, const Zam16u* pSrc2, Zam16u* pDst, int len, int rndMode, int scaleFactor);
+ZAMSAPI zamStatus zamsDiv_Round_16u_ISfs(const Zam16u* pSrc, Zam16u* pSrcDst, int len, int rndMode, int scaleFactor);
+
+/* Floating division: IEEE quotients, no warning for a zero divisor. */
+ZAMSAPI zamStatus zamsDiv_32f(const Zam32f* pSrc1, const Zam32f* pSrc2, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsDiv_32f_I(const Zam32f* pSrc, Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsDiv_64f(const Zam64f* pSrc1, const Zam64f* pSrc2, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsDiv_64f_I(const Zam64f* pSrc, Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsDiv_32fc(const Zam32fc* pSrc1, const Zam32fc* pSrc2, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsDiv_32fc_I(const Zam32fc* pSrc, Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsDiv_64fc(const Zam64fc* pSrc1, const Zam64fc* pSrc2, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsDiv_64fc_I(const Zam64fc* pSrc, Zam64fc* pSrcDst, int len);
+
+/* pSrc[i] / val. A zero constant gives -10 (after the pointer and length
+   checks); above the scale factors that can give a nonzero quotient the
+   destination is zeroed. */
+ZAMSAPI zamStatus zamsDivC_8u_Sfs(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_8u_ISfs(Zam8u val, Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_16s_Sfs(const Zam16s* pSrc, Zam16s val, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_16s_ISfs(Zam16s val, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_16sc_Sfs(const Zam16sc* pSrc, Zam16sc val, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_16sc_ISfs(Zam16sc val, Zam16sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsDivC_64s_ISfs(Zam64s val, Zam64s* pSrcDst, int len, int scaleFactor);
+
+/* val / pSrc[i]. A zero element gives 65535 (0 for a zero val) and the
+   warning 6. */
+ZAMSAPI zamStatus zamsDivCRev_16u(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsDivCRev_16u_I(Zam16u val, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsDivCRev_32f(const Zam32f* pSrc, Zam32f val, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsDivCRev_32f_I(Zam32f val, Zam32f* pSrcDst, int len);
+
+/* Square root. Floating forms follow IEEE (a negative element gives NaN);
+   complex forms give the principal root. Integer forms give sqrt(x) scaled
+   by 2^-scaleFactor, rounded to nearest (ties to even) and saturated; a
+   negative element of a signed real type gives 0 and the warning 3. */
+ZAMSAPI zamStatus zamsSqrt_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsSqrt_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqrt_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsSqrt_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqrt_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsSqrt_32fc_I(Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqrt_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsSqrt_64fc_I(Zam64fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqrt_8u_Sfs(const Zam8u* pSrc, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_8u_ISfs(Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16s_ISfs(Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16u_Sfs(const Zam16u* pSrc, Zam16u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16u_ISfs(Zam16u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16sc_Sfs(const Zam16sc* pSrc, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_16sc_ISfs(Zam16sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_32s16s_Sfs(const Zam32s* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_64s16s_Sfs(const Zam64s* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_64s_Sfs(const Zam64s* pSrc, Zam64s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqrt_64s_ISfs(Zam64s* pSrcDst, int len, int scaleFactor);
+
+/* Square. Integer forms: x^2 (complex: (a^2 - b^2, 2ab)) exactly, then
+   scaled by 2^-scaleFactor, rounded to nearest (ties to even), saturated. */
+ZAMSAPI zamStatus zamsSqr_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsSqr_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqr_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsSqr_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqr_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsSqr_32fc_I(Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqr_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsSqr_64fc_I(Zam64fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSqr_8u_Sfs(const Zam8u* pSrc, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_8u_ISfs(Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16s_ISfs(Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16u_Sfs(const Zam16u* pSrc, Zam16u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16u_ISfs(Zam16u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16sc_Sfs(const Zam16sc* pSrc, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSqr_16sc_ISfs(Zam16sc* pSrcDst, int len, int scaleFactor);
+
+/* Cube root, within one ulp; cbrt(-x) = -cbrt(x), zeros and infinities
+   keep their sign. */
+ZAMSAPI zamStatus zamsCubrt_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsCubrt_32f_I(Zam32f* pSrcDst, int len);
+
+/* Exp, Ln, Arctan of floating vectors, within one ulp; special values as
+   IEEE and C99 Annex F say, no warnings. */
+ZAMSAPI zamStatus zamsExp_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsExp_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsExp_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsExp_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLn_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsLn_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLn_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsLn_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsArctan_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsArctan_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsArctan_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsArctan_64f_I(Zam64f* pSrcDst, int len);
+
+/* Integer logarithms: round(ln(x) 2^-scaleFactor) and
+   round(10 log10(x) 2^-scaleFactor), ties to even, saturated. A
+   non-positive element gives the type's minimum; the first such element
+   decides the warning: 7 for zero, 8 for a negative number. */
+ZAMSAPI zamStatus zamsLn_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsLn_16s_ISfs(Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zams10Log10_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zams10Log10_32s_ISfs(Zam32s* pSrcDst, int len, int scaleFactor);
+
+/* Magnitude |re + i im|: floating forms within an ulp, an infinite part
+   giving +inf; integer forms round(|z| 2^-scaleFactor), ties to even,
+   saturated. PowerSpectr: re^2 + im^2 (single precision formed in double). */
+ZAMSAPI zamStatus zamsMagnitude_32fc(const Zam32fc* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsMagnitude_64fc(const Zam64fc* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsMagnitude_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsMagnitude_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsMagnitude_16sc_Sfs(const Zam16sc* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMagnitude_16s_Sfs(const Zam16s* pSrcRe, const Zam16s* pSrcIm, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsPowerSpectr_32fc(const Zam32fc* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsPowerSpectr_64fc(const Zam64fc* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsPowerSpectr_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsPowerSpectr_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len);
+
+/* Phase atan2(im, re) in [-pi, pi] (single precision within an ulp, double
+   within two), and CartToPolar: magnitude and phase together. */
+ZAMSAPI zamStatus zamsPhase_32fc(const Zam32fc* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsPhase_64fc(const Zam64fc* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsPhase_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsPhase_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsCartToPolar_32fc(const Zam32fc* pSrc, Zam32f* pDstMagn, Zam32f* pDstPhase, int len);
+ZAMSAPI zamStatus zamsCartToPolar_64fc(const Zam64fc* pSrc, Zam64f* pDstMagn, Zam64f* pDstPhase, int len);
+ZAMSAPI zamStatus zamsCartToPolar_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDstMagn, Zam32f* pDstPhase, int len);
+ZAMSAPI zamStatus zamsCartToPolar_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDstMagn, Zam64f* pDstPhase, int len);
 
 #endif

@@ -43,4 +43,33 @@ template <class Kernel> int run_sliced(int len, Team team, Kernel&& kernel) {
     return warnings;
 }
 
+// Below its threshold an operation runs its kernel once on the calling
+// thread; at or above it, through run_sliced. Nonzero when any part warned.
+template <class Kernel> int run_threshold(int len, int threshold, Team team, Kernel&& kernel) {
+    if (len < threshold) return kernel(0, len) ? 1 : 0;
+    return run_sliced(len, team, kernel);
+}
+
+// Length at or above which each parallel operation splits its vector.
+namespace threshold {
+inline constexpr int Div_32f = 4096, DivCRev_32f = 4096;
+inline constexpr int Div_32fc = 1024, Div_64f = 1024, Div_64fc = 1024;
+inline constexpr int Div_Round_16s = 1024, Div_Round_16u = 1024, Div_Round_8u = 512;
+inline constexpr int DivCRev_16u = 2048;
+inline constexpr int Div_8u = 1024, Div_16s = 1024, Div_32s = 1024, Div_32s16s = 1024, DivC_16sc = 1024;
+inline constexpr int Div_16sc = 256;
+inline constexpr int DivC_16s = 4096, DivC_8u = 4096;
+inline constexpr int Sqrt_32f = 4096;
+inline constexpr int Sqrt_8u = 2048, Sqrt_16s = 2048, Sqrt_16u = 2048;
+inline constexpr int Sqrt_32s16s = 1024;
+inline constexpr int Sqrt_32fc = 512, Sqrt_64f = 512, Sqrt_64s16s = 512;
+inline constexpr int Sqrt_16sc = 256, Sqrt_64s = 256;
+inline constexpr int Sqrt_64fc = 64;
+inline constexpr int Threshold_LTInv_32f = 8192;
+inline constexpr int Threshold_LTInv_32fc = 2048, Threshold_LTInv_64f = 2048;
+inline constexpr int Threshold_LTInv_64fc = 512;
+inline constexpr int Magnitude_16s = 2048, Magnitude_16sc = 2048, Magnitude_32fc = 2048;
+inline constexpr int SortRadix_32 = 8192, SortRadix_64f = 4096;
+}  // namespace threshold
+
 }  // namespace zams

@@ -1,0 +1,252 @@
+// Elementary functions: Exp, Ln, Arctan (floating) and the integer logarithms.
+#include <cmath>
+
+#include "digest.h"
+#include "math_util.h"
+#include "sweep.h"
+
+#ifdef ZAMS_TEST_MPFR
+#include <mpfr.h>
+#endif
+
+namespace {
+
+#ifdef ZAMS_TEST_MPFR
+// Error of `got` in ulps of the exact f(x) in type F (ulps of the smallest
+// normal for subnormal results), measured with 200-bit MPFR.
+template <class F> double mpfr_ulps(int (*fn)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t), F x, F got) {
+    mpfr_t a, e, g;
+    mpfr_inits2(200, a, e, g, (mpfr_ptr)nullptr);
+    mpfr_set_d(a, double(x), MPFR_RNDN);
+    fn(e, a, MPFR_RNDN);
+    double out;
+    if (mpfr_nan_p(e)) {
+        out = std::isnan(got) ? 0 : 1e9;
+    } else if (mpfr_inf_p(e) || std::isinf(got)) {
+        // exact infinity, or a finite value beyond the type's range
+        F want = F(mpfr_get_d(e, MPFR_RNDN));
+        out = want == got ? 0 : 1e9;
+    } else {
+        constexpr int p = std::numeric_limits<F>::digits;
+        constexpr int emin = std::numeric_limits<F>::min_exponent;
+        mpfr_set_d(g, double(got), MPFR_RNDN);
+        mpfr_sub(g, g, e, MPFR_RNDN);
+        mpfr_abs(g, g, MPFR_RNDN);
+        long ex = mpfr_zero_p(e) ? emin : mpfr_get_exp(e);
+        if (ex < emin) ex = emin;
+        mpfr_mul_2si(g, g, -(ex - p), MPFR_RNDN);
+        out = mpfr_get_d(g, MPFR_RNDN);
+    }
+    mpfr_clears(a, e, g, (mpfr_ptr)nullptr);
+    return out;
+}
+
+template <class F> std::vector<F> bit_samples(size_t n, uint32_t seed) {
+    std::mt19937_64 g(seed);
+    std::vector<F> v;
+    while (v.size() < n) {
+        uint64_t b = g();
+        F x;
+        if constexpr (sizeof(F) == 4) {
+            uint32_t w = uint32_t(b);
+            std::memcpy(&x, &w, 4);
+        } else {
+            std::memcpy(&x, &b, 8);
+        }
+        if (!std::isnan(x)) v.push_back(x);
+    }
+    return v;
+}
+
+template <class F> std::vector<F> uniform(size_t n, uint32_t seed, double lo, double hi) {
+    std::mt19937_64 g(seed);
+    std::uniform_real_distribution<double> d(lo, hi);
+    std::vector<F> v(n);
+    for (auto& x : v) x = F(d(g));
+    return v;
+}
+
+template <class F, class Fn>
+void check_ulps(Fn fn, int (*ref)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t), const std::vector<F>& x, const char* what) {
+    std::vector<F> y(x.size());
+    ASSERT_EQ(fn(x.data(), y.data(), int(x.size())), zamStatusOk);
+    double worst = 0;
+    F at = 0;
+    for (size_t i = 0; i < x.size(); ++i) {
+        double u = mpfr_ulps(ref, x[i], y[i]);
+        if (u > worst) worst = u, at = x[i];
+    }
+    EXPECT_LE(worst, 1.0) << what << " worst at " << at;
+    // rounding alone costs up to half an ulp: a smaller worst case would
+    // mean the measurement saw nothing
+    EXPECT_GT(worst, 0.4) << what;
+}
+
+TEST(Elementary, WithinOneUlpOfMpfr) {
+    const size_t n = 25000;
+    check_ulps<Zam32f>(zamsExp_32f, mpfr_exp, bit_samples<Zam32f>(n, 1), "exp32 bits");
+    check_ulps<Zam32f>(zamsExp_32f, mpfr_exp, uniform<Zam32f>(n, 2, -104, 89), "exp32");
+    check_ulps<Zam64f>(zamsExp_64f, mpfr_exp, uniform<Zam64f>(n, 3, -746, 710), "exp64");
+    check_ulps<Zam64f>(zamsExp_64f, mpfr_exp, uniform<Zam64f>(n, 4, -1, 1), "exp64 small");
+    check_ulps<Zam64f>(zamsExp_64f, mpfr_exp, bit_samples<Zam64f>(n, 5), "exp64 bits");
+    check_ulps<Zam32f>(zamsLn_32f, mpfr_log, bit_samples<Zam32f>(n, 6), "ln32 bits");
+    check_ulps<Zam32f>(zamsLn_32f, mpfr_log, uniform<Zam32f>(n, 7, 0.5, 2), "ln32 near 1");
+    check_ulps<Zam64f>(zamsLn_64f, mpfr_log, bit_samples<Zam64f>(n, 8), "ln64 bits");
+    check_ulps<Zam64f>(zamsLn_64f, mpfr_log, uniform<Zam64f>(n, 9, 0.7, 1.5), "ln64 near 1");
+    check_ulps<Zam32f>(zamsArctan_32f, mpfr_atan, bit_samples<Zam32f>(n, 10), "atan32 bits");
+    check_ulps<Zam32f>(zamsArctan_32f, mpfr_atan, uniform<Zam32f>(n, 11, -4, 4), "atan32");
+    check_ulps<Zam64f>(zamsArctan_64f, mpfr_atan, bit_samples<Zam64f>(n, 12), "atan64 bits");
+    check_ulps<Zam64f>(zamsArctan_64f, mpfr_atan, uniform<Zam64f>(n, 13, -3, 3), "atan64");
+}
+#endif
+
+TEST(Elementary, SpecialValues) {
+    const double inf = INFINITY, nan = NAN, tiny = 4.9406564584124654e-324;
+    struct Case {
+        zamStatus (*fn)(const Zam64f*, Zam64f*, int);
+        double x, want;
+    } cases[] = {
+        {zamsExp_64f, 0.0, 1.0},       {zamsExp_64f, -0.0, 1.0},     {zamsExp_64f, inf, inf},
+        {zamsExp_64f, -inf, 0.0},      {zamsExp_64f, nan, nan},      {zamsExp_64f, 710.0, inf},
+        {zamsExp_64f, -746.0, 0.0},    {zamsExp_64f, -745.0, tiny},  {zamsLn_64f, 0.0, -inf},
+        {zamsLn_64f, -0.0, -inf},      {zamsLn_64f, -1.0, nan},      {zamsLn_64f, inf, inf},
+        {zamsLn_64f, -inf, nan},       {zamsLn_64f, 1.0, 0.0},       {zamsLn_64f, nan, nan},
+        {zamsArctan_64f, inf, M_PI_2}, {zamsArctan_64f, -inf, -M_PI_2}, {zamsArctan_64f, -0.0, -0.0},
+        {zamsArctan_64f, nan, nan},    {zamsArctan_64f, 1.0, M_PI_4}, {zamsArctan_64f, tiny, tiny},
+    };
+    for (const Case& c : cases) {
+        Zam64f y;
+        ASSERT_EQ(c.fn(&c.x, &y, 1), zamStatusOk);
+        if (std::isnan(c.want)) EXPECT_TRUE(std::isnan(y)) << c.x;
+        else EXPECT_EQ(zt::bits(y), zt::bits(c.want)) << c.x;
+        Zam32f xf = Zam32f(c.x), yf;
+        if (std::isfinite(c.x) && std::fabs(c.x) > 100) continue;
+        if (c.x != 0 && std::fabs(c.x) < 1e-300) continue;
+        ASSERT_EQ(c.fn == zamsExp_64f ? zamsExp_32f(&xf, &yf, 1)
+                  : c.fn == zamsLn_64f ? zamsLn_32f(&xf, &yf, 1) : zamsArctan_32f(&xf, &yf, 1), zamStatusOk);
+        if (std::isnan(c.want)) EXPECT_TRUE(std::isnan(yf)) << c.x;
+        else EXPECT_EQ(zt::bits(yf), zt::bits(Zam32f(c.want))) << c.x;
+    }
+    Zam32f f[3] = {1e-45f, 88.8f, -104.0f};
+    ASSERT_EQ(zamsLn_32f_I(f, 1), zamStatusOk);
+    EXPECT_EQ(f[0], -103.27893f);
+    ASSERT_EQ(zamsExp_32f_I(f + 1, 2), zamStatusOk);
+    EXPECT_EQ(f[1], INFINITY);
+    EXPECT_EQ(f[2], 0.0f);
+    EXPECT_EQ(zamsArctan_64f_I(nullptr, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsLn_32f(f, f, 0), zamStatusBadLength);
+}
+
+TEST(Elementary, InPlaceAndAlignment) {
+    auto x = zt::random_reals<Zam32f>(300, 14, -5.0f, 5.0f);
+    std::vector<Zam32f> want(300);
+    ASSERT_EQ(zamsArctan_32f(x.data(), want.data(), 300), zamStatusOk);
+    std::vector<Zam32f> io = x;
+    ASSERT_EQ(zamsArctan_32f_I(io.data() + 1, 299), zamStatusOk);
+    for (int i = 1; i < 300; ++i) ASSERT_EQ(zt::bits(io[i]), zt::bits(want[i]));
+    EXPECT_EQ(io[0], x[0]);
+}
+
+// Vector groups, scalar steps and groups holding an argument outside the
+// vector reduction (NaN, infinities, extremes, non-positive) all agree with
+// the one-element call.
+TEST(Elementary, VectorAndScalarStepsAgree) {
+    auto x = zt::random_reals<Zam32f>(400, 16, -120.0f, 120.0f);
+    const Zam32f odd[] = {NAN, INFINITY, -INFINITY, 0.0f, -0.0f, -1.0f, 1e-45f, 3e38f, 89.0f, -104.0f};
+    for (int i = 0; i < 400; i += 9) x[size_t(i)] = odd[(i / 9) % 10];
+    for (auto fn : {zamsExp_32f, zamsLn_32f, zamsArctan_32f}) {
+        for (int off = 0; off < 5; ++off) {
+            std::vector<Zam32f> y(400);
+            ASSERT_EQ(fn(x.data() + off, y.data() + off, 400 - off), zamStatusOk);
+            for (int i = off; i < 400; ++i) {
+                Zam32f one;
+                fn(&x[size_t(i)], &one, 1);
+                ASSERT_EQ(zt::bits(y[size_t(i)]), zt::bits(one)) << x[size_t(i)] << " at " << i;
+            }
+        }
+    }
+}
+
+// Ln_16s over every source and scale factor against long double.
+TEST(IntegerLog, Ln16sEverySourceEveryScale) {
+    std::vector<Zam16s> x(65536), y(65536);
+    for (int i = 0; i < 65536; ++i) x[i] = Zam16s(i - 32768);
+    const int stride = sizeof(void*) == 8 ? 1 : 13;  // the long double oracle is slow under emulation
+    for (int sf = -14; sf <= 5; ++sf) {
+        ASSERT_EQ(zamsLn_16s_Sfs(x.data(), y.data(), 65536, sf), zamStatusWarnLnNegative);
+        for (int i = 0; i < 65536; i += stride) {
+            Zam16s want = x[i] <= 0 ? Zam16s(-32768)
+                                    : mt::clamp_to<Zam16s>(mt::Wide(std::rint(std::ldexp(std::log((long double)x[i]), -sf))));
+            ASSERT_EQ(y[i], want) << x[i] << " sf " << sf;
+        }
+    }
+    // the first non-positive element decides between 7 and 8
+    Zam16s a[] = {5, 0, -3}, b[] = {5, -3, 0}, r[3];
+    EXPECT_EQ(zamsLn_16s_Sfs(a, r, 3, 0), zamStatusWarnLnZero);
+    EXPECT_EQ(r[0], 2);
+    EXPECT_EQ(r[1], -32768);
+    EXPECT_EQ(r[2], -32768);
+    EXPECT_EQ(zamsLn_16s_ISfs(b, 3, -2), zamStatusWarnLnNegative);
+    EXPECT_EQ(b[0], 6);  // 4 ln 5 = 6.44
+    EXPECT_EQ(b[1], -32768);
+    EXPECT_EQ(b[2], -32768);
+    Zam16s ok[] = {1, 2, 32767};
+    EXPECT_EQ(zamsLn_16s_Sfs(ok, ok, 3, -10), zamStatusOk);  // same pointer: in place
+    EXPECT_EQ(ok[0], 0);
+    EXPECT_EQ(ok[1], 710);  // 1024 ln 2 = 709.78
+    EXPECT_EQ(ok[2], 10647);  // 10646.7
+}
+
+TEST(IntegerLog, TenLog10Of32s) {
+    auto x = zt::random_ints<Zam32s>(3000, 15);
+    int64_t p = 1;
+    for (int j = 0; j < 10; ++j, p *= 10) x[size_t(7 * j + 1)] = Zam32s(p);
+    std::vector<Zam32s> y(3000);
+    for (int sf = -26; sf <= 8; ++sf) {
+        zamStatus st = zams10Log10_32s_Sfs(x.data(), y.data(), 3000, sf);
+        EXPECT_TRUE(st == zamStatusWarnLnZero || st == zamStatusWarnLnNegative);
+        for (int i = 0; i < 3000; ++i) {
+            Zam32s want;
+            if (x[i] <= 0) {
+                want = INT32_MIN;
+            } else {
+                long double v = 10 * std::log10((long double)x[i]);
+                if (std::rint(v) == v && std::fabs(v - std::rint(v)) < 1e-15L) v = std::rint(v);
+                want = mt::clamp_to<Zam32s>(mt::Wide(std::rint(std::ldexp(v, -sf))));
+            }
+            ASSERT_EQ(y[i], want) << x[i] << " sf " << sf;
+        }
+    }
+    Zam32s t[] = {10, 100, 1000};  // 10 / 4 = 2.5 -> 2, 20 / 4 = 5, 30 / 4 = 7.5 -> 8
+    EXPECT_EQ(zams10Log10_32s_ISfs(t, 3, 2), zamStatusOk);
+    EXPECT_EQ(t[0], 2);
+    EXPECT_EQ(t[1], 5);
+    EXPECT_EQ(t[2], 8);
+}
+
+ZAMS_DIGEST(elementary) {
+    auto f = zt::random_reals<Zam32f>(3000, 81, -100.0f, 100.0f);
+    auto g = zt::random_reals<Zam64f>(3000, 82, -800.0, 800.0);
+    std::vector<Zam32f> yf(3000);
+    std::vector<Zam64f> yg(3000);
+    for (auto fn : {zamsExp_32f, zamsLn_32f, zamsArctan_32f}) {
+        d.status(fn(f.data(), yf.data(), 3000));
+        d.add(yf);
+    }
+    for (auto fn : {zamsExp_64f, zamsLn_64f, zamsArctan_64f}) {
+        d.status(fn(g.data(), yg.data(), 3000));
+        d.add(yg);
+    }
+    auto s = zt::random_ints<Zam16s>(2000, 83);
+    auto w = zt::random_ints<Zam32s>(2000, 84);
+    std::vector<Zam16s> ys(2000);
+    std::vector<Zam32s> yw(2000);
+    for (int sf : {-12, -3, 0, 2}) {
+        d.status(zamsLn_16s_Sfs(s.data(), ys.data(), 2000, sf));
+        d.add(ys);
+        d.status(zams10Log10_32s_Sfs(w.data(), yw.data(), 2000, sf));
+        d.add(yw);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,256 @@
+// Complex measures: Magnitude and PowerSpectr.
+#include <cmath>
+
+#include "digest.h"
+#include "math_util.h"
+
+#ifdef ZAMS_TEST_MPFR
+#include <mpfr.h>
+#endif
+
+namespace {
+
+long double mag_ld(long double a, long double b) { return std::sqrt(a * a + b * b); }
+
+TEST(Magnitude, FloatWithinAnUlpAtEveryAlignment) {
+    auto p = zt::random_reals<Zam32f>(2000, 1, -1e3f, 1e3f);
+    for (int i = 0; i < 2000; i += 11) p[i] *= 1e35f, p[i + 1] *= 1e-42f;
+    std::vector<Zam32fc> x(1000);
+    std::memcpy(x.data(), p.data(), 8000);
+    for (size_t off : {0, 1, 2, 3, 5}) {
+        zt::Guarded<Zam32f> y(1000 - off, off * 4);
+        ASSERT_EQ(zamsMagnitude_32fc(x.data() + off, y.data(), int(1000 - off)), zamStatusOk);
+        for (size_t i = 0; i < 1000 - off; ++i)
+            ASSERT_LE(mt::ulp_diff(y[i], mag_ld(x[i + off].re, x[i + off].im)), 1.0) << i;
+        ASSERT_TRUE(y.guards_intact());
+    }
+    std::vector<Zam32f> re(1000), im(1000), y(1000);
+    for (int i = 0; i < 1000; ++i) re[i] = x[i].re, im[i] = x[i].im;
+    ASSERT_EQ(zamsMagnitude_32f(re.data(), im.data(), y.data(), 1000), zamStatusOk);
+    for (int i = 0; i < 1000; ++i) ASSERT_LE(mt::ulp_diff(y[i], mag_ld(re[i], im[i])), 1.0);
+
+    auto q = zt::random_reals<Zam64f>(2000, 2, -1e3, 1e3);
+    for (int i = 0; i < 2000; i += 11) q[i] *= 1e305, q[i + 1] *= 1e-310, q[i + 3] *= 1e-300;
+    std::vector<Zam64fc> xd(1000);
+    std::vector<Zam64f> yd(1000), rd(1000), id(1000);
+    std::memcpy(xd.data(), q.data(), 16000);
+    ASSERT_EQ(zamsMagnitude_64fc(xd.data(), yd.data(), 1000), zamStatusOk);
+    for (int i = 0; i < 1000; ++i) ASSERT_LE(mt::ulp_diff(yd[i], mag_ld(xd[i].re, xd[i].im)), 1.0) << i;
+    for (int i = 0; i < 1000; ++i) rd[i] = xd[i].re, id[i] = xd[i].im;
+    ASSERT_EQ(zamsMagnitude_64f(rd.data(), id.data(), yd.data(), 1000), zamStatusOk);
+    for (int i = 0; i < 1000; ++i) ASSERT_LE(mt::ulp_diff(yd[i], mag_ld(rd[i], id[i])), 1.0) << i;
+}
+
+TEST(Magnitude, SpecialValues) {
+    const float inf = INFINITY, nan = NAN;
+    // eight elements so that the vector body sees them
+    Zam32fc x[8] = {{inf, nan}, {nan, -inf}, {nan, 1}, {-3, 4}, {0, -0.0f}, {3e38f, 3e38f}, {-inf, 0}, {1e-45f, 0}};
+    Zam32f y[8];
+    ASSERT_EQ(zamsMagnitude_32fc(x, y, 8), zamStatusOk);
+    EXPECT_EQ(y[0], inf);
+    EXPECT_EQ(y[1], inf);
+    EXPECT_TRUE(std::isnan(y[2]));
+    EXPECT_EQ(y[3], 5.0f);
+    EXPECT_EQ(zt::bits(y[4]), zt::bits(0.0f));
+    EXPECT_EQ(y[5], float(std::sqrt(2.0) * 3e38));
+    EXPECT_EQ(y[6], inf);
+    EXPECT_EQ(y[7], 1e-45f);
+    Zam64fc xd[2] = {{nan, INFINITY}, {1e300, 1e300}};
+    Zam64f yd[2];
+    ASSERT_EQ(zamsMagnitude_64fc(xd, yd, 2), zamStatusOk);
+    EXPECT_EQ(yd[0], INFINITY);
+    EXPECT_NEAR(yd[1] / 1e300, std::sqrt(2.0), 1e-15);
+    EXPECT_EQ(zamsMagnitude_32f(nullptr, y, y, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsMagnitude_16sc_Sfs(reinterpret_cast<Zam16sc*>(x), nullptr, 0, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsMagnitude_16s_Sfs(reinterpret_cast<Zam16s*>(x), reinterpret_cast<Zam16s*>(x),
+                                    reinterpret_cast<Zam16s*>(y), 0, 0), zamStatusBadLength);
+}
+
+// Integer magnitudes: exact round(|z| 2^-sf), checked by bracketing with
+// squares of half-integers, over random and extreme pairs.
+TEST(Magnitude, IntegerExactUnderEveryScale) {
+    auto p = zt::random_ints<Zam16s>(4000, 3);
+    p[0] = -32768, p[1] = -32768, p[2] = 3, p[3] = 4;
+    std::vector<Zam16sc> x(2000);
+    std::memcpy(x.data(), p.data(), 8000);
+    std::vector<Zam16s> re(2000), im(2000), y(2000), z(2000);
+    for (int i = 0; i < 2000; ++i) re[i] = x[i].re, im[i] = x[i].im;
+    for (int sf = -17; sf <= 18; ++sf) {
+        ASSERT_EQ(zamsMagnitude_16sc_Sfs(x.data(), y.data(), 2000, sf), zamStatusOk);
+        ASSERT_EQ(zamsMagnitude_16s_Sfs(re.data(), im.data(), z.data(), 2000, sf), zamStatusOk);
+        for (int i = 0; i < 2000; ++i) {
+            long double v = std::ldexp(mag_ld(re[i], im[i]), -sf);
+            Zam16s want = v >= 32767.0L ? Zam16s(32767) : Zam16s(std::rint(v));
+            ASSERT_EQ(y[i], want) << re[i] << " " << im[i] << " sf " << sf;
+            ASSERT_EQ(z[i], y[i]);
+        }
+    }
+    Zam16sc t[2] = {{3, 4}, {0, 3}};  // 5 / 2 = 2.5 -> 2, 3 / 2 = 1.5 -> 2
+    ASSERT_EQ(zamsMagnitude_16sc_Sfs(t, y.data(), 2, 1), zamStatusOk);
+    EXPECT_EQ(y[0], 2);
+    EXPECT_EQ(y[1], 2);
+}
+
+TEST(PowerSpectr, SumsOfSquares) {
+    Zam32fc x[3] = {{3, 4}, {-1e20f, 1e20f}, {0, -2}};
+    Zam32f y[3];
+    ASSERT_EQ(zamsPowerSpectr_32fc(x, y, 3), zamStatusOk);
+    EXPECT_EQ(y[0], 25.0f);
+    EXPECT_EQ(y[1], float(2e40 * 1.0));
+    EXPECT_EQ(y[2], 4.0f);
+    Zam32f re[2] = {1.5f, -2}, im[2] = {2, 0.5f};
+    ASSERT_EQ(zamsPowerSpectr_32f(re, im, y, 2), zamStatusOk);
+    EXPECT_EQ(y[0], 6.25f);
+    EXPECT_EQ(y[1], 4.25f);
+    Zam64fc xd[1] = {{-3, 4}};
+    Zam64f yd[1], rd[1] = {2}, id[1] = {-1};
+    ASSERT_EQ(zamsPowerSpectr_64fc(xd, yd, 1), zamStatusOk);
+    EXPECT_EQ(yd[0], 25.0);
+    ASSERT_EQ(zamsPowerSpectr_64f(rd, id, yd, 1), zamStatusOk);
+    EXPECT_EQ(yd[0], 5.0);
+    EXPECT_EQ(zamsPowerSpectr_64f(rd, nullptr, yd, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsPowerSpectr_32fc(x, y, -1), zamStatusBadLength);
+}
+
+#ifdef ZAMS_TEST_MPFR
+// Error of atan2 results in ulps of the exact angle (200-bit MPFR).
+template <class F> double atan2_ulps(F y, F x, F got) {
+    mpfr_t a, b, e, g;
+    mpfr_inits2(200, a, b, e, g, (mpfr_ptr)nullptr);
+    mpfr_set_d(a, double(y), MPFR_RNDN);
+    mpfr_set_d(b, double(x), MPFR_RNDN);
+    mpfr_atan2(e, a, b, MPFR_RNDN);
+    mpfr_set_d(g, double(got), MPFR_RNDN);
+    mpfr_sub(g, g, e, MPFR_RNDN);
+    mpfr_abs(g, g, MPFR_RNDN);
+    long ex = mpfr_zero_p(e) ? std::numeric_limits<F>::min_exponent : mpfr_get_exp(e);
+    if (ex < std::numeric_limits<F>::min_exponent) ex = std::numeric_limits<F>::min_exponent;
+    mpfr_mul_2si(g, g, -(ex - std::numeric_limits<F>::digits), MPFR_RNDN);
+    double out = mpfr_get_d(g, MPFR_RNDN);
+    mpfr_clears(a, b, e, g, (mpfr_ptr)nullptr);
+    return out;
+}
+
+TEST(Phase, WithinUlpsOfMpfr) {
+    auto p = zt::random_reals<Zam32f>(40000, 6, -10.0f, 10.0f);
+    for (int i = 0; i + 2 < 40000; i += 7) p[i] *= 1e-30f, p[i + 2] *= 1e25f;
+    std::vector<Zam32fc> x(20000);
+    std::vector<Zam32f> y(20000);
+    std::memcpy(x.data(), p.data(), sizeof(Zam32fc) * 20000);
+    ASSERT_EQ(zamsPhase_32fc(x.data(), y.data(), 20000), zamStatusOk);
+    double worst = 0;
+    for (int i = 0; i < 20000; ++i) worst = std::max(worst, atan2_ulps(x[i].im, x[i].re, y[i]));
+    EXPECT_LE(worst, 1.0);
+    EXPECT_GT(worst, 0.4);
+    std::vector<Zam64f> re(20000), im(20000), z(20000);
+    for (int i = 0; i < 20000; ++i) re[i] = double(p[2 * i]) * 1.1, im[i] = double(p[2 * i + 1]) / 3.0;
+    ASSERT_EQ(zamsPhase_64f(re.data(), im.data(), z.data(), 20000), zamStatusOk);
+    worst = 0;
+    for (int i = 0; i < 20000; ++i) worst = std::max(worst, atan2_ulps(im[i], re[i], z[i]));
+    EXPECT_LE(worst, 2.0);
+    EXPECT_GT(worst, 0.4);
+}
+#endif
+
+TEST(Phase, SpecialValuesAndCartToPolar) {
+    const double inf = INFINITY, pi = M_PI;
+    struct Case {
+        double re, im, want;
+    } cases[] = {
+        {1, 0.0, 0.0},       {1, -0.0, -0.0},    {-1, 0.0, pi},        {-1, -0.0, -pi},
+        {0.0, 0.0, 0.0},     {-0.0, 0.0, pi},    {-0.0, -0.0, -pi},    {0.0, 2, pi / 2},
+        {0.0, -2, -pi / 2},  {inf, inf, pi / 4}, {-inf, inf, 3 * pi / 4}, {-inf, -1, -pi},
+        {inf, -1, -0.0},     {3, inf, pi / 2},   {-1, 1, 3 * pi / 4},  {1, 1, pi / 4},
+    };
+    for (const Case& c : cases) {
+        Zam64fc x{c.re, c.im};
+        Zam64f y;
+        ASSERT_EQ(zamsPhase_64fc(&x, &y, 1), zamStatusOk);
+        EXPECT_EQ(zt::bits(y), zt::bits(c.want)) << c.re << " " << c.im;
+        Zam32f xr = Zam32f(c.re), xi = Zam32f(c.im), yf;
+        ASSERT_EQ(zamsPhase_32f(&xr, &xi, &yf, 1), zamStatusOk);
+        EXPECT_EQ(zt::bits(yf), zt::bits(Zam32f(c.want))) << c.re << " " << c.im;
+    }
+    Zam64fc n{NAN, 1};
+    Zam64f y;
+    zamsPhase_64fc(&n, &y, 1);
+    EXPECT_TRUE(std::isnan(y));
+
+    auto p = zt::random_reals<Zam32f>(600, 7);
+    std::vector<Zam32f> m(300), ph(300), m2(300), ph2(300);
+    auto* c = reinterpret_cast<const Zam32fc*>(p.data());
+    ASSERT_EQ(zamsCartToPolar_32fc(c, m.data(), ph.data(), 300), zamStatusOk);
+    zamsMagnitude_32fc(c, m2.data(), 300);
+    zamsPhase_32fc(c, ph2.data(), 300);
+    EXPECT_EQ(m, m2);
+    EXPECT_EQ(ph, ph2);
+    ASSERT_EQ(zamsCartToPolar_32f(p.data(), p.data() + 300, m.data(), ph.data(), 300), zamStatusOk);
+    zamsMagnitude_32f(p.data(), p.data() + 300, m2.data(), 300);
+    zamsPhase_32f(p.data(), p.data() + 300, ph2.data(), 300);
+    EXPECT_EQ(m, m2);
+    EXPECT_EQ(ph, ph2);
+    std::vector<Zam64f> pd(p.begin(), p.end()), md(300), phd(300), md2(300), phd2(300);
+    ASSERT_EQ(zamsCartToPolar_64fc(reinterpret_cast<Zam64fc*>(pd.data()), md.data(), phd.data(), 300), zamStatusOk);
+    zamsMagnitude_64fc(reinterpret_cast<Zam64fc*>(pd.data()), md2.data(), 300);
+    zamsPhase_64fc(reinterpret_cast<Zam64fc*>(pd.data()), phd2.data(), 300);
+    EXPECT_EQ(md, md2);
+    EXPECT_EQ(phd, phd2);
+    ASSERT_EQ(zamsCartToPolar_64f(pd.data(), pd.data() + 300, md.data(), phd.data(), 300), zamStatusOk);
+    zamsPhase_64f(pd.data(), pd.data() + 300, phd2.data(), 300);
+    EXPECT_EQ(phd, phd2);
+    EXPECT_EQ(zamsCartToPolar_32fc(c, m.data(), nullptr, 300), zamStatusNullPointer);
+    EXPECT_EQ(zamsCartToPolar_64f(pd.data(), pd.data(), md.data(), phd.data(), 0), zamStatusBadLength);
+    EXPECT_EQ(zamsPhase_32fc(c, nullptr, 3), zamStatusNullPointer);
+}
+
+TEST(MagnitudeParallel, SameResultsOnOneAndTwoThreads) {
+    for (int len : {2047, 2048, 2049, 5001}) {
+        auto p = zt::random_reals<Zam32f>(2 * size_t(len), 4);
+        auto q = zt::random_ints<Zam16s>(2 * size_t(len), 5);
+        auto run = [&](int threads) {
+            mt::Threads t(threads);
+            std::vector<Zam32f> a(static_cast<size_t>(len));
+            std::vector<Zam16s> b(static_cast<size_t>(len)), c(static_cast<size_t>(len));
+            zamsMagnitude_32fc(reinterpret_cast<Zam32fc*>(p.data()), a.data(), len);
+            zamsMagnitude_16sc_Sfs(reinterpret_cast<Zam16sc*>(q.data()), b.data(), len, 2);
+            zamsMagnitude_16s_Sfs(q.data(), q.data() + len, c.data(), len, -1);
+            std::vector<uint8_t> all(reinterpret_cast<uint8_t*>(a.data()), reinterpret_cast<uint8_t*>(a.data() + len));
+            all.insert(all.end(), reinterpret_cast<uint8_t*>(b.data()), reinterpret_cast<uint8_t*>(b.data() + len));
+            all.insert(all.end(), reinterpret_cast<uint8_t*>(c.data()), reinterpret_cast<uint8_t*>(c.data() + len));
+            return all;
+        };
+        EXPECT_EQ(run(1), run(2)) << len;
+    }
+}
+
+ZAMS_DIGEST(magnitude) {
+    auto p = zt::random_reals<Zam32f>(2000, 71, -1e4f, 1e4f);
+    auto q = zt::random_ints<Zam16s>(2000, 72);
+    std::vector<Zam32f> y(1000);
+    std::vector<Zam16s> z(1000);
+    d.status(zamsMagnitude_32fc(reinterpret_cast<Zam32fc*>(p.data()), y.data(), 1000));
+    d.add(y);
+    d.status(zamsMagnitude_32f(p.data(), p.data() + 1000, y.data(), 1000));
+    d.add(y);
+    d.status(zamsPowerSpectr_32fc(reinterpret_cast<Zam32fc*>(p.data()), y.data(), 1000));
+    d.add(y);
+    std::vector<Zam64f> pd(p.begin(), p.end()), yd(1000);
+    d.status(zamsMagnitude_64fc(reinterpret_cast<Zam64fc*>(pd.data()), yd.data(), 1000));
+    d.add(yd);
+    d.status(zamsMagnitude_64f(pd.data(), pd.data() + 1000, yd.data(), 1000));
+    d.add(yd);
+    d.status(zamsPowerSpectr_64fc(reinterpret_cast<Zam64fc*>(pd.data()), yd.data(), 1000));
+    d.add(yd);
+    d.status(zamsPhase_32fc(reinterpret_cast<Zam32fc*>(p.data()), y.data(), 1000));
+    d.add(y);
+    d.status(zamsPhase_64f(pd.data(), pd.data() + 1000, yd.data(), 1000));
+    d.add(yd);
+    for (int sf : {-5, 0, 3}) {
+        d.status(zamsMagnitude_16sc_Sfs(reinterpret_cast<Zam16sc*>(q.data()), z.data(), 1000, sf));
+        d.add(z);
+        d.status(zamsMagnitude_16s_Sfs(q.data(), q.data() + 1000, z.data(), 1000, sf));
+        d.add(z);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,288 @@
+// Square root: floating, complex and scaled integer forms.
+#include <cmath>
+#include <complex>
+
+#include "digest.h"
+#include "math_util.h"
+#include "sweep.h"
+
+namespace {
+
+// round(sqrt(x) 2^-sf) in long double, ties to even (the default rounding):
+// exact enough for sources of 32 bits and results of 16.
+template <class D> D ref_sqrt_ld(long double x, int sf) {
+    if (x < 0) return 0;
+    long double v = std::ldexp(std::sqrt(x), -sf);
+    if (v > 1e18L) v = 1e18L;
+    return mt::clamp_to<D>(mt::Wide(std::rint(v)));
+}
+
+TEST(Sqrt, FloatMatchesIeeeAtEveryLengthAndAlignment) {
+    auto f = zt::random_reals<Zam32f>(300, 1, 0.0f, 1e6f);
+    zt::sweep_unary<Zam32f, Zam32f>(zamsSqrt_32f, [](Zam32f x) { return Zam32f(std::sqrt(double(x))); }, f);
+    auto g = zt::random_reals<Zam64f>(300, 2, 0.0, 1e12);
+    zt::sweep_unary<Zam64f, Zam64f>(zamsSqrt_64f, [](Zam64f x) { return std::sqrt(x); }, g);
+    std::vector<Zam32f> io = f;
+    ASSERT_EQ(zamsSqrt_32f_I(io.data(), 300), zamStatusOk);
+    EXPECT_EQ(io[7], Zam32f(std::sqrt(double(f[7]))));
+}
+
+TEST(Sqrt, FloatSpecialValues) {
+    const float inf = INFINITY;
+    Zam32f x[] = {-0.0f, 0.0f, -1.0f, inf, -inf, NAN, 1e-45f, 4.0f};
+    Zam32f y[8];
+    ASSERT_EQ(zamsSqrt_32f(x, y, 8), zamStatusOk);
+    EXPECT_EQ(zt::bits(y[0]), zt::bits(-0.0f));
+    EXPECT_EQ(zt::bits(y[1]), zt::bits(0.0f));
+    EXPECT_TRUE(std::isnan(y[2]));
+    EXPECT_EQ(y[3], inf);
+    EXPECT_TRUE(std::isnan(y[4]));
+    EXPECT_TRUE(std::isnan(y[5]));
+    EXPECT_EQ(y[6], std::sqrt(1e-45f));
+    EXPECT_EQ(y[7], 2.0f);
+    EXPECT_EQ(zamsSqrt_32f(x, nullptr, 8), zamStatusNullPointer);
+    EXPECT_EQ(zamsSqrt_64f_I(nullptr, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsSqrt_64f(reinterpret_cast<Zam64f*>(x), reinterpret_cast<Zam64f*>(y), 0), zamStatusBadLength);
+}
+
+// Every 16-bit source at every useful scale factor.
+TEST(SqrtInt, Every16BitSourceEveryScale) {
+    std::vector<Zam16s> s(65536);
+    std::vector<Zam16u> u(65536);
+    std::vector<Zam8u> b(256);
+    for (int i = 0; i < 65536; ++i) s[i] = Zam16s(i), u[i] = Zam16u(i);
+    for (int i = 0; i < 256; ++i) b[i] = Zam8u(i);
+    std::vector<Zam16s> ys(65536);
+    std::vector<Zam16u> yu(65536);
+    std::vector<Zam8u> yb(256);
+    const int stride = sizeof(void*) == 8 ? 1 : 13;  // the long double oracle is slow under emulation
+    for (int sf = -18; sf <= 12; ++sf) {
+        ASSERT_EQ(zamsSqrt_16s_Sfs(s.data(), ys.data(), 65536, sf), zamStatusWarnSqrtNegative);
+        ASSERT_EQ(zamsSqrt_16u_Sfs(u.data(), yu.data(), 65536, sf), zamStatusOk);
+        ASSERT_EQ(zamsSqrt_8u_Sfs(b.data(), yb.data(), 256, sf), zamStatusOk);
+        for (int i = 0; i < 65536; i += stride) {
+            ASSERT_EQ(ys[i], ref_sqrt_ld<Zam16s>(s[i], sf)) << s[i] << " sf " << sf;
+            ASSERT_EQ(yu[i], ref_sqrt_ld<Zam16u>(u[i], sf)) << u[i] << " sf " << sf;
+        }
+        for (int i = 0; i < 256; ++i) ASSERT_EQ(yb[i], ref_sqrt_ld<Zam8u>(i, sf)) << i << " sf " << sf;
+    }
+    // ties: sqrt(9) / 2 = 1.5 -> 2, sqrt(25) / 2 = 2.5 -> 2
+    Zam16s t[] = {9, 25, -4};
+    EXPECT_EQ(zamsSqrt_16s_ISfs(t, 3, 1), zamStatusWarnSqrtNegative);
+    EXPECT_EQ(t[0], 2);
+    EXPECT_EQ(t[1], 2);
+    EXPECT_EQ(t[2], 0);
+}
+
+TEST(SqrtInt, Wide32And64BitSources) {
+    auto w = zt::random_ints<Zam32s>(2000, 3);
+    for (int i = 0; i < 2000; i += 3) w[i] = w[i] & 0x3fffffff;
+    std::vector<Zam16s> y(2000);
+    const int sf_step = sizeof(void*) == 8 ? 1 : 3;
+    for (int sf = -20; sf <= 20; sf += sf_step) {
+        ASSERT_EQ(zamsSqrt_32s16s_Sfs(w.data(), y.data(), 2000, sf), zamStatusWarnSqrtNegative);
+        for (int i = 0; i < 2000; ++i) ASSERT_EQ(y[i], ref_sqrt_ld<Zam16s>(w[i], sf)) << w[i] << " sf " << sf;
+    }
+    Zam32s one[] = {7, -1};
+    EXPECT_EQ(zamsSqrt_32s16s_Sfs(one, y.data(), 1, 0), zamStatusOk);
+    EXPECT_EQ(zamsSqrt_32s16s_Sfs(one, y.data(), 2, 0), zamStatusWarnSqrtNegative);
+    EXPECT_EQ(y[0], 3);
+    EXPECT_EQ(y[1], 0);
+
+    auto v = zt::random_ints<Zam64s>(1500, 4);
+    for (int i = 0; i < 1500; i += 4) v[i] = v[i] >> (i % 60);
+    // perfect squares and their neighbours
+    for (int i = 1; i < 1500; i += 7) {
+        int64_t r = int64_t(uint32_t(v[i])) >> 1;
+        v[i] = r * r + (i % 3) - 1;
+    }
+    std::vector<Zam64s> y64(1500);
+    std::vector<Zam16s> y16(1500);
+    for (int sf = -40; sf <= 40; sf += sf_step) {
+        zamsSqrt_64s_Sfs(v.data(), y64.data(), 1500, sf);
+        zamsSqrt_64s16s_Sfs(v.data(), y16.data(), 1500, sf);
+        for (int i = 0; i < 1500; ++i) {
+            if (v[i] < 0) {
+                ASSERT_EQ(y64[i], 0);
+                ASSERT_EQ(y16[i], 0);
+                continue;
+            }
+#ifdef __SIZEOF_INT128__
+            // m is right when (2m - 1)^2 <= 4 x 4^-sf <= (2m + 1)^2, a tie
+            // only on the side of the even m; both sides scaled to integers.
+            using W = unsigned __int128;
+            int64_t m = y64[i];
+            int up = sf < 0 ? -sf : 0, dn = sf > 0 ? sf : 0;
+            if (m == INT64_MAX) {
+                ASSERT_GE(std::ldexp(std::sqrt((long double)v[i]), -sf), 9.2233720368547e18L) << v[i] << " sf " << sf;
+                ASSERT_EQ(y16[i], 32767);
+                continue;
+            }
+            W a = (W(uint64_t(v[i])) * 4) << (2 * up);
+            auto sq = [&](uint64_t k) { return (W(k) * W(k)) << (2 * dn); };
+            W hi = sq(2 * uint64_t(m) + 1);
+            ASSERT_TRUE(a < hi || (a == hi && m % 2 == 0)) << v[i] << " sf " << sf << " got " << m;
+            if (m > 0) {
+                W lo = sq(2 * uint64_t(m) - 1);
+                ASSERT_TRUE(a > lo || (a == lo && m % 2 == 0)) << v[i] << " sf " << sf << " got " << m;
+            }
+            ASSERT_EQ(y16[i], mt::clamp_to<Zam16s>(m)) << v[i] << " sf " << sf;
+#endif
+        }
+    }
+    // saturation of the 64-bit result, exact root of the largest square
+    Zam64s big[] = {INT64_MAX, 4611686014132420609LL};  // (2^31 - 1)^2
+    EXPECT_EQ(zamsSqrt_64s_ISfs(big, 2, -31), zamStatusOk);
+    EXPECT_LE(std::fabs((long double)big[0] - std::ldexp(std::sqrt((long double)INT64_MAX), 31)), 1.0L);
+    Zam64s top = INT64_MAX;
+    EXPECT_EQ(zamsSqrt_64s_ISfs(&top, 1, -32), zamStatusOk);
+    EXPECT_EQ(top, INT64_MAX);
+    EXPECT_EQ(big[1], int64_t(2147483647) << 31);
+}
+
+// Parts of the principal root within an ulp of a long double oracle, with
+// the special values of C99 Annex G.
+TEST(SqrtComplex, AccuracyAndSpecialValues) {
+    auto r = zt::random_reals<Zam32f>(2000, 5, -1e4f, 1e4f);
+    for (int i = 0; i < 2000; i += 10) r[i] *= 1e30f, r[i + 1] *= 1e-40f;
+    std::vector<Zam32fc> x(1000), y(1000);
+    std::memcpy(x.data(), r.data(), sizeof(Zam32fc) * 1000);
+    ASSERT_EQ(zamsSqrt_32fc(x.data(), y.data(), 1000), zamStatusOk);
+    for (int i = 0; i < 1000; ++i) {
+        auto w = std::sqrt(std::complex<long double>(x[i].re, x[i].im));
+        EXPECT_LE(mt::ulp_diff(y[i].re, w.real()), 1.0) << i;
+        EXPECT_LE(mt::ulp_diff(y[i].im, w.imag()), 1.0) << i;
+    }
+    std::vector<Zam64fc> xd(1000), yd(1000);
+    auto rd = zt::random_reals<Zam64f>(2000, 6, -1e4, 1e4);
+    for (int i = 0; i < 2000; i += 10) rd[i] *= 1e300, rd[i + 1] *= 1e-310;
+    std::memcpy(xd.data(), rd.data(), sizeof(Zam64fc) * 1000);
+    ASSERT_EQ(zamsSqrt_64fc(xd.data(), yd.data(), 1000), zamStatusOk);
+    for (int i = 0; i < 1000; ++i) {
+        auto w = std::sqrt(std::complex<long double>(xd[i].re, xd[i].im));
+        EXPECT_LE(mt::ulp_diff(yd[i].re, w.real()), 2.0) << i;
+        EXPECT_LE(mt::ulp_diff(yd[i].im, w.imag()), 2.0) << i;
+    }
+
+    const double inf = INFINITY, nan = NAN;
+    struct Case {
+        Zam64fc in, out;
+    } cases[] = {
+        {{0.0, 0.0}, {0.0, 0.0}},     {{-0.0, -0.0}, {0.0, -0.0}}, {{-4.0, 0.0}, {0.0, 2.0}},
+        {{-4.0, -0.0}, {0.0, -2.0}},  {{3.0, inf}, {inf, inf}},    {{nan, -inf}, {inf, -inf}},
+        {{-inf, 2.0}, {0.0, inf}},    {{inf, -2.0}, {inf, -0.0}},  {{-inf, nan}, {nan, inf}},
+        {{inf, nan}, {inf, nan}},     {{nan, 1.0}, {nan, nan}},    {{-3.0, 4.0}, {1.0, 2.0}},
+    };
+    for (const Case& c : cases) {
+        Zam64fc got;
+        ASSERT_EQ(zamsSqrt_64fc(&c.in, &got, 1), zamStatusOk);
+        for (auto [g, w] : {std::pair{got.re, c.out.re}, std::pair{got.im, c.out.im}}) {
+            if (std::isnan(w)) EXPECT_TRUE(std::isnan(g)) << c.in.re << " " << c.in.im;
+            else EXPECT_EQ(zt::bits(g), zt::bits(w)) << c.in.re << " " << c.in.im;
+        }
+        Zam32fc io{float(c.in.re), float(c.in.im)};
+        ASSERT_EQ(zamsSqrt_32fc_I(&io, 1), zamStatusOk);
+        if (!std::isnan(c.out.im)) {
+            EXPECT_EQ(zt::bits(io.im), zt::bits(float(c.out.im)));
+        }
+    }
+}
+
+TEST(SqrtComplex, Integer16scParts) {
+    auto p = zt::random_ints<Zam16s>(2000, 7);
+    std::vector<Zam16sc> x(1000), y(1000);
+    std::memcpy(x.data(), p.data(), sizeof(Zam16sc) * 1000);
+    for (int sf = -10; sf <= 10; ++sf) {
+        ASSERT_EQ(zamsSqrt_16sc_Sfs(x.data(), y.data(), 1000, sf), zamStatusOk);
+        for (int i = 0; i < 1000; ++i) {
+            auto w = std::sqrt(std::complex<long double>(x[i].re, x[i].im));
+            long double re = std::ldexp(w.real(), -sf), im = std::ldexp(w.imag(), -sf);
+            ASSERT_EQ(y[i].re, mt::clamp_to<Zam16s>(mt::Wide(std::rint(std::fmin(re, 1e9L))))) << i << " sf " << sf;
+            ASSERT_EQ(y[i].im, mt::clamp_to<Zam16s>(mt::Wide(std::rint(std::fmax(std::fmin(im, 1e9L), -1e9L)))))
+                << i << " sf " << sf;
+        }
+    }
+}
+
+// One and two threads agree around each threshold; a negative element only
+// in the second slice still warns.
+TEST(SqrtParallel, SameResultsOnOneAndTwoThreads) {
+    for (int thr : {256, 512, 1024, 2048, 4096}) {
+        for (int len : {thr - 1, thr, thr + 1}) {
+            auto s = zt::random_ints<Zam16s>(size_t(len), 8);
+            for (auto& v : s) v = Zam16s(v < 0 ? -(v + 1) : v);
+            s[size_t(len) - 1] = -5;
+            auto w = zt::random_ints<Zam64s>(size_t(len), 9);
+            for (auto& v : w) v = v < 0 ? -(v + 1) : v;
+            w[size_t(len) - 2] = -1;
+            auto f = zt::random_reals<Zam32f>(size_t(len), 10, 0.0f, 100.0f);
+            std::vector<Zam32fc> fc(static_cast<size_t>(len));
+            std::memcpy(fc.data(), zt::random_reals<Zam32f>(2 * size_t(len), 11).data(), fc.size() * sizeof(Zam32fc));
+            auto run = [&](int threads) {
+                mt::Threads t(threads);
+                std::vector<Zam16s> a(static_cast<size_t>(len)), b(static_cast<size_t>(len));
+                std::vector<Zam64s> c(static_cast<size_t>(len));
+                std::vector<Zam32f> d(static_cast<size_t>(len));
+                std::vector<Zam32fc> e(static_cast<size_t>(len));
+                std::vector<int> st = {zamsSqrt_16s_Sfs(s.data(), a.data(), len, -3),
+                                       zamsSqrt_64s16s_Sfs(w.data(), b.data(), len, 20),
+                                       zamsSqrt_64s_Sfs(w.data(), c.data(), len, 1),
+                                       zamsSqrt_32f(f.data(), d.data(), len),
+                                       zamsSqrt_32fc(fc.data(), e.data(), len)};
+                std::vector<uint8_t> all;
+                auto put = [&](const void* p, size_t n) {
+                    all.insert(all.end(), static_cast<const uint8_t*>(p), static_cast<const uint8_t*>(p) + n);
+                };
+                put(a.data(), a.size() * 2), put(b.data(), b.size() * 2), put(c.data(), c.size() * 8);
+                put(d.data(), d.size() * 4), put(e.data(), e.size() * 8), put(st.data(), st.size() * 4);
+                return all;
+            };
+            auto one = run(1), two = run(2);
+            EXPECT_EQ(one, two) << "len " << len;
+            mt::Threads t(2);
+            std::vector<Zam16s> a(static_cast<size_t>(len));
+            EXPECT_EQ(zamsSqrt_16s_Sfs(s.data(), a.data(), len, 0), zamStatusWarnSqrtNegative);
+            EXPECT_EQ(zamsSqrt_64s16s_Sfs(w.data(), a.data(), len, 0), zamStatusWarnSqrtNegative);
+        }
+    }
+}
+
+ZAMS_DIGEST(sqrt_all) {
+    auto s = zt::random_ints<Zam16s>(1200, 41);
+    auto w = zt::random_ints<Zam32s>(1200, 42);
+    auto v = zt::random_ints<Zam64s>(1200, 43);
+    auto f = zt::random_reals<Zam32f>(2400, 44, -1e5f, 1e5f);
+    auto g = zt::random_reals<Zam64f>(2400, 45, -1e5, 1e5);
+    std::vector<Zam16s> y16(1200);
+    std::vector<Zam16u> yu(1200);
+    std::vector<Zam8u> y8(1200);
+    std::vector<Zam64s> y64(1200);
+    std::vector<Zam32f> yf(2400);
+    std::vector<Zam64f> yg(2400);
+    for (int sf : {-20, -3, 0, 2, 7, 30}) {
+        d.status(zamsSqrt_16s_Sfs(s.data(), y16.data(), 1200, sf));
+        d.add(y16);
+        d.status(zamsSqrt_16u_Sfs(reinterpret_cast<Zam16u*>(s.data()), yu.data(), 1200, sf));
+        d.add(yu);
+        d.status(zamsSqrt_8u_Sfs(reinterpret_cast<Zam8u*>(s.data()), y8.data(), 1200, sf));
+        d.add(y8);
+        d.status(zamsSqrt_32s16s_Sfs(w.data(), y16.data(), 1200, sf));
+        d.add(y16);
+        d.status(zamsSqrt_64s16s_Sfs(v.data(), y16.data(), 1200, sf));
+        d.add(y16);
+        d.status(zamsSqrt_64s_Sfs(v.data(), y64.data(), 1200, sf));
+        d.add(y64);
+        d.status(zamsSqrt_16sc_Sfs(reinterpret_cast<Zam16sc*>(s.data()), reinterpret_cast<Zam16sc*>(y16.data()), 600, sf));
+        d.add(y16);
+    }
+    d.status(zamsSqrt_32f(f.data(), yf.data(), 2400));
+    d.add(yf);
+    d.status(zamsSqrt_64f(g.data(), yg.data(), 2400));
+    d.add(yg);
+    d.status(zamsSqrt_32fc(reinterpret_cast<Zam32fc*>(f.data()), reinterpret_cast<Zam32fc*>(yf.data()), 1200));
+    d.add(yf);
+    d.status(zamsSqrt_64fc(reinterpret_cast<Zam64fc*>(g.data()), reinterpret_cast<Zam64fc*>(yg.data()), 1200));
+    d.add(yg);
+}
+
+}  // namespace
