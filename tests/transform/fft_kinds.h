@@ -70,6 +70,11 @@ inline LD flag_scale(int flag, int order, bool inverse) {
 
 inline const int kFlags[] = {1, 2, 4, 8};
 
+// Where a spec built in caller memory starts: the first 64-byte boundary.
+inline uint8_t* fft_align(uint8_t* p) {
+    return reinterpret_cast<uint8_t*>((reinterpret_cast<uintptr_t>(p) + 63) & ~uintptr_t(63));
+}
+
 // ------------------------------------------------------------- kinds --
 #define FT_SPEC_FNS(K)                                                                  \
     using Spec = ZamsFFTSpec_##K;                                                       \
