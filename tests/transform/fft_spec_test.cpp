@@ -185,7 +185,7 @@ TEST(FftSpec, SqrtScale) {
 }
 
 ZAMS_DIGEST(fft_sizes) {
-    int a, b, c;
+    int a = 0, b = 0, c = 0;
     for (int order = -1; order <= 31; ++order)
         for (int flag : {1, 2, 4, 8, 3}) {
             d.status(zamsFFTGetSize_C_32fc(order, flag, 0, &a, &b, &c)); d.add(&a, 1); d.add(&b, 1); d.add(&c, 1);
