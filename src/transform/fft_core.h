@@ -296,7 +296,18 @@ template <class F, bool Inv> void pass(F* a, size_t base, size_t len, size_t L, 
 }
 
 // The whole transform of 2^M points from src into d (interleaved). With
-// Permuted, d already holds the bit-reversed input.
+// Permuted, d already holds the bit-reversed input. Passes run block by
+// block at two sizes: first-level cache blocks, then second-level ones.
+template <class F> constexpr size_t block2_points() { return sizeof(F) == 4 ? 32768 : 16384; }
+
+template <class F, bool Inv, bool Permuted, class Src>
+void run_block(const Src& src, F* d, const Plan<F>& pl, size_t blk, size_t B) {
+    const size_t gsize = (pl.M & 1) ? 8 : 4;
+    const size_t L0 = (pl.M & 1) ? 8 : 4;
+    first_pass<F, Inv, Permuted>(src, d, pl.M, blk / gsize, (blk + B) / gsize, pl.rev);
+    for (size_t L = L0; 4 * L <= B; L *= 4) pass<F, Inv>(d, blk, B, L, pl);
+}
+
 template <class F, bool Inv, bool Permuted, class Src> void run(const Src& src, F* d, const Plan<F>& pl) {
     const int M = pl.M;
     const size_t N = size_t(1) << M;
@@ -304,16 +315,55 @@ template <class F, bool Inv, bool Permuted, class Src> void run(const Src& src, 
         first_pass<F, Inv, Permuted>(src, d, M, 0, 1, nullptr);
         return;
     }
-    const size_t gsize = (M & 1) ? 8 : 4;
     const size_t L0 = (M & 1) ? 8 : 4;
     const size_t B = N < block_points<F>() ? N : block_points<F>();
-    for (size_t blk = 0; blk < N; blk += B) {
-        first_pass<F, Inv, Permuted>(src, d, M, blk / gsize, (blk + B) / gsize, pl.rev);
-        for (size_t L = L0; 4 * L <= B; L *= 4) pass<F, Inv>(d, blk, B, L, pl);
+    const size_t B2 = N < block2_points<F>() ? N : block2_points<F>();
+    for (size_t blk2 = 0; blk2 < N; blk2 += B2) {
+        for (size_t blk = blk2; blk < blk2 + B2; blk += B) run_block<F, Inv, Permuted>(src, d, pl, blk, B);
+        size_t L = L0;
+        while (4 * L <= B) L *= 4;
+        for (; 4 * L <= B2; L *= 4) pass<F, Inv>(d, blk2, B2, L, pl);
     }
     size_t L = L0;
-    while (4 * L <= B) L *= 4;
+    while (4 * L <= B2) L *= 4;
     for (; 4 * L <= N; L *= 4) pass<F, Inv>(d, 0, N, L, pl);
+}
+
+// Bit reversal of 2^M points (M >= 6) in tiles of 8 x 8: runs of 8 points
+// N/8 apart are read whole and written whole, so every cache line moves
+// once. Out of place, or in place by swapping a tile with its mirror.
+template <class F> inline void load_tile(const F* a, int M, size_t m, F (*t)[16]) {
+    for (size_t r = 0; r < 8; ++r) std::memcpy(t[r], a + 2 * ((r << (M - 3)) | (m << 3)), 16 * sizeof(F));
+}
+template <class F> inline void store_tile(F* a, int M, size_t rm, const F (*t)[16]) {
+    static constexpr int kRev3[8] = {0, 4, 2, 6, 1, 5, 3, 7};
+    for (size_t c = 0; c < 8; ++c) {
+        F* o = a + 2 * ((size_t(kRev3[c]) << (M - 3)) | (rm << 3));
+        for (size_t r = 0; r < 8; ++r) {
+            o[2 * kRev3[r]] = t[r][2 * c];
+            o[2 * kRev3[r] + 1] = t[r][2 * c + 1];
+        }
+    }
+}
+template <class F> void bitrev_tiles(const F* src, F* dst, int M) {
+    const size_t mids = size_t(1) << (M - 6);
+    alignas(32) F t[8][16];
+    for (size_t m = 0; m < mids; ++m) {
+        load_tile(src, M, m, t);
+        store_tile(dst, M, rev_bits(uint32_t(m), M - 6), t);
+    }
+}
+template <class F> void bitrev_tiles_inplace(F* a, int M) {
+    const size_t mids = size_t(1) << (M - 6);
+    alignas(32) F t[8][16], u[8][16];
+    for (size_t m = 0; m < mids; ++m) {
+        const size_t rm = rev_bits(uint32_t(m), M - 6);
+        if (rm < m) continue;
+        load_tile(a, M, m, t);
+        if (rm != m) load_tile(a, M, rm, u);
+        store_tile(a, M, rm, t);
+        if (rm != m) store_tile(a, M, m, u);
+    }
 }
 
 // In-place bit reversal of 2^M interleaved points.
@@ -436,17 +486,20 @@ struct WorkBuf {
     ~WorkBuf() { if (own) zamsFree(p); }
 };
 
-// Interleaved transform of a plan, src may be dst. `work` holds 2^M complex
-// values unless the plan is large (then in place needs no buffer).
+// Interleaved transform of a plan, src may be dst. Long transforms first
+// reverse the order in tiles; shorter ones fuse the reversal into the
+// first pass and copy an in-place source to `work` (2^M complex values).
+inline constexpr int kTiledOrder = 13;
 template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F* dst, F* work) {
-    if (src != dst) {
+    if (pl.M >= kTiledOrder) {
+        if (src != dst) bitrev_tiles(src, dst, pl.M);
+        else bitrev_tiles_inplace(dst, pl.M);
+        run<F, Inv, true>(Interleaved<F>{dst}, dst, pl);
+    } else if (src != dst) {
         run<F, Inv, false>(Interleaved<F>{src}, dst, pl);
-    } else if (pl.top == nullptr) {
+    } else {
         std::memcpy(work, src, (size_t(2) << pl.M) * sizeof(F));
         run<F, Inv, false>(Interleaved<F>{work}, dst, pl);
-    } else {
-        bitrev_inplace(dst, pl.M);
-        run<F, Inv, true>(Interleaved<F>{dst}, dst, pl);
     }
 }
 

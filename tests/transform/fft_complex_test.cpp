@@ -126,8 +126,8 @@ TEST(FftComplex, LargeOrders) {
 }
 
 #ifdef ZAMS_TEST_FFTW
-// Whole transforms against FFTW (long double plans are not needed: FFTW's
-// double result is far more accurate than the bound).
+// Whole transforms against FFTW's double transform, whose error is far
+// below the bounds; compared in double to keep the largest orders quick.
 template <class K> double vs_fftw(int order, bool inverse, bool inplace) {
     using F = typename K::F;
     const size_t n = size_t(1) << order;
@@ -141,19 +141,23 @@ template <class K> double vs_fftw(int order, bool inverse, bool inplace) {
     EXPECT_EQ(os.build(order, 8), zamStatusOk);
     std::vector<F> y(2 * n);
     EXPECT_EQ(call<K>(inverse, inplace, x.data(), y.data(), os.spec, nullptr, n), zamStatusOk);
-    std::vector<CL> ref(n);
-    for (size_t i = 0; i < n; ++i) ref[i] = CL(out[i][0], out[i][1]);
-    return rel_rms(to_cl(y.data(), n), ref);
+    double e = 0, r = 0;
+    for (size_t i = 0; i < n; ++i) {
+        const double dr = double(y[2 * i]) - out[i][0], di = double(y[2 * i + 1]) - out[i][1];
+        e += dr * dr + di * di;
+        r += out[i][0] * out[i][0] + out[i][1] * out[i][1];
+    }
+    return std::sqrt(e / r);
 }
 
 TEST(FftComplex, AgainstFftwUpTo2p22) {
-    for (int order : {12, 17, 18, 19, 21, 22}) {
+    for (int order : {12, 17, 18, 19, 22}) {
         EXPECT_LE(vs_fftw<C32fc>(order, false, order & 1), bound<float>(order)) << order;
         EXPECT_LE(vs_fftw<C32fc>(order, true, !(order & 1)), bound<float>(order)) << order;
-        EXPECT_LE(vs_fftw<C64fc>(order, order & 1, false), bound<double>(order)) << order;
     }
+    for (int order : {13, 17, 18, 20}) EXPECT_LE(vs_fftw<C64fc>(order, order & 1, !(order & 1)), bound<double>(order)) << order;
     EXPECT_LE(vs_fftw<C32f>(20, true, true), bound<float>(20));
-    EXPECT_LE(vs_fftw<C64f>(20, false, false), bound<double>(20));
+    EXPECT_LE(vs_fftw<C64f>(19, false, false), bound<double>(19));
 }
 #endif
 
