@@ -98,6 +98,101 @@ ZAMSAPI zamStatus zamsFFTFwd_RToCCS_64f_I(Zam64f* pSrcDst, const ZamsFFTSpec_R_6
 ZAMSAPI zamStatus zamsFFTInv_CCSToR_64f(const Zam64f* pSrc, Zam64f* pDst, const ZamsFFTSpec_R_64f* pSpec, Zam8u* pBuffer);
 ZAMSAPI zamStatus zamsFFTInv_CCSToR_64f_I(Zam64f* pSrcDst, const ZamsFFTSpec_R_64f* pSpec, Zam8u* pBuffer);
 
+/* Integer kinds: 16-bit over 32-bit float specs (orders 1 to 3 of hint 0 or 1
+ * transform directly), 32-bit over 64-bit float specs. Results are scaled by
+ * 2^-scaleFactor, rounded to nearest even and saturated. */
+typedef struct ZamsFFTSpec_C_16sc ZamsFFTSpec_C_16sc;
+typedef struct ZamsFFTSpec_C_16s ZamsFFTSpec_C_16s;
+typedef struct ZamsFFTSpec_R_16s ZamsFFTSpec_R_16s;
+typedef struct ZamsFFTSpec_C_32s ZamsFFTSpec_C_32s;
+typedef struct ZamsFFTSpec_C_32sc ZamsFFTSpec_C_32sc;
+typedef struct ZamsFFTSpec_R_32s ZamsFFTSpec_R_32s;
+typedef struct ZamsFFTSpec_R_16s32s ZamsFFTSpec_R_16s32s;
+
+ZAMSAPI zamStatus zamsFFTGetSize_C_16sc(int order, int flag, int hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTInit_C_16sc(ZamsFFTSpec_C_16sc** ppSpec, int order, int flag, int hint, Zam8u* pMemSpec, Zam8u* pSpecBuffer);
+ZAMSAPI zamStatus zamsFFTInitAlloc_C_16sc(ZamsFFTSpec_C_16sc** ppSpec, int order, int flag, int hint);
+ZAMSAPI zamStatus zamsFFTGetBufSize_C_16sc(const ZamsFFTSpec_C_16sc* pSpec, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTFree_C_16sc(ZamsFFTSpec_C_16sc* pSpec);
+ZAMSAPI zamStatus zamsFFTFwd_CToC_16sc_Sfs(const Zam16sc* pSrc, Zam16sc* pDst, const ZamsFFTSpec_C_16sc* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_CToC_16sc_ISfs(Zam16sc* pSrcDst, const ZamsFFTSpec_C_16sc* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CToC_16sc_Sfs(const Zam16sc* pSrc, Zam16sc* pDst, const ZamsFFTSpec_C_16sc* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CToC_16sc_ISfs(Zam16sc* pSrcDst, const ZamsFFTSpec_C_16sc* pSpec, int scaleFactor, Zam8u* pBuffer);
+
+ZAMSAPI zamStatus zamsFFTGetSize_C_16s(int order, int flag, int hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTInit_C_16s(ZamsFFTSpec_C_16s** ppSpec, int order, int flag, int hint, Zam8u* pMemSpec, Zam8u* pSpecBuffer);
+ZAMSAPI zamStatus zamsFFTInitAlloc_C_16s(ZamsFFTSpec_C_16s** ppSpec, int order, int flag, int hint);
+ZAMSAPI zamStatus zamsFFTGetBufSize_C_16s(const ZamsFFTSpec_C_16s* pSpec, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTFree_C_16s(ZamsFFTSpec_C_16s* pSpec);
+ZAMSAPI zamStatus zamsFFTFwd_CToC_16s_Sfs(const Zam16s* pSrcRe, const Zam16s* pSrcIm, Zam16s* pDstRe, Zam16s* pDstIm, const ZamsFFTSpec_C_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_CToC_16s_ISfs(Zam16s* pSrcDstRe, Zam16s* pSrcDstIm, const ZamsFFTSpec_C_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CToC_16s_Sfs(const Zam16s* pSrcRe, const Zam16s* pSrcIm, Zam16s* pDstRe, Zam16s* pDstIm, const ZamsFFTSpec_C_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CToC_16s_ISfs(Zam16s* pSrcDstRe, Zam16s* pSrcDstIm, const ZamsFFTSpec_C_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+
+ZAMSAPI zamStatus zamsFFTGetSize_R_16s(int order, int flag, int hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTInit_R_16s(ZamsFFTSpec_R_16s** ppSpec, int order, int flag, int hint, Zam8u* pMemSpec, Zam8u* pSpecBuffer);
+ZAMSAPI zamStatus zamsFFTInitAlloc_R_16s(ZamsFFTSpec_R_16s** ppSpec, int order, int flag, int hint);
+ZAMSAPI zamStatus zamsFFTGetBufSize_R_16s(const ZamsFFTSpec_R_16s* pSpec, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTFree_R_16s(ZamsFFTSpec_R_16s* pSpec);
+ZAMSAPI zamStatus zamsFFTFwd_RToPerm_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_RToPerm_16s_ISfs(Zam16s* pSrcDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_PermToR_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_PermToR_16s_ISfs(Zam16s* pSrcDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_RToPack_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_RToPack_16s_ISfs(Zam16s* pSrcDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_PackToR_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_PackToR_16s_ISfs(Zam16s* pSrcDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_RToCCS_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_RToCCS_16s_ISfs(Zam16s* pSrcDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CCSToR_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CCSToR_16s_ISfs(Zam16s* pSrcDst, const ZamsFFTSpec_R_16s* pSpec, int scaleFactor, Zam8u* pBuffer);
+
+ZAMSAPI zamStatus zamsFFTGetSize_C_32s(int order, int flag, int hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTInit_C_32s(ZamsFFTSpec_C_32s** ppSpec, int order, int flag, int hint, Zam8u* pMemSpec, Zam8u* pSpecBuffer);
+ZAMSAPI zamStatus zamsFFTInitAlloc_C_32s(ZamsFFTSpec_C_32s** ppSpec, int order, int flag, int hint);
+ZAMSAPI zamStatus zamsFFTGetBufSize_C_32s(const ZamsFFTSpec_C_32s* pSpec, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTFree_C_32s(ZamsFFTSpec_C_32s* pSpec);
+ZAMSAPI zamStatus zamsFFTFwd_CToC_32s_Sfs(const Zam32s* pSrcRe, const Zam32s* pSrcIm, Zam32s* pDstRe, Zam32s* pDstIm, const ZamsFFTSpec_C_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_CToC_32s_ISfs(Zam32s* pSrcDstRe, Zam32s* pSrcDstIm, const ZamsFFTSpec_C_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CToC_32s_Sfs(const Zam32s* pSrcRe, const Zam32s* pSrcIm, Zam32s* pDstRe, Zam32s* pDstIm, const ZamsFFTSpec_C_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CToC_32s_ISfs(Zam32s* pSrcDstRe, Zam32s* pSrcDstIm, const ZamsFFTSpec_C_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+
+ZAMSAPI zamStatus zamsFFTGetSize_C_32sc(int order, int flag, int hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTInit_C_32sc(ZamsFFTSpec_C_32sc** ppSpec, int order, int flag, int hint, Zam8u* pMemSpec, Zam8u* pSpecBuffer);
+ZAMSAPI zamStatus zamsFFTInitAlloc_C_32sc(ZamsFFTSpec_C_32sc** ppSpec, int order, int flag, int hint);
+ZAMSAPI zamStatus zamsFFTGetBufSize_C_32sc(const ZamsFFTSpec_C_32sc* pSpec, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTFree_C_32sc(ZamsFFTSpec_C_32sc* pSpec);
+ZAMSAPI zamStatus zamsFFTFwd_CToC_32sc_Sfs(const Zam32sc* pSrc, Zam32sc* pDst, const ZamsFFTSpec_C_32sc* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_CToC_32sc_ISfs(Zam32sc* pSrcDst, const ZamsFFTSpec_C_32sc* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CToC_32sc_Sfs(const Zam32sc* pSrc, Zam32sc* pDst, const ZamsFFTSpec_C_32sc* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CToC_32sc_ISfs(Zam32sc* pSrcDst, const ZamsFFTSpec_C_32sc* pSpec, int scaleFactor, Zam8u* pBuffer);
+
+ZAMSAPI zamStatus zamsFFTGetSize_R_32s(int order, int flag, int hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTInit_R_32s(ZamsFFTSpec_R_32s** ppSpec, int order, int flag, int hint, Zam8u* pMemSpec, Zam8u* pSpecBuffer);
+ZAMSAPI zamStatus zamsFFTInitAlloc_R_32s(ZamsFFTSpec_R_32s** ppSpec, int order, int flag, int hint);
+ZAMSAPI zamStatus zamsFFTGetBufSize_R_32s(const ZamsFFTSpec_R_32s* pSpec, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTFree_R_32s(ZamsFFTSpec_R_32s* pSpec);
+ZAMSAPI zamStatus zamsFFTFwd_RToPerm_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_RToPerm_32s_ISfs(Zam32s* pSrcDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_PermToR_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_PermToR_32s_ISfs(Zam32s* pSrcDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_RToPack_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_RToPack_32s_ISfs(Zam32s* pSrcDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_PackToR_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_PackToR_32s_ISfs(Zam32s* pSrcDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_RToCCS_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTFwd_RToCCS_32s_ISfs(Zam32s* pSrcDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CCSToR_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CCSToR_32s_ISfs(Zam32s* pSrcDst, const ZamsFFTSpec_R_32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+
+ZAMSAPI zamStatus zamsFFTGetSize_R_16s32s(int order, int flag, int hint, int* pSpecSize, int* pSpecBufferSize, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTInit_R_16s32s(ZamsFFTSpec_R_16s32s** ppSpec, int order, int flag, int hint, Zam8u* pMemSpec, Zam8u* pSpecBuffer);
+ZAMSAPI zamStatus zamsFFTInitAlloc_R_16s32s(ZamsFFTSpec_R_16s32s** ppSpec, int order, int flag, int hint);
+ZAMSAPI zamStatus zamsFFTGetBufSize_R_16s32s(const ZamsFFTSpec_R_16s32s* pSpec, int* pBufferSize);
+ZAMSAPI zamStatus zamsFFTFree_R_16s32s(ZamsFFTSpec_R_16s32s* pSpec);
+ZAMSAPI zamStatus zamsFFTFwd_RToCCS_16s32s_Sfs(const Zam16s* pSrc, Zam32s* pDst, const ZamsFFTSpec_R_16s32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFFTInv_CCSToR_32s16s_Sfs(const Zam32s* pSrc, Zam16s* pDst, const ZamsFFTSpec_R_16s32s* pSpec, int scaleFactor, Zam8u* pBuffer);
+
 /* Packed spectra: products and expansion to a full conjugate-symmetric spectrum. */
 ZAMSAPI zamStatus zamsMulPack_32f(const Zam32f* pSrc1, const Zam32f* pSrc2, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsMulPack_32f_I(const Zam32f* pSrc, Zam32f* pSrcDst, int len);
