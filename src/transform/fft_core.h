@@ -19,6 +19,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #include "../common/trig.h"
 #include "zams.h"
@@ -172,6 +173,186 @@ template <class F> struct Split {
     void get(size_t i, F& r, F& m) const { r = re[i]; m = im[i]; }
 };
 
+// Vector form of the even-order first pass: W groups at once, lanes
+// gathered from the bit-reversed positions, outputs transposed so each
+// group's four results are stored together.
+template <class F> struct FirstVec;
+template <> struct FirstVec<float> {
+    static constexpr size_t W = 4;
+    static __m256 gather(const float* p, const size_t* at) {
+        __m128d lo = _mm_loadh_pd(_mm_load_sd(reinterpret_cast<const double*>(p + 2 * at[0])), reinterpret_cast<const double*>(p + 2 * at[1]));
+        __m128d hi = _mm_loadh_pd(_mm_load_sd(reinterpret_cast<const double*>(p + 2 * at[2])), reinterpret_cast<const double*>(p + 2 * at[3]));
+        return _mm256_castpd_ps(_mm256_insertf128_pd(_mm256_castpd128_pd256(lo), hi, 1));
+    }
+    // 4 x 4 transpose of complex values: (y0..y3)[l] -> out[l]
+    static void transpose(__m256& a, __m256& b, __m256& c, __m256& d) {
+        __m256d t0 = _mm256_unpacklo_pd(_mm256_castps_pd(a), _mm256_castps_pd(b));
+        __m256d t1 = _mm256_unpackhi_pd(_mm256_castps_pd(a), _mm256_castps_pd(b));
+        __m256d t2 = _mm256_unpacklo_pd(_mm256_castps_pd(c), _mm256_castps_pd(d));
+        __m256d t3 = _mm256_unpackhi_pd(_mm256_castps_pd(c), _mm256_castps_pd(d));
+        a = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x20));
+        b = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x20));
+        c = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x31));
+        d = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x31));
+    }
+    static void store(float* y, __m256 a, __m256 b, __m256 c, __m256 d) {
+        transpose(a, b, c, d);
+        _mm256_storeu_ps(y, a);
+        _mm256_storeu_ps(y + 8, b);
+        _mm256_storeu_ps(y + 16, c);
+        _mm256_storeu_ps(y + 24, d);
+    }
+    // eight outputs a group: two transposes, rows 16 floats apart
+    static void store2(float* y, const __m256* o) {
+        __m256 a = o[0], b = o[1], c = o[2], d = o[3], e = o[4], f = o[5], g = o[6], h = o[7];
+        transpose(a, b, c, d);
+        transpose(e, f, g, h);
+        _mm256_storeu_ps(y, a); _mm256_storeu_ps(y + 8, e);
+        _mm256_storeu_ps(y + 16, b); _mm256_storeu_ps(y + 24, f);
+        _mm256_storeu_ps(y + 32, c); _mm256_storeu_ps(y + 40, g);
+        _mm256_storeu_ps(y + 48, d); _mm256_storeu_ps(y + 56, h);
+    }
+    static void load2(const float* y, __m256* x) {
+        x[0] = _mm256_loadu_ps(y); x[4] = _mm256_loadu_ps(y + 8);
+        x[1] = _mm256_loadu_ps(y + 16); x[5] = _mm256_loadu_ps(y + 24);
+        x[2] = _mm256_loadu_ps(y + 32); x[6] = _mm256_loadu_ps(y + 40);
+        x[3] = _mm256_loadu_ps(y + 48); x[7] = _mm256_loadu_ps(y + 56);
+        transpose(x[0], x[1], x[2], x[3]);
+        transpose(x[4], x[5], x[6], x[7]);
+    }
+    static void load(const float* y, __m256& a, __m256& b, __m256& c, __m256& d) {
+        a = _mm256_loadu_ps(y); b = _mm256_loadu_ps(y + 8); c = _mm256_loadu_ps(y + 16); d = _mm256_loadu_ps(y + 24);
+        transpose(a, b, c, d);
+    }
+};
+template <> struct FirstVec<double> {
+    static constexpr size_t W = 2;
+    static __m256d gather(const double* p, const size_t* at) {
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(p + 2 * at[0])), _mm_loadu_pd(p + 2 * at[1]), 1);
+    }
+    static void store(double* y, __m256d a, __m256d b, __m256d c, __m256d d) {
+        _mm256_storeu_pd(y, _mm256_permute2f128_pd(a, b, 0x20));
+        _mm256_storeu_pd(y + 4, _mm256_permute2f128_pd(c, d, 0x20));
+        _mm256_storeu_pd(y + 8, _mm256_permute2f128_pd(a, b, 0x31));
+        _mm256_storeu_pd(y + 12, _mm256_permute2f128_pd(c, d, 0x31));
+    }
+    static void store2(double* y, const __m256d* o) {
+        for (int l = 0; l < 2; ++l)
+            for (int k = 0; k < 4; ++k)
+                _mm256_storeu_pd(y + 16 * l + 4 * k, _mm256_permute2f128_pd(o[2 * k], o[2 * k + 1], l ? 0x31 : 0x20));
+    }
+    static void load2(const double* y, __m256d* x) {
+        for (int k = 0; k < 4; ++k) {
+            __m256d u = _mm256_loadu_pd(y + 4 * k), v = _mm256_loadu_pd(y + 16 + 4 * k);
+            x[2 * k] = _mm256_permute2f128_pd(u, v, 0x20);
+            x[2 * k + 1] = _mm256_permute2f128_pd(u, v, 0x31);
+        }
+    }
+    static void load(const double* y, __m256d& a, __m256d& b, __m256d& c, __m256d& d) {
+        __m256d u0 = _mm256_loadu_pd(y), u1 = _mm256_loadu_pd(y + 4), u2 = _mm256_loadu_pd(y + 8), u3 = _mm256_loadu_pd(y + 12);
+        a = _mm256_permute2f128_pd(u0, u2, 0x20);
+        b = _mm256_permute2f128_pd(u0, u2, 0x31);
+        c = _mm256_permute2f128_pd(u1, u3, 0x20);
+        d = _mm256_permute2f128_pd(u1, u3, 0x31);
+    }
+};
+
+// Groups [g0, g0 + k W) of the even-order first pass; returns the next group.
+template <class F, bool Inv, bool Permuted, class Src>
+size_t first_pass_vec(const Src& src, F* d, int M, size_t g0, size_t g1, const uint32_t* rev) {
+    using T = VT<F>;
+    using FV = FirstVec<F>;
+    constexpr size_t W = FV::W;
+    const size_t Q = (size_t(1) << M) / 4;
+    size_t g = g0;
+    for (; g + W <= g1; g += W) {
+        typename T::V a0, a1, a2, a3;
+        F* y = d + 8 * g;
+        if constexpr (Permuted) {
+            FV::load(y, a0, a1, a2, a3);
+        } else {
+            size_t at[W];
+            for (size_t l = 0; l < W; ++l) at[l] = rev ? rev[g + l] : rev_bits(uint32_t(g + l), M - 2);
+            a0 = FV::gather(src.p, at);
+            for (size_t l = 0; l < W; ++l) at[l] += 2 * Q;
+            a1 = FV::gather(src.p, at);
+            for (size_t l = 0; l < W; ++l) at[l] -= Q;
+            a2 = FV::gather(src.p, at);
+            for (size_t l = 0; l < W; ++l) at[l] += 2 * Q;
+            a3 = FV::gather(src.p, at);
+        }
+        const auto c0 = T::add(a0, a1), c1 = T::sub(a0, a1), c2 = T::add(a2, a3);
+        const auto t = mul_negi<F>(T::sub(a2, a3));
+        const auto y0 = T::add(c0, c2), y2 = T::sub(c0, c2);
+        const auto y1 = Inv ? T::sub(c1, t) : T::add(c1, t);
+        const auto y3 = Inv ? T::add(c1, t) : T::sub(c1, t);
+        FV::store(y, y0, y1, y2, y3);
+    }
+    return g;
+}
+
+// Vector form of the odd-order first pass (radix 2, then radix 4 of span 2).
+template <class F> inline typename VT<F>::V blend_re_im(typename VT<F>::V re_from, typename VT<F>::V im_from) {
+    if constexpr (sizeof(F) == 4) return _mm256_blend_ps(re_from, im_from, 0xAA);
+    else return _mm256_blend_pd(re_from, im_from, 0xA);
+}
+
+template <class F, bool Inv, bool Permuted, class Src>
+size_t first_pass_vec8(const Src& src, F* d, int M, size_t g0, size_t g1, const uint32_t* rev) {
+    using T = VT<F>;
+    using FV = FirstVec<F>;
+    constexpr size_t W = FV::W;
+    const size_t E = (size_t(1) << M) / 8;
+    static constexpr int kRev3[8] = {0, 4, 2, 6, 1, 5, 3, 7};
+    const auto h = T::set1(F(0.70710678118654752440));
+    size_t g = g0;
+    for (; g + W <= g1; g += W) {
+        typename T::V x[8];
+        F* y = d + 16 * g;
+        if constexpr (Permuted) {
+            FV::load2(y, x);
+        } else {
+            size_t r[W], at[W];
+            for (size_t l = 0; l < W; ++l) r[l] = rev ? rev[g + l] : rev_bits(uint32_t(g + l), M - 3);
+            for (int q = 0; q < 8; ++q) {
+                for (size_t l = 0; l < W; ++l) at[l] = r[l] + size_t(kRev3[q]) * E;
+                x[q] = FV::gather(src.p, at);
+            }
+        }
+        typename T::V b[8];
+        for (int k = 0; k < 4; ++k) {
+            b[2 * k] = T::add(x[2 * k], x[2 * k + 1]);
+            b[2 * k + 1] = T::sub(x[2 * k], x[2 * k + 1]);
+        }
+        typename T::V o[8];
+        for (int j = 0; j < 2; ++j) {
+            auto a0 = b[j], a1 = b[2 + j], a2 = b[4 + j], a3 = b[6 + j];
+            if (j == 1) {
+                a1 = mul_negi<F>(a1);
+                if constexpr (Inv) a1 = T::xr(a1, T::allsign());
+                const auto s2 = T::swap(a2), s3 = T::swap(a3);
+                const auto p2 = T::add(a2, s2), m2 = T::sub(a2, s2);
+                const auto p3 = T::add(a3, s3), n3 = T::sub(s3, a3);
+                if constexpr (Inv) {
+                    a2 = T::mul(blend_re_im<F>(m2, p2), h);
+                    a3 = T::mul(blend_re_im<F>(T::xr(p3, T::allsign()), n3), h);
+                } else {
+                    a2 = T::mul(blend_re_im<F>(p2, m2), h);
+                    a3 = T::mul(blend_re_im<F>(n3, T::xr(p3, T::allsign())), h);
+                }
+            }
+            const auto c0 = T::add(a0, a1), c1 = T::sub(a0, a1), c2 = T::add(a2, a3);
+            const auto t = mul_negi<F>(T::sub(a2, a3));
+            o[j] = T::add(c0, c2);
+            o[4 + j] = T::sub(c0, c2);
+            o[2 + j] = Inv ? T::sub(c1, t) : T::add(c1, t);
+            o[6 + j] = Inv ? T::add(c1, t) : T::sub(c1, t);
+        }
+        FV::store2(y, o);
+    }
+    return g;
+}
+
 // Groups [g0, g1) of the first pass. With Permuted the destination already
 // holds the bit-reversed input (in-place large orders) and is read in place.
 template <class F, bool Inv, bool Permuted, class Src>
@@ -190,6 +371,7 @@ void first_pass(const Src& src, F* d, int M, size_t g0, size_t g1, const uint32_
     }
     if ((M & 1) == 0) {
         const size_t Q = N / 4;
+        if constexpr (std::is_same_v<Src, Interleaved<F>>) g0 = first_pass_vec<F, Inv, Permuted>(src, d, M, g0, g1, rev);
         for (size_t g = g0; g < g1; ++g) {
             F* y = d + 8 * g;
             F a0r, a0i, a1r, a1i, a2r, a2i, a3r, a3i;
@@ -215,6 +397,7 @@ void first_pass(const Src& src, F* d, int M, size_t g0, size_t g1, const uint32_
     // Odd order: radix-2 pairs, then a radix-4 pass of span 2 (radix 8).
     const size_t E = N / 8;
     const F h = F(0.70710678118654752440);
+    if constexpr (std::is_same_v<Src, Interleaved<F>>) g0 = first_pass_vec8<F, Inv, Permuted>(src, d, M, g0, g1, rev);
     for (size_t g = g0; g < g1; ++g) {
         F* y = d + 16 * g;
         F xr[8], xi[8];

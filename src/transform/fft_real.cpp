@@ -40,13 +40,72 @@ template <class F> Recomb<F> recomb_of(const Hdr<F>* h, int R) {
     return r;
 }
 
+// Recombination of the pairs (k, N/2 - k) for k in [k0, k1): vectors of W
+// values of k against the mirrored vectors, reversed in the register.
+template <class F> inline typename VT<F>::V reverse_cplx(typename VT<F>::V v) {
+    if constexpr (sizeof(F) == 4) {
+        __m256 r = _mm256_permute2f128_ps(v, v, 0x01);
+        return _mm256_shuffle_ps(r, r, 0x4E);
+    } else {
+        return _mm256_permute2f128_pd(v, v, 0x01);
+    }
+}
+template <class F> inline typename VT<F>::V blend_im(typename VT<F>::V re_from, typename VT<F>::V im_from) {
+    if constexpr (sizeof(F) == 4) return _mm256_blend_ps(re_from, im_from, 0xAA);
+    else return _mm256_blend_pd(re_from, im_from, 0xA);
+}
+
+template <class F> inline typename VT<F>::V load_w(const Recomb<F>& w, size_t k) {
+    using T = VT<F>;
+    if (!w.coarse) return T::ld(w.t + 2 * k);
+    alignas(32) F t[2 * T::W];
+    for (int i = 0; i < T::W; ++i) w.get(k + i, t[2 * i], t[2 * i + 1]);
+    return T::ld(t);
+}
+
+// Returns the first k left for the scalar loop.
+template <class F, bool Inv> size_t recombine_vec(F* d, size_t H, const Recomb<F>& w) {
+    using T = VT<F>;
+    constexpr size_t W = T::W;
+    if (w.step != 1) return 1;
+    const auto half = T::set1(F(0.5));
+    const auto imneg = T::imsign();
+    size_t k = 1;
+    // pairs k..k+W-1 and H-k-W+1..H-k must not overlap
+    for (; k + W - 1 < H - (k + W - 1); k += W) {
+        F* pa = d + 2 * k;
+        F* pb = d + 2 * (H - k - (W - 1));
+        const auto A = T::ld(pa);
+        const auto Bc = T::xr(reverse_cplx<F>(T::ld(pb)), imneg);  // conj, in k order
+        const auto wk = load_w(w, k);
+        typename T::V lo, hi;
+        if constexpr (!Inv) {
+            const auto E = T::mul(T::add(A, Bc), half);
+            const auto D = T::mul(T::sub(A, Bc), half);
+            const auto WO = cmul<F, false>(mul_negi<F>(D), wk);
+            lo = T::add(E, WO);
+            hi = blend_im<F>(T::sub(E, WO), T::sub(WO, E));
+        } else {
+            const auto E = T::add(A, Bc);
+            const auto D = T::sub(A, Bc);
+            const auto V = cmul<F, true>(D, wk);
+            const auto iV = T::xr(T::swap(V), T::xr(imneg, T::allsign()));  // (-V.im, V.re)
+            lo = T::add(E, iV);
+            hi = blend_im<F>(T::sub(E, iV), T::sub(iV, E));
+        }
+        T::st(pa, lo);
+        T::st(pb, reverse_cplx<F>(hi));
+    }
+    return k;
+}
+
 // Half-length spectrum Z in d (N/2 complex) to the Perm spectrum, in place.
 template <class F> void recombine_fwd(F* d, size_t N, const Recomb<F>& w) {
     const F a = d[0], b = d[1];
     d[0] = a + b;
     d[1] = a - b;
     const size_t H = N / 2;
-    for (size_t k = 1; 2 * k <= H; ++k) {
+    for (size_t k = recombine_vec<F, false>(d, H, w); 2 * k <= H; ++k) {
         const size_t k2 = H - k;
         const F ar = d[2 * k], ai = d[2 * k + 1], br = d[2 * k2], bi = d[2 * k2 + 1];
         const F er = (ar + br) * F(0.5), ei = (ai - bi) * F(0.5);
@@ -55,7 +114,7 @@ template <class F> void recombine_fwd(F* d, size_t N, const Recomb<F>& w) {
         const F orr = di, oi = -dr;
         F wr, wi;
         w.get(k, wr, wi);
-        const F xr = wr * orr - wi * oi, xi = wr * oi + wi * orr;
+        const F xr = orr * wr - oi * wi, xi = oi * wr + orr * wi;
         d[2 * k2] = er - xr;
         d[2 * k2 + 1] = xi - ei;
         d[2 * k] = er + xr;
@@ -69,7 +128,7 @@ template <class F> void recombine_inv(F* d, size_t N, const Recomb<F>& w) {
     d[0] = a + b;
     d[1] = a - b;
     const size_t H = N / 2;
-    for (size_t k = 1; 2 * k <= H; ++k) {
+    for (size_t k = recombine_vec<F, true>(d, H, w); 2 * k <= H; ++k) {
         const size_t k2 = H - k;
         const F ar = d[2 * k], ai = d[2 * k + 1], br = d[2 * k2], bi = d[2 * k2 + 1];
         const F er = ar + br, ei = ai - bi;
@@ -77,7 +136,7 @@ template <class F> void recombine_inv(F* d, size_t N, const Recomb<F>& w) {
         F wr, wi;
         w.get(k, wr, wi);
         // V = conj(W^k) D; i V = (-V.im, V.re)
-        const F vr = wr * dr + wi * di, vi = wr * di - wi * dr;
+        const F vr = dr * wr + di * wi, vi = di * wr - dr * wi;
         const F ivr = -vi, ivi = vr;
         d[2 * k2] = er - ivr;
         d[2 * k2 + 1] = ivi - ei;
