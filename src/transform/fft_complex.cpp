@@ -4,14 +4,6 @@
 namespace zams::fft {
 namespace {
 
-template <class F> const Hdr<F>* checked(const void* spec, int32_t id, zamStatus& s) {
-    if (!spec) { s = zamStatusNullPointer; return nullptr; }
-    const Hdr<F>* h = static_cast<const Hdr<F>*>(spec);
-    if (h->id != id) { s = zamStatusContextMismatch; return nullptr; }
-    s = zamStatusOk;
-    return h;
-}
-
 template <class F, bool Inv> zamStatus cfft_c(const F* src, F* dst, const void* spec, uint8_t* buf, int32_t id) {
     zamStatus s;
     const Hdr<F>* h = checked<F>(spec, id, s);

@@ -669,6 +669,39 @@ struct WorkBuf {
     ~WorkBuf() { if (own) zamsFree(p); }
 };
 
+// A transform's spec: null gives -8, another kind's or a freed one -17.
+template <class F> const Hdr<F>* checked(const void* spec, int32_t id, zamStatus& s) {
+    if (!spec) { s = zamStatusNullPointer; return nullptr; }
+    const Hdr<F>* h = static_cast<const Hdr<F>*>(spec);
+    if (h->id != id) { s = zamStatusContextMismatch; return nullptr; }
+    s = zamStatusOk;
+    return h;
+}
+
+// The allocating build of every kind: the spec block and the temporary
+// build block from zamsMalloc_8u, the build, the temporary released. The
+// allocator's blocks are 64-byte aligned, so the spec starts its block and
+// Free can release it. Returns the spec or null with the status.
+template <class Build> void* alloc_build(int specSize, int bufSize, Build build, zamStatus& s) {
+    uint8_t* mem = zamsMalloc_8u(specSize);
+    if (!mem) { s = zamStatusNoMemory; return nullptr; }
+    uint8_t* tmp = nullptr;
+    if (bufSize >= 1 && !(tmp = zamsMalloc_8u(bufSize))) {
+        zamsFree(mem);
+        s = zamStatusNoMemory;
+        return nullptr;
+    }
+    void* spec = nullptr;
+    s = build(&spec, mem, tmp);
+    if (tmp) zamsFree(tmp);
+    if (s != zamStatusOk || spec != mem) {
+        zamsFree(mem);
+        if (s == zamStatusOk) s = zamStatusNoMemory;
+        return nullptr;
+    }
+    return spec;
+}
+
 // Interleaved transform of a plan, src may be dst. Long transforms first
 // reverse the order in tiles; shorter ones fuse the reversal into the
 // first pass and copy an in-place source to `work` (2^M complex values).

@@ -94,6 +94,18 @@ zamStatus get_size(Kind k, int order, int flag, int hint, int* ps, int* pb, int*
 }
 
 // -------------------------------------------------------------- building --
+// The inner floating spec behind the header (flag as given, hint 0) and the
+// work size: the inner transform's buffer behind the conversion area.
+zamStatus build_inner(Kind k, uint8_t* base, int order, int flag, uint8_t* specBuf, uint32_t& offInner, int32_t& work) {
+    void* inner = nullptr;
+    if (zamStatus e = inner_of(k).init(&inner, order, flag, 0, base + 64, specBuf)) return e;
+    offInner = uint32_t(static_cast<uint8_t*>(inner) - base);
+    int w = 0;
+    inner_of(k).buf_size(inner, &w);
+    work = int32_t(w + conv_bytes(k, int64_t(1) << order));
+    return zamStatusOk;
+}
+
 zamStatus init(Kind k, void** pp, int order, int flag, int hint, uint8_t* mem, uint8_t* specBuf, int32_t id) {
     if (!pp) return zamStatusNullPointer;
     if (static_cast<unsigned>(order) > 30u) return zamStatusBadFftOrder;
@@ -119,13 +131,7 @@ zamStatus init(Kind k, void** pp, int order, int flag, int hint, uint8_t* mem, u
                 h->work = int32_t(k == Kind::R16s ? 4 * n + 8 : (k == Kind::C16s ? 12 : 8) * n);
             } else {
                 h->innerFloat = 1;
-                h->offInner = 64;
-                void* inner = nullptr;
-                if (zamStatus e = inner_of(k).init(&inner, order, flag, 0, base + 64, specBuf)) return e;
-                h->offInner = uint32_t(static_cast<uint8_t*>(inner) - base);
-                int w = 0;
-                inner_of(k).buf_size(inner, &w);
-                h->work = int32_t(w + conv_bytes(k, n));
+                if (zamStatus e = build_inner(k, base, order, flag, specBuf, h->offInner, h->work)) return e;
             }
         }
         h->id = id;
@@ -136,12 +142,7 @@ zamStatus init(Kind k, void** pp, int order, int flag, int hint, uint8_t* mem, u
     std::memset(h, 0, sizeof *h);
     h->order = order;
     h->hint = hint;
-    void* inner = nullptr;
-    if (zamStatus e = inner_of(k).init(&inner, order, flag, 0, base + 64, specBuf)) return e;
-    h->offInner = uint32_t(static_cast<uint8_t*>(inner) - base);
-    int w = 0;
-    inner_of(k).buf_size(inner, &w);
-    h->work = int32_t(w + conv_bytes(k, n));
+    if (zamStatus e = build_inner(k, base, order, flag, specBuf, h->offInner, h->work)) return e;
     h->id = id;
     *pp = h;
     return zamStatusOk;
@@ -156,20 +157,11 @@ zamStatus init_alloc(Kind k, void** pp, int order, int flag, int hint, int32_t i
     if (!pp) return zamStatusNullPointer;
     int specSize, bufSize, workSize;
     if (zamStatus s = get_size(k, order, flag, hint, &specSize, &bufSize, &workSize)) return s;
-    uint8_t* mem = zamsMalloc_8u(specSize);
-    if (!mem) return zamStatusNoMemory;
-    uint8_t* tmp = nullptr;
-    if (bufSize >= 1 && !(tmp = zamsMalloc_8u(bufSize))) {
-        zamsFree(mem);
-        return zamStatusNoMemory;
-    }
-    void* spec = nullptr;
-    zamStatus s = init(k, &spec, order, flag, hint, mem, tmp, id);
-    if (tmp) zamsFree(tmp);
-    if (s != zamStatusOk || spec != mem) {
-        zamsFree(mem);
-        return s != zamStatusOk ? s : zamStatusNoMemory;
-    }
+    zamStatus s;
+    void* spec = alloc_build(specSize, bufSize, [&](void** out, uint8_t* mem, uint8_t* tmp) {
+        return init(k, out, order, flag, hint, mem, tmp, id);
+    }, s);
+    if (!spec) return s;
     owned_of(k, spec) = 1;
     *pp = spec;
     return zamStatusOk;

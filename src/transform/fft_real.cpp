@@ -145,14 +145,6 @@ template <class F> void recombine_inv(F* d, size_t N, const Recomb<F>& w) {
     }
 }
 
-template <class F> const Hdr<F>* checked(const void* spec, int32_t id, zamStatus& s) {
-    if (!spec) { s = zamStatusNullPointer; return nullptr; }
-    const Hdr<F>* h = static_cast<const Hdr<F>*>(spec);
-    if (h->id != id) { s = zamStatusContextMismatch; return nullptr; }
-    s = zamStatusOk;
-    return h;
-}
-
 // The complex transform of order M in place or not, with the call's buffer.
 template <class F, bool Inv> zamStatus half_transform(const Hdr<F>* h, const F* src, F* dst, uint8_t* buf) {
     const int M = h->order - 1;

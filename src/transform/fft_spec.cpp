@@ -157,25 +157,12 @@ zamStatus init_alloc(Hdr<F>** pp, int order, int flag, int hint, int32_t id) {
     if (!pp) return zamStatusNullPointer;
     int specSize, bufSize, workSize;
     if (zamStatus s = get_size<F, Real>(order, flag, hint, &specSize, &bufSize, &workSize)) return s;
-    uint8_t* mem = zamsMalloc_8u(specSize);
-    if (!mem) return zamStatusNoMemory;
-    uint8_t* tmp = nullptr;
-    if (bufSize >= 1) {
-        tmp = zamsMalloc_8u(bufSize);
-        if (!tmp) {
-            zamsFree(mem);
-            return zamStatusNoMemory;
-        }
-    }
-    Hdr<F>* h = nullptr;
-    zamStatus s = init<F, Real>(&h, order, flag, hint, mem, tmp, id);
-    if (tmp) zamsFree(tmp);
-    if (s != zamStatusOk || reinterpret_cast<uint8_t*>(h) != mem) {
-        // The allocator's blocks are 64-byte aligned, so the spec starts the
-        // block and Free can release it; anything else is refused.
-        zamsFree(mem);
-        return s != zamStatusOk ? s : zamStatusNoMemory;
-    }
+    zamStatus s;
+    void* spec = alloc_build(specSize, bufSize, [&](void** out, uint8_t* mem, uint8_t* tmp) {
+        return init<F, Real>(reinterpret_cast<Hdr<F>**>(out), order, flag, hint, mem, tmp, id);
+    }, s);
+    if (!spec) return s;
+    Hdr<F>* h = static_cast<Hdr<F>*>(spec);
     h->owned = 1;
     *pp = h;
     return zamStatusOk;
