@@ -237,9 +237,10 @@ template <> struct FirstVec<double> {
         _mm256_storeu_pd(y + 12, _mm256_permute2f128_pd(c, d, 0x31));
     }
     static void store2(double* y, const __m256d* o) {
-        for (int l = 0; l < 2; ++l)
-            for (int k = 0; k < 4; ++k)
-                _mm256_storeu_pd(y + 16 * l + 4 * k, _mm256_permute2f128_pd(o[2 * k], o[2 * k + 1], l ? 0x31 : 0x20));
+        for (int k = 0; k < 4; ++k) {
+            _mm256_storeu_pd(y + 4 * k, _mm256_permute2f128_pd(o[2 * k], o[2 * k + 1], 0x20));
+            _mm256_storeu_pd(y + 16 + 4 * k, _mm256_permute2f128_pd(o[2 * k], o[2 * k + 1], 0x31));
+        }
     }
     static void load2(const double* y, __m256d* x) {
         for (int k = 0; k < 4; ++k) {
