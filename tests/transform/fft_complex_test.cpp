@@ -104,14 +104,16 @@ template <class K> void check_bins(int order) {
 }
 
 TEST(FftComplex, RoundTripAndBinsUpToOrder16) {
-    for (int order : {11, 12, 13, 14, 15, 16}) {
+    // every order on x86-64; a lean set under emulation on i386
+    const std::vector<int> orders = sizeof(void*) == 8 ? std::vector<int>{11, 12, 13, 14, 15, 16} : std::vector<int>{11, 14, 16};
+    for (int order : orders) {
         for (int flag : kFlags) check_roundtrip<C32fc>(order, flag);
         check_roundtrip<C64fc>(order, 2);
         check_roundtrip<C32f>(order, 1);
         check_roundtrip<C64f>(order, 4);
     }
-    check_bins<C32fc>(16);
-    check_bins<C64f>(15);
+    check_bins<C32fc>(sizeof(void*) == 8 ? 16 : 13);
+    check_bins<C64f>(sizeof(void*) == 8 ? 15 : 12);
 }
 
 // The large layouts start at order 18 (64-bit) and 19 (32-bit).
@@ -309,8 +311,8 @@ ZAMS_DIGEST(fft_complex_medium) {
 }
 
 ZAMS_DIGEST(fft_complex_large) {
+    // the 64-bit large layout (the 32-bit one is in the real digest)
     digest_kind<C64fc>(d, 18, 1);
-    digest_kind<C32fc>(d, 19, 4);
 }
 
 }  // namespace
