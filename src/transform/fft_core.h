@@ -1,0 +1,723 @@
+// Power-of-two complex FFT: spec header layout, table builders and kernels
+// shared by the complex and real transforms.
+//
+// The transform is a decimation-in-time network on bit-reversed input: a
+// first pass reads the source in bit-reversed order and runs the twiddle-free
+// radix-4 (even orders) or radix-8 (odd orders) butterflies, then radix-4
+// passes of span L = 4, 16, ... (even) or 8, 32, ... (odd) finish it in place.
+// Passes whose blocks fit the first-level cache run block by block.
+//
+// Stage tables: for span L the three runs T1[j] = w^j, T2[j] = w^2j,
+// T3[j] = w^3j (j < L, w = exp(-2 pi i / 4L)) lie one after another, at
+// entry L - 4 (even chain) or L - 8 (odd chain). Large orders keep the
+// table of an inner order only and take the outer passes' twiddles from a
+// table of w_N^m, m < N/2.
+#pragma once
+
+#include <immintrin.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
+
+#include "../common/trig.h"
+#include "zams.h"
+#include "zams_impl.h"
+
+namespace zams::fft {
+
+// Identifier words of the kinds.
+enum : int32_t { kIdC32fc = 4, kIdC32f = 5, kIdR32f = 6, kIdC64fc = 7, kIdC64f = 8, kIdR64f = 9 };
+
+// Spec header: 84 bytes for float kinds, 88 for double. Tables are referred
+// to by byte offsets from the header start, one layout for both targets.
+template <class F> struct Hdr {
+    int32_t id, order, fwdOn, invOn;
+    F scale;
+    int32_t hint, work, owned;
+    uint32_t offRev, offTw, offRecomb, offCcs;
+    uint32_t offTop;     // large orders: w_N^m, m < N/2 (0 otherwise)
+    uint32_t tabOrder;   // order of the stage table at offTw
+    uint32_t offCoarse;  // real kinds from order 18: coarse recombination factors
+    uint32_t pad[6];
+};
+static_assert(sizeof(Hdr<float>) == 84 && sizeof(Hdr<double>) == 88);
+
+inline uint8_t* align64(void* p) {
+    uintptr_t u = reinterpret_cast<uintptr_t>(p);
+    return reinterpret_cast<uint8_t*>((u + 63) & ~uintptr_t(63));
+}
+inline size_t round64(size_t n) { return (n + 63) & ~size_t(63); }
+
+// Complex orders at and above which the blocked large layout is used.
+template <class F> constexpr int large_threshold(bool real) { return (sizeof(F) == 4 && !real) ? 19 : 18; }
+// Real orders from which the recombination factors are coarse x fine.
+inline constexpr int kRealSplitOrder = 18;
+template <class F> constexpr int fine_bits() { return sizeof(F) == 4 ? 11 : 10; }  // 16 KB of factors
+
+// Everything a transform of order M needs, resolved from a header.
+template <class F> struct Plan {
+    int M;
+    const F* tab;       // stage table (interleaved complex)
+    int tabOrder;       // passes with 4L <= 2^tabOrder read it
+    const F* top;       // w_N^m, m < N/2, or null
+    const uint32_t* rev;  // bit reversal of the first-pass groups, or null
+};
+
+// ---------------------------------------------------------------- AVX ops --
+template <class F> struct VT;
+template <> struct VT<float> {
+    using V = __m256;
+    static constexpr int W = 4;  // complex values a vector
+    static V ld(const float* p) { return _mm256_loadu_ps(p); }
+    static void st(float* p, V v) { _mm256_storeu_ps(p, v); }
+    static V add(V a, V b) { return _mm256_add_ps(a, b); }
+    static V sub(V a, V b) { return _mm256_sub_ps(a, b); }
+    static V mul(V a, V b) { return _mm256_mul_ps(a, b); }
+    static V set1(float s) { return _mm256_set1_ps(s); }
+    static V swap(V a) { return _mm256_permute_ps(a, 0xB1); }
+    static V re(V w) { return _mm256_moveldup_ps(w); }
+    static V im(V w) { return _mm256_movehdup_ps(w); }
+    static V addsub(V a, V b) { return _mm256_addsub_ps(a, b); }
+    static V imsign() { return _mm256_castsi256_ps(_mm256_set_epi32(INT32_MIN, 0, INT32_MIN, 0, INT32_MIN, 0, INT32_MIN, 0)); }
+    static V allsign() { return _mm256_set1_ps(-0.0f); }
+    static V xr(V a, V b) { return _mm256_xor_ps(a, b); }
+};
+template <> struct VT<double> {
+    using V = __m256d;
+    static constexpr int W = 2;
+    static V ld(const double* p) { return _mm256_loadu_pd(p); }
+    static void st(double* p, V v) { _mm256_storeu_pd(p, v); }
+    static V add(V a, V b) { return _mm256_add_pd(a, b); }
+    static V sub(V a, V b) { return _mm256_sub_pd(a, b); }
+    static V mul(V a, V b) { return _mm256_mul_pd(a, b); }
+    static V set1(double s) { return _mm256_set1_pd(s); }
+    static V swap(V a) { return _mm256_permute_pd(a, 0x5); }
+    static V re(V w) { return _mm256_movedup_pd(w); }
+    static V im(V w) { return _mm256_permute_pd(w, 0xF); }
+    static V addsub(V a, V b) { return _mm256_addsub_pd(a, b); }
+    static V imsign() { return _mm256_castsi256_pd(_mm256_set_epi64x(INT64_MIN, 0, INT64_MIN, 0)); }
+    static V allsign() { return _mm256_set1_pd(-0.0); }
+    static V xr(V a, V b) { return _mm256_xor_pd(a, b); }
+};
+
+// a * w, or a * conj(w) for the inverse.
+template <class F, bool Inv> inline typename VT<F>::V cmul(typename VT<F>::V a, typename VT<F>::V w) {
+    using T = VT<F>;
+    auto wi = T::im(w);
+    if constexpr (Inv) wi = T::xr(wi, T::allsign());
+    return T::addsub(T::mul(a, T::re(w)), T::mul(T::swap(a), wi));
+}
+
+// -i * c = (c.im, -c.re).
+template <class F> inline typename VT<F>::V mul_negi(typename VT<F>::V c) {
+    return VT<F>::xr(VT<F>::swap(c), VT<F>::imsign());
+}
+
+// One run of radix-4 butterflies: cnt positions (a multiple of the vector
+// width) starting at p in quarter 0 of a block of span L.
+template <class F, bool Inv>
+inline void r4_run(F* p, size_t L, const F* t1, const F* t2, const F* t3, size_t cnt) {
+    using T = VT<F>;
+    F* q1 = p + 2 * L;
+    F* q2 = p + 4 * L;
+    F* q3 = p + 6 * L;
+    for (size_t i = 0; i < 2 * cnt; i += 2 * T::W) {
+        auto a0 = T::ld(p + i);
+        auto a1 = cmul<F, Inv>(T::ld(q1 + i), T::ld(t2 + i));
+        auto a2 = cmul<F, Inv>(T::ld(q2 + i), T::ld(t1 + i));
+        auto a3 = cmul<F, Inv>(T::ld(q3 + i), T::ld(t3 + i));
+        auto c0 = T::add(a0, a1), c1 = T::sub(a0, a1);
+        auto c2 = T::add(a2, a3), t = mul_negi<F>(T::sub(a2, a3));
+        T::st(p + i, T::add(c0, c2));
+        T::st(q2 + i, T::sub(c0, c2));
+        if constexpr (Inv) {
+            T::st(q1 + i, T::sub(c1, t));
+            T::st(q3 + i, T::add(c1, t));
+        } else {
+            T::st(q1 + i, T::add(c1, t));
+            T::st(q3 + i, T::sub(c1, t));
+        }
+    }
+}
+
+// ----------------------------------------------------------- bit reversal --
+inline constexpr struct RevByte {
+    uint8_t v[256];
+    constexpr RevByte() : v() {
+        for (int i = 0; i < 256; ++i) {
+            int r = 0;
+            for (int b = 0; b < 8; ++b) r |= ((i >> b) & 1) << (7 - b);
+            v[i] = static_cast<uint8_t>(r);
+        }
+    }
+} kRevByte;
+
+inline uint32_t rev_bits(uint32_t x, int bits) {
+    if (bits <= 0) return 0;
+    uint32_t r = (uint32_t(kRevByte.v[x & 255]) << 24) | (uint32_t(kRevByte.v[(x >> 8) & 255]) << 16) |
+                 (uint32_t(kRevByte.v[(x >> 16) & 255]) << 8) | uint32_t(kRevByte.v[x >> 24]);
+    return r >> (32 - bits);
+}
+
+// ------------------------------------------------------------ first pass --
+// Source access: interleaved (re, im) or split arrays.
+template <class F> struct Interleaved {
+    const F* p;
+    void get(size_t i, F& r, F& m) const { r = p[2 * i]; m = p[2 * i + 1]; }
+};
+template <class F> struct Split {
+    const F* re;
+    const F* im;
+    void get(size_t i, F& r, F& m) const { r = re[i]; m = im[i]; }
+};
+
+// Vector form of the even-order first pass: W groups at once, lanes
+// gathered from the bit-reversed positions, outputs transposed so each
+// group's four results are stored together.
+template <class F> struct FirstVec;
+template <> struct FirstVec<float> {
+    static constexpr size_t W = 4;
+    static __m256 gather(const float* p, const size_t* at) {
+        __m128d lo = _mm_loadh_pd(_mm_load_sd(reinterpret_cast<const double*>(p + 2 * at[0])), reinterpret_cast<const double*>(p + 2 * at[1]));
+        __m128d hi = _mm_loadh_pd(_mm_load_sd(reinterpret_cast<const double*>(p + 2 * at[2])), reinterpret_cast<const double*>(p + 2 * at[3]));
+        return _mm256_castpd_ps(_mm256_insertf128_pd(_mm256_castpd128_pd256(lo), hi, 1));
+    }
+    // 4 x 4 transpose of complex values: (y0..y3)[l] -> out[l]
+    static void transpose(__m256& a, __m256& b, __m256& c, __m256& d) {
+        __m256d t0 = _mm256_unpacklo_pd(_mm256_castps_pd(a), _mm256_castps_pd(b));
+        __m256d t1 = _mm256_unpackhi_pd(_mm256_castps_pd(a), _mm256_castps_pd(b));
+        __m256d t2 = _mm256_unpacklo_pd(_mm256_castps_pd(c), _mm256_castps_pd(d));
+        __m256d t3 = _mm256_unpackhi_pd(_mm256_castps_pd(c), _mm256_castps_pd(d));
+        a = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x20));
+        b = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x20));
+        c = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x31));
+        d = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x31));
+    }
+    static void store(float* y, __m256 a, __m256 b, __m256 c, __m256 d) {
+        transpose(a, b, c, d);
+        _mm256_storeu_ps(y, a);
+        _mm256_storeu_ps(y + 8, b);
+        _mm256_storeu_ps(y + 16, c);
+        _mm256_storeu_ps(y + 24, d);
+    }
+    // eight outputs a group: two transposes, rows 16 floats apart
+    static void store2(float* y, const __m256* o) {
+        __m256 a = o[0], b = o[1], c = o[2], d = o[3], e = o[4], f = o[5], g = o[6], h = o[7];
+        transpose(a, b, c, d);
+        transpose(e, f, g, h);
+        _mm256_storeu_ps(y, a); _mm256_storeu_ps(y + 8, e);
+        _mm256_storeu_ps(y + 16, b); _mm256_storeu_ps(y + 24, f);
+        _mm256_storeu_ps(y + 32, c); _mm256_storeu_ps(y + 40, g);
+        _mm256_storeu_ps(y + 48, d); _mm256_storeu_ps(y + 56, h);
+    }
+    static void load2(const float* y, __m256* x) {
+        x[0] = _mm256_loadu_ps(y); x[4] = _mm256_loadu_ps(y + 8);
+        x[1] = _mm256_loadu_ps(y + 16); x[5] = _mm256_loadu_ps(y + 24);
+        x[2] = _mm256_loadu_ps(y + 32); x[6] = _mm256_loadu_ps(y + 40);
+        x[3] = _mm256_loadu_ps(y + 48); x[7] = _mm256_loadu_ps(y + 56);
+        transpose(x[0], x[1], x[2], x[3]);
+        transpose(x[4], x[5], x[6], x[7]);
+    }
+    static void load(const float* y, __m256& a, __m256& b, __m256& c, __m256& d) {
+        a = _mm256_loadu_ps(y); b = _mm256_loadu_ps(y + 8); c = _mm256_loadu_ps(y + 16); d = _mm256_loadu_ps(y + 24);
+        transpose(a, b, c, d);
+    }
+};
+template <> struct FirstVec<double> {
+    static constexpr size_t W = 2;
+    static __m256d gather(const double* p, const size_t* at) {
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(p + 2 * at[0])), _mm_loadu_pd(p + 2 * at[1]), 1);
+    }
+    static void store(double* y, __m256d a, __m256d b, __m256d c, __m256d d) {
+        _mm256_storeu_pd(y, _mm256_permute2f128_pd(a, b, 0x20));
+        _mm256_storeu_pd(y + 4, _mm256_permute2f128_pd(c, d, 0x20));
+        _mm256_storeu_pd(y + 8, _mm256_permute2f128_pd(a, b, 0x31));
+        _mm256_storeu_pd(y + 12, _mm256_permute2f128_pd(c, d, 0x31));
+    }
+    static void store2(double* y, const __m256d* o) {
+        for (int k = 0; k < 4; ++k) {
+            _mm256_storeu_pd(y + 4 * k, _mm256_permute2f128_pd(o[2 * k], o[2 * k + 1], 0x20));
+            _mm256_storeu_pd(y + 16 + 4 * k, _mm256_permute2f128_pd(o[2 * k], o[2 * k + 1], 0x31));
+        }
+    }
+    static void load2(const double* y, __m256d* x) {
+        for (int k = 0; k < 4; ++k) {
+            __m256d u = _mm256_loadu_pd(y + 4 * k), v = _mm256_loadu_pd(y + 16 + 4 * k);
+            x[2 * k] = _mm256_permute2f128_pd(u, v, 0x20);
+            x[2 * k + 1] = _mm256_permute2f128_pd(u, v, 0x31);
+        }
+    }
+    static void load(const double* y, __m256d& a, __m256d& b, __m256d& c, __m256d& d) {
+        __m256d u0 = _mm256_loadu_pd(y), u1 = _mm256_loadu_pd(y + 4), u2 = _mm256_loadu_pd(y + 8), u3 = _mm256_loadu_pd(y + 12);
+        a = _mm256_permute2f128_pd(u0, u2, 0x20);
+        b = _mm256_permute2f128_pd(u0, u2, 0x31);
+        c = _mm256_permute2f128_pd(u1, u3, 0x20);
+        d = _mm256_permute2f128_pd(u1, u3, 0x31);
+    }
+};
+
+// Groups [g0, g0 + k W) of the even-order first pass; returns the next group.
+template <class F, bool Inv, bool Permuted, class Src>
+size_t first_pass_vec(const Src& src, F* d, int M, size_t g0, size_t g1, const uint32_t* rev) {
+    using T = VT<F>;
+    using FV = FirstVec<F>;
+    constexpr size_t W = FV::W;
+    const size_t Q = (size_t(1) << M) / 4;
+    size_t g = g0;
+    for (; g + W <= g1; g += W) {
+        typename T::V a0, a1, a2, a3;
+        F* y = d + 8 * g;
+        if constexpr (Permuted) {
+            FV::load(y, a0, a1, a2, a3);
+        } else {
+            size_t at[W];
+            for (size_t l = 0; l < W; ++l) at[l] = rev ? rev[g + l] : rev_bits(uint32_t(g + l), M - 2);
+            a0 = FV::gather(src.p, at);
+            for (size_t l = 0; l < W; ++l) at[l] += 2 * Q;
+            a1 = FV::gather(src.p, at);
+            for (size_t l = 0; l < W; ++l) at[l] -= Q;
+            a2 = FV::gather(src.p, at);
+            for (size_t l = 0; l < W; ++l) at[l] += 2 * Q;
+            a3 = FV::gather(src.p, at);
+        }
+        const auto c0 = T::add(a0, a1), c1 = T::sub(a0, a1), c2 = T::add(a2, a3);
+        const auto t = mul_negi<F>(T::sub(a2, a3));
+        const auto y0 = T::add(c0, c2), y2 = T::sub(c0, c2);
+        const auto y1 = Inv ? T::sub(c1, t) : T::add(c1, t);
+        const auto y3 = Inv ? T::add(c1, t) : T::sub(c1, t);
+        FV::store(y, y0, y1, y2, y3);
+    }
+    return g;
+}
+
+// Vector form of the odd-order first pass (radix 2, then radix 4 of span 2).
+template <class F> inline typename VT<F>::V blend_re_im(typename VT<F>::V re_from, typename VT<F>::V im_from) {
+    if constexpr (sizeof(F) == 4) return _mm256_blend_ps(re_from, im_from, 0xAA);
+    else return _mm256_blend_pd(re_from, im_from, 0xA);
+}
+
+template <class F, bool Inv, bool Permuted, class Src>
+size_t first_pass_vec8(const Src& src, F* d, int M, size_t g0, size_t g1, const uint32_t* rev) {
+    using T = VT<F>;
+    using FV = FirstVec<F>;
+    constexpr size_t W = FV::W;
+    const size_t E = (size_t(1) << M) / 8;
+    static constexpr int kRev3[8] = {0, 4, 2, 6, 1, 5, 3, 7};
+    const auto h = T::set1(F(0.70710678118654752440));
+    size_t g = g0;
+    for (; g + W <= g1; g += W) {
+        typename T::V x[8];
+        F* y = d + 16 * g;
+        if constexpr (Permuted) {
+            FV::load2(y, x);
+        } else {
+            size_t r[W], at[W];
+            for (size_t l = 0; l < W; ++l) r[l] = rev ? rev[g + l] : rev_bits(uint32_t(g + l), M - 3);
+            for (int q = 0; q < 8; ++q) {
+                for (size_t l = 0; l < W; ++l) at[l] = r[l] + size_t(kRev3[q]) * E;
+                x[q] = FV::gather(src.p, at);
+            }
+        }
+        typename T::V b[8];
+        for (int k = 0; k < 4; ++k) {
+            b[2 * k] = T::add(x[2 * k], x[2 * k + 1]);
+            b[2 * k + 1] = T::sub(x[2 * k], x[2 * k + 1]);
+        }
+        typename T::V o[8];
+        for (int j = 0; j < 2; ++j) {
+            auto a0 = b[j], a1 = b[2 + j], a2 = b[4 + j], a3 = b[6 + j];
+            if (j == 1) {
+                a1 = mul_negi<F>(a1);
+                if constexpr (Inv) a1 = T::xr(a1, T::allsign());
+                const auto s2 = T::swap(a2), s3 = T::swap(a3);
+                const auto p2 = T::add(a2, s2), m2 = T::sub(a2, s2);
+                const auto p3 = T::add(a3, s3), n3 = T::sub(s3, a3);
+                if constexpr (Inv) {
+                    a2 = T::mul(blend_re_im<F>(m2, p2), h);
+                    a3 = T::mul(blend_re_im<F>(T::xr(p3, T::allsign()), n3), h);
+                } else {
+                    a2 = T::mul(blend_re_im<F>(p2, m2), h);
+                    a3 = T::mul(blend_re_im<F>(n3, T::xr(p3, T::allsign())), h);
+                }
+            }
+            const auto c0 = T::add(a0, a1), c1 = T::sub(a0, a1), c2 = T::add(a2, a3);
+            const auto t = mul_negi<F>(T::sub(a2, a3));
+            o[j] = T::add(c0, c2);
+            o[4 + j] = T::sub(c0, c2);
+            o[2 + j] = Inv ? T::sub(c1, t) : T::add(c1, t);
+            o[6 + j] = Inv ? T::add(c1, t) : T::sub(c1, t);
+        }
+        FV::store2(y, o);
+    }
+    return g;
+}
+
+// Groups [g0, g1) of the first pass. With Permuted the destination already
+// holds the bit-reversed input (in-place large orders) and is read in place.
+template <class F, bool Inv, bool Permuted, class Src>
+void first_pass(const Src& src, F* d, int M, size_t g0, size_t g1, const uint32_t* rev) {
+    const size_t N = size_t(1) << M;
+    if (M == 0) {
+        if constexpr (!Permuted) src.get(0, d[0], d[1]);
+        return;
+    }
+    if (M == 1) {
+        F ar, ai, br, bi;
+        if constexpr (Permuted) { ar = d[0]; ai = d[1]; br = d[2]; bi = d[3]; }
+        else { src.get(0, ar, ai); src.get(1, br, bi); }
+        d[0] = ar + br; d[1] = ai + bi; d[2] = ar - br; d[3] = ai - bi;
+        return;
+    }
+    if ((M & 1) == 0) {
+        const size_t Q = N / 4;
+        if constexpr (std::is_same_v<Src, Interleaved<F>>) g0 = first_pass_vec<F, Inv, Permuted>(src, d, M, g0, g1, rev);
+        for (size_t g = g0; g < g1; ++g) {
+            F* y = d + 8 * g;
+            F a0r, a0i, a1r, a1i, a2r, a2i, a3r, a3i;
+            if constexpr (Permuted) {
+                a0r = y[0]; a0i = y[1]; a1r = y[2]; a1i = y[3]; a2r = y[4]; a2i = y[5]; a3r = y[6]; a3i = y[7];
+            } else {
+                size_t r = rev ? rev[g] : rev_bits(uint32_t(g), M - 2);
+                src.get(r, a0r, a0i); src.get(r + 2 * Q, a1r, a1i);
+                src.get(r + Q, a2r, a2i); src.get(r + 3 * Q, a3r, a3i);
+            }
+            F c0r = a0r + a1r, c0i = a0i + a1i, c1r = a0r - a1r, c1i = a0i - a1i;
+            F c2r = a2r + a3r, c2i = a2i + a3i, c3r = a2r - a3r, c3i = a2i - a3i;
+            // t = -i * c3 = (c3i, -c3r)
+            F tr = c3i, ti = -c3r;
+            if constexpr (Inv) { tr = -tr; ti = -ti; }
+            y[0] = c0r + c2r; y[1] = c0i + c2i;
+            y[4] = c0r - c2r; y[5] = c0i - c2i;
+            y[2] = c1r + tr; y[3] = c1i + ti;
+            y[6] = c1r - tr; y[7] = c1i - ti;
+        }
+        return;
+    }
+    // Odd order: radix-2 pairs, then a radix-4 pass of span 2 (radix 8).
+    const size_t E = N / 8;
+    const F h = F(0.70710678118654752440);
+    if constexpr (std::is_same_v<Src, Interleaved<F>>) g0 = first_pass_vec8<F, Inv, Permuted>(src, d, M, g0, g1, rev);
+    for (size_t g = g0; g < g1; ++g) {
+        F* y = d + 16 * g;
+        F xr[8], xi[8];
+        if constexpr (Permuted) {
+            for (int q = 0; q < 8; ++q) { xr[q] = y[2 * q]; xi[q] = y[2 * q + 1]; }
+        } else {
+            size_t r = rev ? rev[g] : rev_bits(uint32_t(g), M - 3);
+            static constexpr int kRev3[8] = {0, 4, 2, 6, 1, 5, 3, 7};
+            for (int q = 0; q < 8; ++q) src.get(r + kRev3[q] * E, xr[q], xi[q]);
+        }
+        // radix 2: b[2k] = x[2k] + x[2k+1], b[2k+1] = x[2k] - x[2k+1]
+        F br[8], bi[8];
+        for (int k = 0; k < 4; ++k) {
+            br[2 * k] = xr[2 * k] + xr[2 * k + 1]; bi[2 * k] = xi[2 * k] + xi[2 * k + 1];
+            br[2 * k + 1] = xr[2 * k] - xr[2 * k + 1]; bi[2 * k + 1] = xi[2 * k] - xi[2 * k + 1];
+        }
+        // span 2, j = 0: quarters b0, b2, b4, b6 with w = 1
+        // span 2, j = 1: b1, b3, b5, b7 with w = w_8, w^2 = -i, w^3
+        for (int j = 0; j < 2; ++j) {
+            F a0r = br[j], a0i = bi[j], a1r = br[2 + j], a1i = bi[2 + j];
+            F a2r = br[4 + j], a2i = bi[4 + j], a3r = br[6 + j], a3i = bi[6 + j];
+            if (j == 1) {
+                // a1 *= w^2 = -i (forward) or +i (inverse)
+                F t1r = a1i, t1i = -a1r;
+                if constexpr (Inv) { t1r = -t1r; t1i = -t1i; }
+                a1r = t1r; a1i = t1i;
+                // a2 *= w = h(1 - i) (forward) or h(1 + i)
+                // a3 *= w^3 = h(-1 - i) (forward) or h(-1 + i)
+                F s2r, s2i, s3r, s3i;
+                if constexpr (Inv) {
+                    s2r = (a2r - a2i) * h; s2i = (a2r + a2i) * h;
+                    s3r = (-a3r - a3i) * h; s3i = (a3r - a3i) * h;
+                } else {
+                    s2r = (a2r + a2i) * h; s2i = (a2i - a2r) * h;
+                    s3r = (a3i - a3r) * h; s3i = (-a3r - a3i) * h;
+                }
+                a2r = s2r; a2i = s2i; a3r = s3r; a3i = s3i;
+            }
+            F c0r = a0r + a1r, c0i = a0i + a1i, c1r = a0r - a1r, c1i = a0i - a1i;
+            F c2r = a2r + a3r, c2i = a2i + a3i, c3r = a2r - a3r, c3i = a2i - a3i;
+            F tr = c3i, ti = -c3r;
+            if constexpr (Inv) { tr = -tr; ti = -ti; }
+            y[2 * j] = c0r + c2r; y[2 * j + 1] = c0i + c2i;
+            y[2 * j + 8] = c0r - c2r; y[2 * j + 9] = c0i - c2i;
+            y[2 * j + 4] = c1r + tr; y[2 * j + 5] = c1i + ti;
+            y[2 * j + 12] = c1r - tr; y[2 * j + 13] = c1i - ti;
+        }
+    }
+}
+
+// --------------------------------------------------------------- passes --
+template <class F> constexpr size_t block_points() { return sizeof(F) == 4 ? 2048 : 1024; }
+
+// One radix-4 pass of span L over the points [base, base + len) (a multiple
+// of 4L), twiddles from the stage table or the large table.
+template <class F, bool Inv> void pass(F* a, size_t base, size_t len, size_t L, const Plan<F>& pl) {
+    const size_t first = (pl.M & 1) ? 8 : 4;
+    if ((4 * L) <= (size_t(1) << pl.tabOrder)) {
+        const F* t1 = pl.tab + 2 * (L - first);
+        for (size_t b = base; b < base + len; b += 4 * L) r4_run<F, Inv>(a + 2 * b, L, t1, t1 + 2 * L, t1 + 4 * L, L);
+        return;
+    }
+    // Outer passes of the large orders: gather the twiddles in chunks.
+    constexpr size_t C = 64;
+    alignas(32) F t[3][2 * C];
+    const size_t N = size_t(1) << pl.M, half = N / 2, stp = N / (4 * L);
+    for (size_t j0 = 0; j0 < L; j0 += C) {
+        for (size_t j = 0; j < C; ++j) {
+            size_t m1 = (j0 + j) * stp, m2 = 2 * m1, m3 = 3 * m1;
+            t[0][2 * j] = pl.top[2 * m1]; t[0][2 * j + 1] = pl.top[2 * m1 + 1];
+            if (m2 < half) { t[1][2 * j] = pl.top[2 * m2]; t[1][2 * j + 1] = pl.top[2 * m2 + 1]; }
+            else { t[1][2 * j] = -pl.top[2 * (m2 - half)]; t[1][2 * j + 1] = -pl.top[2 * (m2 - half) + 1]; }
+            if (m3 < half) { t[2][2 * j] = pl.top[2 * m3]; t[2][2 * j + 1] = pl.top[2 * m3 + 1]; }
+            else if (m3 < N) { t[2][2 * j] = -pl.top[2 * (m3 - half)]; t[2][2 * j + 1] = -pl.top[2 * (m3 - half) + 1]; }
+            else { t[2][2 * j] = pl.top[2 * (m3 - N)]; t[2][2 * j + 1] = pl.top[2 * (m3 - N) + 1]; }
+        }
+        for (size_t b = base; b < base + len; b += 4 * L) r4_run<F, Inv>(a + 2 * (b + j0), L, t[0], t[1], t[2], C);
+    }
+}
+
+// The whole transform of 2^M points from src into d (interleaved). With
+// Permuted, d already holds the bit-reversed input. Passes run block by
+// block at two sizes: first-level cache blocks, then second-level ones.
+template <class F> constexpr size_t block2_points() { return sizeof(F) == 4 ? 32768 : 16384; }
+
+template <class F, bool Inv, bool Permuted, class Src>
+void run_block(const Src& src, F* d, const Plan<F>& pl, size_t blk, size_t B) {
+    const size_t gsize = (pl.M & 1) ? 8 : 4;
+    const size_t L0 = (pl.M & 1) ? 8 : 4;
+    first_pass<F, Inv, Permuted>(src, d, pl.M, blk / gsize, (blk + B) / gsize, pl.rev);
+    for (size_t L = L0; 4 * L <= B; L *= 4) pass<F, Inv>(d, blk, B, L, pl);
+}
+
+template <class F, bool Inv, bool Permuted, class Src> void run(const Src& src, F* d, const Plan<F>& pl) {
+    const int M = pl.M;
+    const size_t N = size_t(1) << M;
+    if (M <= 3) {
+        first_pass<F, Inv, Permuted>(src, d, M, 0, 1, nullptr);
+        return;
+    }
+    const size_t L0 = (M & 1) ? 8 : 4;
+    const size_t B = N < block_points<F>() ? N : block_points<F>();
+    const size_t B2 = N < block2_points<F>() ? N : block2_points<F>();
+    for (size_t blk2 = 0; blk2 < N; blk2 += B2) {
+        for (size_t blk = blk2; blk < blk2 + B2; blk += B) run_block<F, Inv, Permuted>(src, d, pl, blk, B);
+        size_t L = L0;
+        while (4 * L <= B) L *= 4;
+        for (; 4 * L <= B2; L *= 4) pass<F, Inv>(d, blk2, B2, L, pl);
+    }
+    size_t L = L0;
+    while (4 * L <= B2) L *= 4;
+    for (; 4 * L <= N; L *= 4) pass<F, Inv>(d, 0, N, L, pl);
+}
+
+// Bit reversal of 2^M points (M >= 6) in tiles of 8 x 8: runs of 8 points
+// N/8 apart are read whole and written whole, so every cache line moves
+// once. Out of place, or in place by swapping a tile with its mirror.
+template <class F> inline void load_tile(const F* a, int M, size_t m, F (*t)[16]) {
+    for (size_t r = 0; r < 8; ++r) std::memcpy(t[r], a + 2 * ((r << (M - 3)) | (m << 3)), 16 * sizeof(F));
+}
+template <class F> inline void store_tile(F* a, int M, size_t rm, const F (*t)[16]) {
+    static constexpr int kRev3[8] = {0, 4, 2, 6, 1, 5, 3, 7};
+    for (size_t c = 0; c < 8; ++c) {
+        F* o = a + 2 * ((size_t(kRev3[c]) << (M - 3)) | (rm << 3));
+        for (size_t r = 0; r < 8; ++r) {
+            o[2 * kRev3[r]] = t[r][2 * c];
+            o[2 * kRev3[r] + 1] = t[r][2 * c + 1];
+        }
+    }
+}
+template <class F> void bitrev_tiles(const F* src, F* dst, int M) {
+    const size_t mids = size_t(1) << (M - 6);
+    alignas(32) F t[8][16];
+    for (size_t m = 0; m < mids; ++m) {
+        load_tile(src, M, m, t);
+        store_tile(dst, M, rev_bits(uint32_t(m), M - 6), t);
+    }
+}
+template <class F> void bitrev_tiles_inplace(F* a, int M) {
+    const size_t mids = size_t(1) << (M - 6);
+    alignas(32) F t[8][16], u[8][16];
+    for (size_t m = 0; m < mids; ++m) {
+        const size_t rm = rev_bits(uint32_t(m), M - 6);
+        if (rm < m) continue;
+        load_tile(a, M, m, t);
+        if (rm != m) load_tile(a, M, rm, u);
+        store_tile(a, M, rm, t);
+        if (rm != m) store_tile(a, M, m, u);
+    }
+}
+
+// In-place bit reversal of 2^M interleaved points.
+template <class F> void bitrev_inplace(F* a, int M) {
+    const size_t N = size_t(1) << M;
+    for (size_t i = 0; i < N; ++i) {
+        size_t j = rev_bits(uint32_t(i), M);
+        if (i < j) {
+            F r = a[2 * i], m = a[2 * i + 1];
+            a[2 * i] = a[2 * j]; a[2 * i + 1] = a[2 * j + 1];
+            a[2 * j] = r; a[2 * j + 1] = m;
+        }
+    }
+}
+
+// n reals times s, in place.
+template <class F> void scale_n(F* a, size_t n, F s) {
+    using T = VT<F>;
+    constexpr size_t S = 2 * T::W;
+    auto v = T::set1(s);
+    size_t i = 0;
+    for (; i + S <= n; i += S) T::st(a + i, T::mul(T::ld(a + i), v));
+    for (; i < n; ++i) a[i] = a[i] * s;
+}
+
+// ------------------------------------------------------- table builders --
+template <class F> inline void put_w(F* t, long long k, long long n) {
+    // exp(-i pi k / n) = (cos, -sin)
+    double s, c;
+    sincospi_ratio(k, n, &s, &c);
+    t[0] = F(c);
+    t[1] = F(-s);
+}
+
+// Stage table of order K (K >= 4; passes of span L with 4L <= 2^K).
+template <class F> void build_stage_table(F* t, int K) {
+    const size_t first = (K & 1) ? 8 : 4;
+    for (size_t L = first; 4 * L <= (size_t(1) << K); L *= 4) {
+        F* s = t + 2 * (L - first);
+        for (int p = 1; p <= 3; ++p)
+            for (size_t j = 0; j < L; ++j) put_w(s + 2 * ((p - 1) * L + j), (long long)(p * j), (long long)(2 * L));
+    }
+}
+
+// Reversed first-pass group indices of order M (M >= 4).
+inline void build_rev(uint32_t* r, int M) {
+    int b = (M & 1) ? M - 3 : M - 2;
+    size_t n = size_t(1) << b;
+    for (size_t g = 0; g < n; ++g) r[g] = rev_bits(uint32_t(g), b);
+}
+
+// The complex transform's part of a spec, laid out from byte offset `off`
+// of the header; returns the offset behind it. M >= 7 (complex) or the
+// complex sub-transform of a real spec (M >= 7 as well).
+template <class F> uint32_t build_complex_tables(Hdr<F>* h, uint8_t* base, uint32_t off, int M, bool real) {
+    const size_t N = size_t(1) << M;
+    if (M < large_threshold<F>(real)) {
+        h->offTw = off;
+        h->tabOrder = uint32_t(M);
+        build_stage_table(reinterpret_cast<F*>(base + off), M);
+        off += uint32_t(round64(2 * sizeof(F) * N + 7));
+        h->offRev = off;
+        build_rev(reinterpret_cast<uint32_t*>(base + off), M);
+        off += uint32_t(round64(N + 3));
+        return off;
+    }
+    // Large: stage table of the innermost order, then w_N^m for m < N/2.
+    int K = M;
+    while (K >= large_threshold<F>(real)) K -= (sizeof(F) == 4 ? (K <= 22 ? 4 : 8) : (K <= 21 ? 4 : 8));
+    h->offTw = off;
+    h->tabOrder = uint32_t(K);
+    build_stage_table(reinterpret_cast<F*>(base + off), K);
+    off += uint32_t(round64(2 * sizeof(F) * (size_t(1) << K) + 64));
+    h->offTop = off;
+    F* top = reinterpret_cast<F*>(base + off);
+    for (size_t m = 0; m < N / 2; ++m) put_w(top + 2 * m, (long long)(2 * m), (long long)N);
+    off += uint32_t(round64(sizeof(F) * N));
+    return off;
+}
+
+// Resolves a header into a plan for its complex transform of order M.
+template <class F> Plan<F> plan_of(const Hdr<F>* h, int M);
+
+}  // namespace zams::fft
+
+#include "fft_static_tables.h"
+
+namespace zams::fft {
+
+template <class F> Plan<F> plan_of(const Hdr<F>* h, int M) {
+    Plan<F> p{M, nullptr, 0, nullptr, nullptr};
+    const uint8_t* base = reinterpret_cast<const uint8_t*>(h);
+    if (h->offTw != 0) {
+        p.tab = reinterpret_cast<const F*>(base + h->offTw);
+        p.tabOrder = int(h->tabOrder);
+        if (h->offTop) p.top = reinterpret_cast<const F*>(base + h->offTop);
+        if (h->offRev) p.rev = reinterpret_cast<const uint32_t*>(base + h->offRev);
+        return p;
+    }
+    // Up to 64 points: the built-in tables.
+    if constexpr (sizeof(F) == 4) p.tab = (M & 1) ? kTabOdd_32f : kTabEven_32f;
+    else p.tab = (M & 1) ? kTabOdd_64f : kTabEven_64f;
+    p.tabOrder = (M & 1) ? 5 : 6;
+    return p;
+}
+
+// The work buffer of one call: the caller's (aligned up to 64), or a block
+// of its own when the caller gives none, released on return.
+struct WorkBuf {
+    uint8_t* p = nullptr;
+    bool own = false;
+    zamStatus get(int size, uint8_t* caller) {
+        if (size <= 0) return zamStatusOk;
+        if (caller) { p = align64(caller); return zamStatusOk; }
+        p = zamsMalloc_8u(size);
+        if (!p) return zamStatusNoMemory;
+        own = true;
+        return zamStatusOk;
+    }
+    ~WorkBuf() { if (own) zamsFree(p); }
+};
+
+// A transform's spec: null gives -8, another kind's or a freed one -17.
+template <class F> const Hdr<F>* checked(const void* spec, int32_t id, zamStatus& s) {
+    if (!spec) { s = zamStatusNullPointer; return nullptr; }
+    const Hdr<F>* h = static_cast<const Hdr<F>*>(spec);
+    if (h->id != id) { s = zamStatusContextMismatch; return nullptr; }
+    s = zamStatusOk;
+    return h;
+}
+
+// The allocating build of every kind: the spec block and the temporary
+// build block from zamsMalloc_8u, the build, the temporary released. The
+// allocator's blocks are 64-byte aligned, so the spec starts its block and
+// Free can release it. Returns the spec or null with the status.
+template <class Build> void* alloc_build(int specSize, int bufSize, Build build, zamStatus& s) {
+    uint8_t* mem = zamsMalloc_8u(specSize);
+    if (!mem) { s = zamStatusNoMemory; return nullptr; }
+    uint8_t* tmp = nullptr;
+    if (bufSize >= 1 && !(tmp = zamsMalloc_8u(bufSize))) {
+        zamsFree(mem);
+        s = zamStatusNoMemory;
+        return nullptr;
+    }
+    void* spec = nullptr;
+    s = build(&spec, mem, tmp);
+    if (tmp) zamsFree(tmp);
+    if (s != zamStatusOk || spec != mem) {
+        zamsFree(mem);
+        if (s == zamStatusOk) s = zamStatusNoMemory;
+        return nullptr;
+    }
+    return spec;
+}
+
+// Interleaved transform of a plan, src may be dst. Long transforms first
+// reverse the order in tiles; shorter ones fuse the reversal into the
+// first pass and copy an in-place source to `work` (2^M complex values).
+inline constexpr int kTiledOrder = 13;
+template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F* dst, F* work) {
+    if (pl.M >= kTiledOrder) {
+        if (src != dst) bitrev_tiles(src, dst, pl.M);
+        else bitrev_tiles_inplace(dst, pl.M);
+        run<F, Inv, true>(Interleaved<F>{dst}, dst, pl);
+    } else if (src != dst) {
+        run<F, Inv, false>(Interleaved<F>{src}, dst, pl);
+    } else {
+        std::memcpy(work, src, (size_t(2) << pl.M) * sizeof(F));
+        run<F, Inv, false>(Interleaved<F>{work}, dst, pl);
+    }
+}
+
+}  // namespace zams::fft
