@@ -681,8 +681,8 @@ template <class F> const Hdr<F>* checked(const void* spec, int32_t id, zamStatus
 
 // The allocating build of every kind: the spec block and the temporary
 // build block from zamsMalloc_8u, the build, the temporary released. The
-// allocator's blocks are 64-byte aligned, so the spec starts its block and
-// Free can release it. Returns the spec or null with the status.
+// allocator's blocks are 64-byte aligned, so the FFT spec structure starts its block and
+// Free can release it. Returns the spec structure or null with the status.
 template <class Build> void* alloc_build(int specSize, int bufSize, Build build, zamStatus& s) {
     uint8_t* mem = zamsMalloc_8u(specSize);
     if (!mem) { s = zamStatusNoMemory; return nullptr; }

@@ -262,7 +262,7 @@ TEST(FftComplex, StatusesLeaveDestinationAlone) {
     check_statuses<C64fc>();
     check_statuses<C32f>();
     check_statuses<C64f>();
-    // Null data pointers after the spec checks; a null spec before them.
+    // Null data pointers after the spec structure checks; a null spec structure before them.
     OwnedSpec<C64f> os;
     ASSERT_EQ(os.build(3, 8), zamStatusOk);
     double a[8] = {0}, b[8] = {0};
