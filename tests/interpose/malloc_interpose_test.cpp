@@ -79,3 +79,54 @@ TEST(MallocRequests, ByteCountWrapsIn32Bits) {
 }
 
 }  // namespace
+
+// The cache size the fills see: the machine's unless a test sets one.
+namespace {
+int g_cache_override = 0;
+}
+
+extern "C" zamCoreStatus zamGetMaxCacheSizeB(int* pSize) {
+    if (g_cache_override > 0) {
+        *pSize = g_cache_override;
+        return zamCoreOk;
+    }
+    if (g_cache_override < 0) return zamCoreUnknown;
+    using Fn = zamCoreStatus (*)(int*);
+    static Fn real = reinterpret_cast<Fn>(dlsym(RTLD_NEXT, "zamGetMaxCacheSizeB"));
+    return real(pSize);
+}
+
+namespace {
+
+// Fills larger than both 2 MiB and the cache write 64-byte blocks after an
+// unaligned first block, then 32..1-byte pieces: every start misalignment and
+// every tail length must still give exactly the value everywhere.
+TEST(LargeFill, BeyondTheCacheEveryAlignmentAndTail) {
+    g_cache_override = 1 << 21;
+    const int base = (3 << 20) / 2;  // 3 MiB of 16-bit elements
+    for (int off : {0, 1, 2, 6, 30, 62}) {
+        for (int extra : {0, 1, 15, 16, 17, 31, 32, 33}) {
+            const int len = base + extra;
+            zt::Guarded<Zam16s> d(len, off);
+            ASSERT_EQ(zamsSet_16s(Zam16s(0x1234), d.data(), len), zamStatusOk);
+            for (int i = 0; i < len; ++i) ASSERT_EQ(d[i], 0x1234) << off << " " << extra << " " << i;
+            ASSERT_TRUE(d.guards_intact());
+            ASSERT_EQ(zamsZero_16s(d.data(), len), zamStatusOk);
+            for (int i = 0; i < len; ++i) ASSERT_EQ(d[i], 0);
+            ASSERT_TRUE(d.guards_intact());
+        }
+    }
+    zt::Guarded<Zam64fc> c((3 << 20) / 16 + 3, 8);
+    const Zam64fc v{1.5, -7.25};
+    ASSERT_EQ(zamsSet_64fc(v, c.data(), int(c.size())), zamStatusOk);
+    for (size_t i = 0; i < c.size(); ++i) ASSERT_TRUE(c[i].re == 1.5 && c[i].im == -7.25) << i;
+    ASSERT_TRUE(c.guards_intact());
+    g_cache_override = -1;  // an unknown cache size: the plain fill serves
+    zt::Guarded<Zam8u> b((3 << 20) + 5, 3);
+    ASSERT_EQ(zamsSet_8u(0xEE, b.data(), int(b.size())), zamStatusOk);
+    for (size_t i = 0; i < b.size(); ++i) ASSERT_EQ(b[i], 0xEE);
+    ASSERT_TRUE(b.guards_intact());
+    g_cache_override = 0;
+}
+
+}  // namespace
