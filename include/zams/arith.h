@@ -2,6 +2,102 @@
 #ifndef ZAMS_ARITH_H
 #define ZAMS_ARITH_H
 
+/* ---- scaled integer arithmetic ----
+ * The exact integer result r of each element (computed without loss) is
+ * multiplied by 2^-scaleFactor: a positive factor divides, rounding to
+ * nearest with ties to even; a negative one multiplies; the result then
+ * saturates to the destination type (complex: each part on its own).
+ * Sub is the second source minus the first; SubC is x - val; SubCRev is
+ * val - x. The _ISfs forms read pSrcDst as the second source (or as x).
+ * Statuses: 0, -8 (a null pointer), -6 (len < 1), in that order; a factor that
+ * shifts every result out, or a constant that makes the result trivial, hands
+ * the call to zamsZero_*, zamsSet_* or zamsCopy_* and returns their status. */
+ZAMSAPI zamStatus zamsAdd_8u_Sfs(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_8u_ISfs(const Zam8u* pSrc, Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_16s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_16s_ISfs(const Zam16s* pSrc, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_16u_Sfs(const Zam16u* pSrc1, const Zam16u* pSrc2, Zam16u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_16u_ISfs(const Zam16u* pSrc, Zam16u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_32s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_32s_ISfs(const Zam32s* pSrc, Zam32s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_16sc_Sfs(const Zam16sc* pSrc1, const Zam16sc* pSrc2, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_16sc_ISfs(const Zam16sc* pSrc, Zam16sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_32sc_Sfs(const Zam32sc* pSrc1, const Zam32sc* pSrc2, Zam32sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_32sc_ISfs(const Zam32sc* pSrc, Zam32sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_8u_Sfs(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_8u_ISfs(const Zam8u* pSrc, Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_16s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_16s_ISfs(const Zam16s* pSrc, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_16u_Sfs(const Zam16u* pSrc1, const Zam16u* pSrc2, Zam16u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_16u_ISfs(const Zam16u* pSrc, Zam16u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_32s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_32s_ISfs(const Zam32s* pSrc, Zam32s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_16sc_Sfs(const Zam16sc* pSrc1, const Zam16sc* pSrc2, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_16sc_ISfs(const Zam16sc* pSrc, Zam16sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_32sc_Sfs(const Zam32sc* pSrc1, const Zam32sc* pSrc2, Zam32sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSub_32sc_ISfs(const Zam32sc* pSrc, Zam32sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_8u_Sfs(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_8u_ISfs(const Zam8u* pSrc, Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_16s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_16s_ISfs(const Zam16s* pSrc, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_32s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_32s_ISfs(const Zam32s* pSrc, Zam32s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_16sc_Sfs(const Zam16sc* pSrc1, const Zam16sc* pSrc2, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_16sc_ISfs(const Zam16sc* pSrc, Zam16sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_32sc_Sfs(const Zam32sc* pSrc1, const Zam32sc* pSrc2, Zam32sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_32sc_ISfs(const Zam32sc* pSrc, Zam32sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAdd_64s_Sfs(const Zam64s* pSrc1, const Zam64s* pSrc2, Zam64s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddC_8u_Sfs(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddC_8u_ISfs(Zam8u val, Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddC_16s_Sfs(const Zam16s* pSrc, Zam16s val, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddC_16s_ISfs(Zam16s val, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddC_16u_Sfs(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddC_16u_ISfs(Zam16u val, Zam16u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddC_32s_Sfs(const Zam32s* pSrc, Zam32s val, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddC_32s_ISfs(Zam32s val, Zam32s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddC_32sc_Sfs(const Zam32sc* pSrc, Zam32sc val, Zam32sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddC_32sc_ISfs(Zam32sc val, Zam32sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubC_8u_Sfs(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubC_8u_ISfs(Zam8u val, Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubC_16s_Sfs(const Zam16s* pSrc, Zam16s val, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubC_16s_ISfs(Zam16s val, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubC_16u_Sfs(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubC_16u_ISfs(Zam16u val, Zam16u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubC_32s_Sfs(const Zam32s* pSrc, Zam32s val, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubC_32s_ISfs(Zam32s val, Zam32s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubC_32sc_Sfs(const Zam32sc* pSrc, Zam32sc val, Zam32sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubC_32sc_ISfs(Zam32sc val, Zam32sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubCRev_8u_Sfs(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubCRev_8u_ISfs(Zam8u val, Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubCRev_16s_Sfs(const Zam16s* pSrc, Zam16s val, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubCRev_16s_ISfs(Zam16s val, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubCRev_16u_Sfs(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubCRev_16u_ISfs(Zam16u val, Zam16u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubCRev_32s_Sfs(const Zam32s* pSrc, Zam32s val, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubCRev_32s_ISfs(Zam32s val, Zam32s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubCRev_32sc_Sfs(const Zam32sc* pSrc, Zam32sc val, Zam32sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsSubCRev_32sc_ISfs(Zam32sc val, Zam32sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMulC_8u_Sfs(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMulC_8u_ISfs(Zam8u val, Zam8u* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMulC_16s_Sfs(const Zam16s* pSrc, Zam16s val, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMulC_16s_ISfs(Zam16s val, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMulC_32s_Sfs(const Zam32s* pSrc, Zam32s val, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMulC_32s_ISfs(Zam32s val, Zam32s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMulC_16sc_Sfs(const Zam16sc* pSrc, Zam16sc val, Zam16sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMulC_16sc_ISfs(Zam16sc val, Zam16sc* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMulC_32sc_Sfs(const Zam32sc* pSrc, Zam32sc val, Zam32sc* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMulC_32sc_ISfs(Zam32sc val, Zam32sc* pSrcDst, int len, int scaleFactor);
+/* Mixed widths: the first source's type, then the destination's. */
+ZAMSAPI zamStatus zamsMul_16u16s_Sfs(const Zam16u* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_16s32s_Sfs(const Zam16s* pSrc1, const Zam32s* pSrc2, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_32s32sc_Sfs(const Zam32s* pSrc1, const Zam32sc* pSrc2, Zam32sc* pDst, int len, int scaleFactor);
+/* The same results as zamsMul_32s_Sfs. */
+ZAMSAPI zamStatus zamsMul_Low_32s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam32s* pDst, int len, int scaleFactor);
+/* pSrcDst[i] = scaled, saturated (pSrcDst[i] + pSrc1[i] * pSrc2[i]). */
+ZAMSAPI zamStatus zamsAddProduct_16s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddProduct_16s32s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam32s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsAddProduct_32s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam32s* pSrcDst, int len, int scaleFactor);
+
 /* ---- floating-point and complex arithmetic ----
  * Plain IEEE arithmetic, element by element, no fused operations: a complex
  * product (a+bi)(c+di) is (ac - bd) + (ad + bc)i. Sub is the second source
