@@ -98,6 +98,74 @@ ZAMSAPI zamStatus zamsAddProduct_16s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc
 ZAMSAPI zamStatus zamsAddProduct_16s32s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam32s* pSrcDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zamsAddProduct_32s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam32s* pSrcDst, int len, int scaleFactor);
 
+/* ---- logic and shifts ----
+ * Bitwise operations and shifts by a constant count (val, a signed count).
+ * Trivial constants hand the call to the movement functions: AndC with 0
+ * zeroes (only pSrc is checked first; the in-place form zeroes at once), OrC
+ * and XorC with 0 copy (in place: checks, then 0 without touching the data).
+ * Shifts: a count of 0 copies (in place: 0 after the checks); a count of the
+ * element width or more gives zeros, except the arithmetic right shift of
+ * 16s and 32s, which gives each element's sign fill (0 or -1); a negative
+ * count gives -32 after the pointer and length checks. */
+ZAMSAPI zamStatus zamsAnd_8u(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsAnd_8u_I(const Zam8u* pSrc, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAndC_8u(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsAndC_8u_I(Zam8u val, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAnd_16u(const Zam16u* pSrc1, const Zam16u* pSrc2, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsAnd_16u_I(const Zam16u* pSrc, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAndC_16u(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsAndC_16u_I(Zam16u val, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAnd_32u(const Zam32u* pSrc1, const Zam32u* pSrc2, Zam32u* pDst, int len);
+ZAMSAPI zamStatus zamsAnd_32u_I(const Zam32u* pSrc, Zam32u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAndC_32u(const Zam32u* pSrc, Zam32u val, Zam32u* pDst, int len);
+ZAMSAPI zamStatus zamsAndC_32u_I(Zam32u val, Zam32u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsOr_8u(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsOr_8u_I(const Zam8u* pSrc, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsOrC_8u(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsOrC_8u_I(Zam8u val, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsOr_16u(const Zam16u* pSrc1, const Zam16u* pSrc2, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsOr_16u_I(const Zam16u* pSrc, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsOrC_16u(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsOrC_16u_I(Zam16u val, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsOr_32u(const Zam32u* pSrc1, const Zam32u* pSrc2, Zam32u* pDst, int len);
+ZAMSAPI zamStatus zamsOr_32u_I(const Zam32u* pSrc, Zam32u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsOrC_32u(const Zam32u* pSrc, Zam32u val, Zam32u* pDst, int len);
+ZAMSAPI zamStatus zamsOrC_32u_I(Zam32u val, Zam32u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsXor_8u(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsXor_8u_I(const Zam8u* pSrc, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsXorC_8u(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsXorC_8u_I(Zam8u val, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsXor_16u(const Zam16u* pSrc1, const Zam16u* pSrc2, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsXor_16u_I(const Zam16u* pSrc, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsXorC_16u(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsXorC_16u_I(Zam16u val, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsXor_32u(const Zam32u* pSrc1, const Zam32u* pSrc2, Zam32u* pDst, int len);
+ZAMSAPI zamStatus zamsXor_32u_I(const Zam32u* pSrc, Zam32u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsXorC_32u(const Zam32u* pSrc, Zam32u val, Zam32u* pDst, int len);
+ZAMSAPI zamStatus zamsXorC_32u_I(Zam32u val, Zam32u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsNot_8u(const Zam8u* pSrc, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsNot_8u_I(Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsNot_16u(const Zam16u* pSrc, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsNot_16u_I(Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsNot_32u(const Zam32u* pSrc, Zam32u* pDst, int len);
+ZAMSAPI zamStatus zamsNot_32u_I(Zam32u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLShiftC_8u(const Zam8u* pSrc, int val, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsLShiftC_8u_I(int val, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLShiftC_16s(const Zam16s* pSrc, int val, Zam16s* pDst, int len);
+ZAMSAPI zamStatus zamsLShiftC_16s_I(int val, Zam16s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLShiftC_16u(const Zam16u* pSrc, int val, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsLShiftC_16u_I(int val, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLShiftC_32s(const Zam32s* pSrc, int val, Zam32s* pDst, int len);
+ZAMSAPI zamStatus zamsLShiftC_32s_I(int val, Zam32s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsRShiftC_8u(const Zam8u* pSrc, int val, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsRShiftC_8u_I(int val, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsRShiftC_16s(const Zam16s* pSrc, int val, Zam16s* pDst, int len);
+ZAMSAPI zamStatus zamsRShiftC_16s_I(int val, Zam16s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsRShiftC_16u(const Zam16u* pSrc, int val, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsRShiftC_16u_I(int val, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsRShiftC_32s(const Zam32s* pSrc, int val, Zam32s* pDst, int len);
+ZAMSAPI zamStatus zamsRShiftC_32s_I(int val, Zam32s* pSrcDst, int len);
+
 /* ---- floating-point and complex arithmetic ----
  * Plain IEEE arithmetic, element by element, no fused operations: a complex
  * product (a+bi)(c+di) is (ac - bd) + (ad + bc)i. Sub is the second source
