@@ -372,6 +372,10 @@ template <class D> auto* part_ptr(D* d) { return reinterpret_cast<typename parts
 template <class D> ptrdiff_t part_count(int len) { return ptrdiff_t(len) * parts<D>::per; }
 
 // ----------------------------------------------------------- call shapes --
+// Left shifts of 256 bits and more saturate like those of 256: the kernels
+// never negate a factor near INT_MIN.
+inline int clamp_sf(int sf) { return sf < -256 ? -256 : sf; }
+
 // Two sources (a, b) into d; mk() builds the stream. A factor that shifts
 // every result out goes to the zeroing function after only the sources are
 // checked (the destination and length are then its checks).
@@ -383,7 +387,7 @@ zamStatus two(ScaleLimits l, const A* a, const B* b, D* d, int len, int sf, Mk m
         return zero(d, len);
     }
     if (zamStatus s = check_args(len, a, b, d)) return s;
-    run(part_ptr(d), part_count<D>(len), sf, k, mk());
+    run(part_ptr(d), part_count<D>(len), clamp_sf(sf), k, mk());
     return zamStatusOk;
 }
 
@@ -403,6 +407,7 @@ zamStatus con(ScaleLimits l, const D* x, D* d, int len, int sf, bool identity, M
     }
     if (zamStatus s = check_args(len, x, d)) return s;
     if (identity) return zamStatusOk;
+    sf = clamp_sf(sf);
     if constexpr (parts<D>::per == 1) {
         const D ends[2] = {traits<D>::min, traits<D>::max};
         D out[2];

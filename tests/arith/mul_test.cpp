@@ -96,6 +96,21 @@ TEST(ScaledMul, DocumentedValues) {
     EXPECT_EQ(e[0].im, 32767);
     ASSERT_EQ(zamsMulC_16sc_Sfs(c, c[0], e, 1, 17), zamStatusOk);
     EXPECT_EQ(e[0].im, 16384);
+    // The extreme factors of families without a zeroing limit.
+    Zam32sc p[1] = {{INT32_MIN, INT32_MIN}}, q[1];
+    ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, INT32_MAX), zamStatusOk);
+    EXPECT_EQ(q[0].im, 0);
+    ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, 64), zamStatusOk);  // 2^63 / 2^64: a tie, to even
+    EXPECT_EQ(q[0].im, 0);
+    ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, 63), zamStatusOk);
+    EXPECT_EQ(q[0].im, 1);
+    ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, INT32_MIN), zamStatusOk);
+    EXPECT_EQ(q[0].re, 0);
+    EXPECT_EQ(q[0].im, INT32_MAX);
+    Zam16u u[1] = {1};
+    Zam16u w[1];
+    ASSERT_EQ(zamsAdd_16u_Sfs(u, u, w, 1, INT32_MIN), zamStatusOk);
+    EXPECT_EQ(w[0], 65535);
 }
 
 ZAMS_DIGEST(mul_scaled) {
