@@ -1,0 +1,97 @@
+// Element-wise arithmetic against VOLK, a plain loop, and memcpy/memset as
+// the memory limit.
+#include <volk/volk.h>
+
+#include <cstring>
+#include <vector>
+
+#include "harness.h"
+#include "zams.h"
+
+namespace {
+
+// The rounding rule of the scaled integer functions, element by element: the
+// scalar floor the vector kernels are measured against.
+inline Zam16s scaled_loop(int32_t s, int sf) {
+    if (sf > 0) s = (s + (1 << (sf - 1)) - 1 + ((s >> sf) & 1)) >> sf;
+    return Zam16s(s > 32767 ? 32767 : (s < -32768 ? -32768 : s));
+}
+
+// The plain scalar loop (kept scalar: the compiler would vectorise it).
+template <class Op> __attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_loop(
+    const Zam16s* x, const Zam16s* y, Zam16s* z, int n, int sf, Op op) {
+    for (int i = 0; i < n; ++i) z[i] = scaled_loop(op(x[i], y[i]), sf);
+}
+
+}  // namespace
+
+ZAMS_BENCH(arith_float) {
+    for (int n : b.sizes()) {
+        std::vector<float> x(n, 1.5f), y(n, 2.5f), z(n), acc(n, 0.0f);
+        float *px = x.data(), *py = y.data(), *pz = z.data();
+        b.row("Add_32f", n, n * 12.0,
+              {{"zams", [&] { zamsAdd_32f(px, py, pz, n); }},
+               {"volk", [&] { volk_32f_x2_add_32f(pz, px, py, n); }},
+               {"loop", [&] { for (int i = 0; i < n; ++i) pz[i] = px[i] + py[i]; zb::keep(pz); }},
+               {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(float)); }}});
+        b.row("MulC_32f", n, n * 8.0,
+              {{"zams", [&] { zamsMulC_32f(px, 3.0f, pz, n); }},
+               {"volk", [&] { volk_32f_s32f_multiply_32f(pz, px, 3.0f, n); }},
+               {"loop", [&] { for (int i = 0; i < n; ++i) pz[i] = px[i] * 3.0f; zb::keep(pz); }},
+               {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(float)); }}});
+        float* pa = acc.data();
+        b.row("AddProduct_32f", n, n * 16.0,
+              {{"zams", [&] { zamsAddProduct_32f(px, py, pa, n); }},
+               {"loop", [&] { for (int i = 0; i < n; ++i) pa[i] += px[i] * py[i]; zb::keep(pa); }},
+               {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(float)); }}});
+    }
+    for (int n : b.sizes()) {
+        std::vector<lv_32fc_t> x(n, lv_32fc_t(1.0f, 2.0f)), y(n, lv_32fc_t(0.5f, -1.0f)), z(n);
+        auto *px = x.data(), *py = y.data(), *pz = z.data();
+        auto *zx = reinterpret_cast<Zam32fc*>(px), *zy = reinterpret_cast<Zam32fc*>(py), *zz = reinterpret_cast<Zam32fc*>(pz);
+        b.row("Mul_32fc", n, n * 24.0,
+              {{"zams", [&] { zamsMul_32fc(zx, zy, zz, n); }},
+               {"volk", [&] { volk_32fc_x2_multiply_32fc(pz, px, py, n); }},
+               {"loop", [&] {
+                    for (int i = 0; i < n; ++i)
+                        zz[i] = {zx[i].re * zy[i].re - zx[i].im * zy[i].im, zx[i].re * zy[i].im + zx[i].im * zy[i].re};
+                    zb::keep(zz);
+                }},
+               {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(Zam32fc)); }}});
+    }
+}
+
+ZAMS_BENCH(arith_scaled) {
+    for (int n : b.sizes()) {
+        std::vector<Zam16s> x(n), y(n), z(n);
+        for (int i = 0; i < n; ++i) x[i] = Zam16s(i * 7919), y[i] = Zam16s(i * 104729 + 3);
+        Zam16s *px = x.data(), *py = y.data(), *pz = z.data();
+        for (int sf : {0, 3}) {
+            b.row(sf ? "Add_16s_Sfs sf3" : "Add_16s_Sfs sf0", n, n * 6.0,
+                  {{"zams", [&] { zamsAdd_16s_Sfs(px, py, pz, n, sf); }},
+                   {"scalar", [&] { scalar_loop(px, py, pz, n, sf, [](int a, int b) { return a + b; }); }},
+                   {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(Zam16s)); }}});
+        }
+        b.row("Mul_16s_Sfs sf8", n, n * 6.0,
+              {{"zams", [&] { zamsMul_16s_Sfs(px, py, pz, n, 8); }},
+               {"scalar", [&] { scalar_loop(px, py, pz, n, 8, [](int a, int b) { return a * b; }); }},
+               {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(Zam16s)); }}});
+    }
+}
+
+ZAMS_BENCH(arith_move) {
+    for (int n : b.sizes()) {
+        std::vector<float> x(n, 1.0f), y(n);
+        std::vector<Zam16s> s(n);
+        b.row("Copy_32f", n, n * 8.0,
+              {{"zams", [&] { zamsCopy_32f(x.data(), y.data(), n); }},
+               {"memcpy", [&] { std::memcpy(y.data(), x.data(), n * sizeof(float)); }}});
+        b.row("Set_32f", n, n * 4.0,
+              {{"zams", [&] { zamsSet_32f(2.5f, y.data(), n); }},
+               {"loop", [&] { for (int i = 0; i < n; ++i) y[i] = 2.5f; zb::keep(y); }},
+               {"memset", [&] { std::memset(y.data(), 0, n * sizeof(float)); }}});
+        b.row("Zero_16s", n, n * 2.0,
+              {{"zams", [&] { zamsZero_16s(s.data(), n); }},
+               {"memset", [&] { std::memset(s.data(), 0, n * sizeof(Zam16s)); }}});
+    }
+}

@@ -1,0 +1,209 @@
+// Floating-point and complex arithmetic: Add, Sub, Mul, their constant and
+// in-place forms, AddProduct, AddProductC, and a real vector times a complex
+// one. Plain IEEE operations in a fixed order (no fused multiply-add), so the
+// 256-bit body and the scalar head and tail give the same bits.
+#include <immintrin.h>
+
+#include "../common/check.h"
+#include "../common/loop.h"
+#include "../common/types.h"
+
+namespace zams {
+namespace {
+
+// Vector traits over the base scalar of a sample type; a complex vector
+// holds P = L / 2 interleaved elements.
+template <class S> struct Lanes;
+template <> struct Lanes<float> {
+    using V = __m256;
+    static constexpr int L = 8;
+    static V load(const float* p) { return _mm256_loadu_ps(p); }
+    static void store(float* p, V v) { _mm256_storeu_ps(p, v); }
+    static V add(V a, V b) { return _mm256_add_ps(a, b); }
+    static V sub(V a, V b) { return _mm256_sub_ps(a, b); }
+    static V mul(V a, V b) { return _mm256_mul_ps(a, b); }
+    // (a+bi)(c+di) = [ac - bd, bc + ad] with addsub; bc + ad is ad + bc exactly.
+    static V cmul(V x, V y) {
+        V p1 = _mm256_mul_ps(x, _mm256_moveldup_ps(y));
+        V p2 = _mm256_mul_ps(_mm256_permute_ps(x, 0xB1), _mm256_movehdup_ps(y));
+        return _mm256_addsub_ps(p1, p2);
+    }
+    static V splat(float v) { return _mm256_set1_ps(v); }
+    static V splat(Zam32fc v) { return _mm256_setr_ps(v.re, v.im, v.re, v.im, v.re, v.im, v.re, v.im); }
+    // Four reals at p, each repeated twice: the factors of four complex elements.
+    static V pairs(const float* p) {
+        __m128 r = _mm_loadu_ps(p);
+        return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_unpacklo_ps(r, r)), _mm_unpackhi_ps(r, r), 1);
+    }
+};
+template <> struct Lanes<double> {
+    using V = __m256d;
+    static constexpr int L = 4;
+    static V load(const double* p) { return _mm256_loadu_pd(p); }
+    static void store(double* p, V v) { _mm256_storeu_pd(p, v); }
+    static V add(V a, V b) { return _mm256_add_pd(a, b); }
+    static V sub(V a, V b) { return _mm256_sub_pd(a, b); }
+    static V mul(V a, V b) { return _mm256_mul_pd(a, b); }
+    static V cmul(V x, V y) {
+        V p1 = _mm256_mul_pd(x, _mm256_unpacklo_pd(y, y));
+        V p2 = _mm256_mul_pd(_mm256_permute_pd(x, 0x5), _mm256_unpackhi_pd(y, y));
+        return _mm256_addsub_pd(p1, p2);
+    }
+    static V splat(double v) { return _mm256_set1_pd(v); }
+    static V splat(Zam64fc v) { return _mm256_setr_pd(v.re, v.im, v.re, v.im); }
+    static V pairs(const double* p) {
+        __m128d r = _mm_loadu_pd(p);
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_unpacklo_pd(r, r)), _mm_unpackhi_pd(r, r), 1);
+    }
+};
+
+template <class T> struct base { using type = T; };
+template <> struct base<Zam32fc> { using type = float; };
+template <> struct base<Zam64fc> { using type = double; };
+template <class T> using base_t = typename base<T>::type;
+
+// Scalar rules, one element: these state what the vector body computes.
+template <class T> T add(T a, T b) { return a + b; }
+template <class T> T sub(T a, T b) { return a - b; }
+template <class T> T mul(T a, T b) { return a * b; }
+#define ZAMS_CPLX_RULES(C)                                                          \
+    C add(C a, C b) { return {a.re + b.re, a.im + b.im}; }                          \
+    C sub(C a, C b) { return {a.re - b.re, a.im - b.im}; }                          \
+    C mul(C a, C b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
+ZAMS_CPLX_RULES(Zam32fc)
+ZAMS_CPLX_RULES(Zam64fc)
+#undef ZAMS_CPLX_RULES
+
+enum class Op { Add, Sub, Mul };
+
+template <Op O, class T> T apply(T a, T b) {
+    if constexpr (O == Op::Add) return add(a, b);
+    else if constexpr (O == Op::Sub) return sub(a, b);
+    else return mul(a, b);
+}
+
+template <Op O, class T, class V> V apply_v(V a, V b) {
+    using Ln = Lanes<base_t<T>>;
+    if constexpr (O == Op::Add) return Ln::add(a, b);
+    else if constexpr (O == Op::Sub) return Ln::sub(a, b);
+    else if constexpr (is_complex_v<T>) return Ln::cmul(a, b);
+    else return Ln::mul(a, b);
+}
+
+// The loop: scalar head to align the destination, two vectors a step, tail.
+template <class T, class Scalar, class Vector> void each(T* dst, int len, Scalar&& sc, Vector&& ve) {
+    constexpr int P = Lanes<base_t<T>>::L / (is_complex_v<T> ? 2 : 1);
+    for_each_block<2 * P, 32>(dst, len, sc, [&](int i) {
+        ve(i);
+        ve(i + P);
+    });
+}
+
+template <class T> auto ld(const T* p) { return Lanes<base_t<T>>::load(reinterpret_cast<const base_t<T>*>(p)); }
+template <class T, class V> void st(T* p, V v) { Lanes<base_t<T>>::store(reinterpret_cast<base_t<T>*>(p), v); }
+
+// d = a op b (Sub: b - a, the second source less the first).
+template <Op O, class T> zamStatus vv(const T* a, const T* b, T* d, int len) {
+    if (zamStatus s = check_args(len, a, b, d)) return s;
+    if constexpr (O == Op::Sub) {
+        each(d, len, [&](int i) { d[i] = apply<O>(b[i], a[i]); },
+             [&](int i) { st(d + i, apply_v<O, T>(ld(b + i), ld(a + i))); });
+    } else {
+        each(d, len, [&](int i) { d[i] = apply<O>(a[i], b[i]); },
+             [&](int i) { st(d + i, apply_v<O, T>(ld(a + i), ld(b + i))); });
+    }
+    return zamStatusOk;
+}
+
+// d = x op val, or val op x when Rev.
+template <Op O, bool Rev, class T> zamStatus vc(const T* a, T val, T* d, int len) {
+    if (zamStatus s = check_args(len, a, d)) return s;
+    const auto c = Lanes<base_t<T>>::splat(val);
+    if constexpr (Rev) {
+        each(d, len, [&](int i) { d[i] = apply<O>(val, a[i]); },
+             [&](int i) { st(d + i, apply_v<O, T>(c, ld(a + i))); });
+    } else {
+        each(d, len, [&](int i) { d[i] = apply<O>(a[i], val); },
+             [&](int i) { st(d + i, apply_v<O, T>(ld(a + i), c)); });
+    }
+    return zamStatusOk;
+}
+
+// d += a * b.
+template <class T> zamStatus addprod(const T* a, const T* b, T* d, int len) {
+    if (zamStatus s = check_args(len, a, b, d)) return s;
+    each(d, len, [&](int i) { d[i] = add(d[i], mul(a[i], b[i])); },
+         [&](int i) { st(d + i, apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), ld(b + i)))); });
+    return zamStatusOk;
+}
+
+// d += a * val.
+template <class T> zamStatus addprodc(const T* a, T val, T* d, int len) {
+    if (zamStatus s = check_args(len, a, d)) return s;
+    const auto c = Lanes<base_t<T>>::splat(val);
+    each(d, len, [&](int i) { d[i] = add(d[i], mul(a[i], val)); },
+         [&](int i) { st(d + i, apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), c))); });
+    return zamStatusOk;
+}
+
+// d = r * c for a real r and a complex c, part by part.
+template <class R, class C> zamStatus mul_real_cplx(const R* r, const C* c, C* d, int len) {
+    if (zamStatus s = check_args(len, r, c, d)) return s;
+    using Ln = Lanes<R>;
+    each(d, len, [&](int i) { d[i] = {r[i] * c[i].re, r[i] * c[i].im}; },
+         [&](int i) { st(d + i, Ln::mul(Ln::pairs(r + i), ld(c + i))); });
+    return zamStatusOk;
+}
+
+}  // namespace
+}  // namespace zams
+
+#define ZAMS_FLOAT_FAMILY(t)                                                                                   \
+    ZAMS_FN(zamStatus, zamsAdd_##t)(const Zam##t* a, const Zam##t* b, Zam##t* d, int n) {                      \
+        return zams::vv<zams::Op::Add>(a, b, d, n);                                                            \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsSub_##t)(const Zam##t* a, const Zam##t* b, Zam##t* d, int n) {                      \
+        return zams::vv<zams::Op::Sub>(a, b, d, n);                                                            \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsMul_##t)(const Zam##t* a, const Zam##t* b, Zam##t* d, int n) {                      \
+        return zams::vv<zams::Op::Mul>(a, b, d, n);                                                            \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsAdd_##t##_I)(const Zam##t* a, Zam##t* d, int n) { return zams::vv<zams::Op::Add>(a, d, d, n); } \
+    ZAMS_FN(zamStatus, zamsSub_##t##_I)(const Zam##t* a, Zam##t* d, int n) { return zams::vv<zams::Op::Sub>(a, d, d, n); } \
+    ZAMS_FN(zamStatus, zamsMul_##t##_I)(const Zam##t* a, Zam##t* d, int n) { return zams::vv<zams::Op::Mul>(a, d, d, n); } \
+    ZAMS_FN(zamStatus, zamsAddC_##t)(const Zam##t* a, Zam##t v, Zam##t* d, int n) {                            \
+        return zams::vc<zams::Op::Add, false>(a, v, d, n);                                                     \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsSubC_##t)(const Zam##t* a, Zam##t v, Zam##t* d, int n) {                            \
+        return zams::vc<zams::Op::Sub, false>(a, v, d, n);                                                     \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsSubCRev_##t)(const Zam##t* a, Zam##t v, Zam##t* d, int n) {                         \
+        return zams::vc<zams::Op::Sub, true>(a, v, d, n);                                                      \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsMulC_##t)(const Zam##t* a, Zam##t v, Zam##t* d, int n) {                            \
+        return zams::vc<zams::Op::Mul, false>(a, v, d, n);                                                     \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsAddC_##t##_I)(Zam##t v, Zam##t* d, int n) { return zams::vc<zams::Op::Add, false>(d, v, d, n); } \
+    ZAMS_FN(zamStatus, zamsSubC_##t##_I)(Zam##t v, Zam##t* d, int n) { return zams::vc<zams::Op::Sub, false>(d, v, d, n); } \
+    ZAMS_FN(zamStatus, zamsSubCRev_##t##_I)(Zam##t v, Zam##t* d, int n) { return zams::vc<zams::Op::Sub, true>(d, v, d, n); } \
+    ZAMS_FN(zamStatus, zamsMulC_##t##_I)(Zam##t v, Zam##t* d, int n) { return zams::vc<zams::Op::Mul, false>(d, v, d, n); } \
+    ZAMS_FN(zamStatus, zamsAddProduct_##t)(const Zam##t* a, const Zam##t* b, Zam##t* d, int n) {               \
+        return zams::addprod(a, b, d, n);                                                                      \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsAddProductC_##t)(const Zam##t* a, Zam##t v, Zam##t* d, int n) {                     \
+        return zams::addprodc(a, v, d, n);                                                                     \
+    }
+
+ZAMS_FLOAT_FAMILY(32f)
+ZAMS_FLOAT_FAMILY(64f)
+ZAMS_FLOAT_FAMILY(32fc)
+ZAMS_FLOAT_FAMILY(64fc)
+
+ZAMS_FN(zamStatus, zamsMul_32f32fc)(const Zam32f* r, const Zam32fc* c, Zam32fc* d, int n) {
+    return zams::mul_real_cplx(r, c, d, n);
+}
+ZAMS_FN(zamStatus, zamsMul_32f32fc_I)(const Zam32f* r, Zam32fc* d, int n) { return zams::mul_real_cplx(r, d, d, n); }
+ZAMS_FN(zamStatus, zamsMul_64f64fc)(const Zam64f* r, const Zam64fc* c, Zam64fc* d, int n) {
+    return zams::mul_real_cplx(r, c, d, n);
+}
+ZAMS_FN(zamStatus, zamsMul_64f64fc_I)(const Zam64f* r, Zam64fc* d, int n) { return zams::mul_real_cplx(r, d, d, n); }

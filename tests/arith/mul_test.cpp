@@ -1,0 +1,147 @@
+// Scaled Mul, MulC, the mixed-width products and AddProduct against the
+// long double model.
+#include "digest.h"
+#include "scaled_model.h"
+
+namespace {
+
+using st::ld;
+using st::scale;
+
+template <class A, class B, class D = B> auto mul_m() {
+    return [](A a, B b, int sf) { return scale<D>(ld(a) * b, sf); };
+}
+// (ac - bd) + (ad + bc)i, each part exact in long double (below 2^64).
+template <class C> auto cmul_m() {
+    return [](C a, C b, int sf) {
+        using P = typename st::part<C>::type;
+        return C{scale<P>(ld(a.re) * b.re - ld(a.im) * b.im, sf), scale<P>(ld(a.re) * b.im + ld(a.im) * b.re, sf)};
+    };
+}
+
+#define TWO(op, t) zams##op##_##t##_Sfs, zams##op##_##t##_ISfs
+
+TEST(ScaledMul, EveryFactorLengthAndAlignment) {
+    st::two_sources<Zam8u, Zam8u, Zam8u>(TWO(Mul, 8u), mul_m<Zam8u, Zam8u>(), {0, 1, 6, -3});
+    st::two_sources<Zam16s, Zam16s, Zam16s>(TWO(Mul, 16s), mul_m<Zam16s, Zam16s>(), {0, 1, 15, 30, -2});
+    st::two_sources<Zam32s, Zam32s, Zam32s>(TWO(Mul, 32s), mul_m<Zam32s, Zam32s>(), {31}, 7);
+    st::two_sources<Zam16sc, Zam16sc, Zam16sc>(TWO(Mul, 16sc), cmul_m<Zam16sc>(), {15}, 5);
+    st::two_sources<Zam32sc, Zam32sc, Zam32sc>(TWO(Mul, 32sc), cmul_m<Zam32sc>(), {33}, 11);
+}
+
+TEST(ScaledMul, MixedWidths) {
+    st::two_sources<Zam16u, Zam16s, Zam16s>(zamsMul_16u16s_Sfs, nullptr, mul_m<Zam16u, Zam16s>(), {0, 16, 31, -7}, 2);
+    st::two_sources<Zam16s, Zam32s, Zam32s>(zamsMul_16s32s_Sfs, nullptr, mul_m<Zam16s, Zam32s>(), {12}, 7);
+    st::two_sources<Zam32s, Zam32s, Zam32s>(zamsMul_Low_32s_Sfs, nullptr, mul_m<Zam32s, Zam32s>(), {0}, 13);
+    st::two_sources<Zam32s, Zam32sc, Zam32sc>(
+        zamsMul_32s32sc_Sfs, nullptr,
+        [](Zam32s a, Zam32sc b, int sf) { return Zam32sc{scale<Zam32s>(ld(a) * b.re, sf), scale<Zam32s>(ld(a) * b.im, sf)}; },
+        {20}, 11);
+}
+
+TEST(ScaledMulC, EveryFactorAndConstant) {
+    st::constant<Zam8u, Zam8u>(TWO(MulC, 8u), mul_m<Zam8u, Zam8u>(), {0, 255, 3}, {0, 2});
+    st::constant<Zam16s, Zam16s>(TWO(MulC, 16s), mul_m<Zam16s, Zam16s>(), {0, -32768, 32767, -3}, {0, 14});
+    st::constant<Zam32s, Zam32s>(TWO(MulC, 32s), mul_m<Zam32s, Zam32s>(), {0, INT32_MIN, 99}, {31});
+    // The constants whose product sums leave 32 bits.
+    st::constant<Zam16sc, Zam16sc>(TWO(MulC, 16sc), cmul_m<Zam16sc>(),
+                                   {{-32768, -32768}, {32767, -32768}, {0, 1}, {3, -2}}, {0, 16});
+    st::constant<Zam32sc, Zam32sc>(TWO(MulC, 32sc), cmul_m<Zam32sc>(), {{INT32_MIN, INT32_MIN}, {-5, 7}}, {40});
+}
+
+// pSrcDst starts as c: c + a * b, scaled.
+template <class A, class C, class Fn> void add_product(Fn f, std::vector<int> sweep_sfs) {
+    auto pa = st::pool<A>(300, 41), pb = st::pool<A>(300, 42);
+    auto pc = st::pool<C>(300, 43);
+    auto model = [](A a, A b, C c, int sf) { return scale<C>(ld(c) + ld(a) * b, sf); };
+    auto run = [&](int len, int sf, size_t off) {
+        zt::Guarded<A> a(len, (off * 3 + 2) % 64), b(len, (off * 5) % 64);
+        zt::Guarded<C> c(len, off);
+        a.copy_from(pa.data());
+        b.copy_from(pb.data());
+        c.copy_from(pc.data());
+        ASSERT_EQ(f(a.data(), b.data(), c.data(), len, sf), zamStatusOk);
+        for (int i = 0; i < len; ++i) ASSERT_EQ(c[i], model(pa[i], pb[i], pc[i], sf)) << "sf " << sf << " i " << i;
+        ASSERT_TRUE(c.guards_intact());
+    };
+    for (int sf = -40; sf <= 70; ++sf)
+        for (int len : {1, 9, 33}) run(len, sf, 6);
+    for (int sf : sweep_sfs)
+        for (int len = 1; len <= 300; len += 3)
+            for (size_t off : zt::offsets_for(len)) run(len, sf, off);
+    A a[1] = {};
+    zt::Guarded<C> c(1);
+    EXPECT_EQ(f(nullptr, a, c.data(), 0, 0), zamStatusNullPointer);
+    EXPECT_EQ(f(a, a, nullptr, 1, 40), zamStatusNullPointer);
+    EXPECT_EQ(f(a, a, c.data(), 0, 0), zamStatusBadLength);
+    EXPECT_EQ(f(a, a, c.data(), 0, 63), zamStatusBadLength);
+    EXPECT_TRUE(c.guards_intact());
+}
+
+TEST(ScaledAddProduct, EveryFactorLengthAndAlignment) {
+    add_product<Zam16s, Zam16s>(zamsAddProduct_16s_Sfs, {0, 5, 31, -4});
+    add_product<Zam16s, Zam32s>(zamsAddProduct_16s32s_Sfs, {3});
+    add_product<Zam32s, Zam32s>(zamsAddProduct_32s_Sfs, {-1});
+}
+
+TEST(ScaledMul, DocumentedValues) {
+    Zam16s a[2] = {-32768, 181}, d[2];
+    ASSERT_EQ(zamsMul_16s_Sfs(a, a, d, 2, 0), zamStatusOk);
+    EXPECT_EQ(d[0], 32767);
+    EXPECT_EQ(d[1], 32761);
+    // Both parts of (-32768 - 32768i)^2 = 0 + 2^31 i: the imaginary sum leaves 32 bits.
+    Zam16sc c[1] = {{-32768, -32768}}, e[1];
+    ASSERT_EQ(zamsMul_16sc_Sfs(c, c, e, 1, 16), zamStatusOk);
+    EXPECT_EQ(e[0].re, 0);
+    EXPECT_EQ(e[0].im, 32767);
+    ASSERT_EQ(zamsMulC_16sc_Sfs(c, c[0], e, 1, 17), zamStatusOk);
+    EXPECT_EQ(e[0].im, 16384);
+    // The extreme factors of families without a zeroing limit.
+    Zam32sc p[1] = {{INT32_MIN, INT32_MIN}}, q[1];
+    ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, INT32_MAX), zamStatusOk);
+    EXPECT_EQ(q[0].im, 0);
+    ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, 64), zamStatusOk);  // 2^63 / 2^64: a tie, to even
+    EXPECT_EQ(q[0].im, 0);
+    ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, 63), zamStatusOk);
+    EXPECT_EQ(q[0].im, 1);
+    ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, INT32_MIN), zamStatusOk);
+    EXPECT_EQ(q[0].re, 0);
+    EXPECT_EQ(q[0].im, INT32_MAX);
+    Zam16u u[1] = {1};
+    Zam16u w[1];
+    ASSERT_EQ(zamsAdd_16u_Sfs(u, u, w, 1, INT32_MIN), zamStatusOk);
+    EXPECT_EQ(w[0], 65535);
+}
+
+ZAMS_DIGEST(mul_scaled) {
+    const int n = 203;
+    auto a8u = st::pool<Zam8u>(n, 1), b8u = st::pool<Zam8u>(n, 2);
+    auto a16s = st::pool<Zam16s>(n, 3), b16s = st::pool<Zam16s>(n, 4);
+    auto a16u = st::pool<Zam16u>(n, 5);
+    auto a32s = st::pool<Zam32s>(n, 7), b32s = st::pool<Zam32s>(n, 8);
+    auto a16sc = st::pool<Zam16sc>(n, 11), b16sc = st::pool<Zam16sc>(n, 12);
+    auto a32sc = st::pool<Zam32sc>(n, 13), b32sc = st::pool<Zam32sc>(n, 14);
+    std::vector<Zam8u> d8u(n);
+    std::vector<Zam16s> d16s(n);
+    std::vector<Zam32s> d32s(n);
+    std::vector<Zam16sc> d16sc(n);
+    std::vector<Zam32sc> d32sc(n);
+    for (int sf : {-70, -9, -1, 0, 1, 2, 5, 9, 17, 31, 33, 62, 64}) {
+#define D2(op, t) d.status(zams##op##_##t##_Sfs(a##t.data(), b##t.data(), d##t.data(), n, sf)), d.add(d##t)
+#define DC(op, t, v) d.status(zams##op##_##t##_Sfs(a##t.data(), v, d##t.data(), n, sf)), d.add(d##t)
+        D2(Mul, 8u); D2(Mul, 16s); D2(Mul, 32s); D2(Mul, 16sc); D2(Mul, 32sc);
+        DC(MulC, 8u, Zam8u(200)); DC(MulC, 16s, Zam16s(-300)); DC(MulC, 32s, -5);
+        DC(MulC, 16sc, (Zam16sc{-32768, 7})); DC(MulC, 32sc, (Zam32sc{INT32_MIN, 1}));
+        d.status(zamsMul_16u16s_Sfs(a16u.data(), b16s.data(), d16s.data(), n, sf)), d.add(d16s);
+        d.status(zamsMul_16s32s_Sfs(a16s.data(), b32s.data(), d32s.data(), n, sf)), d.add(d32s);
+        d.status(zamsMul_Low_32s_Sfs(a32s.data(), b32s.data(), d32s.data(), n, sf)), d.add(d32s);
+        d.status(zamsMul_32s32sc_Sfs(a32s.data(), b32sc.data(), d32sc.data(), n, sf)), d.add(d32sc);
+        d.status(zamsAddProduct_16s_Sfs(a16s.data(), b16s.data(), d16s.data(), n, sf)), d.add(d16s);
+        d.status(zamsAddProduct_16s32s_Sfs(a16s.data(), b16s.data(), d32s.data(), n, sf)), d.add(d32s);
+        d.status(zamsAddProduct_32s_Sfs(a32s.data(), b32s.data(), d32s.data(), n, sf)), d.add(d32s);
+#undef D2
+#undef DC
+    }
+}
+
+}  // namespace
