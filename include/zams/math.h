@@ -56,6 +56,18 @@ ZAMSAPI zamStatus zamsDivC_16s_ISfs(Zam16s val, Zam16s* pSrcDst, int len, int sc
 ZAMSAPI zamStatus zamsDivC_16sc_Sfs(const Zam16sc* pSrc, Zam16sc val, Zam16sc* pDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zamsDivC_16sc_ISfs(Zam16sc val, Zam16sc* pSrcDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zamsDivC_64s_ISfs(Zam64s val, Zam64s* pSrcDst, int len, int scaleFactor);
+/* Floating division by a constant: a zero constant gives -10 (after the
+ * pointer and length checks); otherwise the vector is multiplied by the
+ * reciprocal of the constant, computed once in the type's precision, so a
+ * result may differ from the true quotient in the last bit. */
+ZAMSAPI zamStatus zamsDivC_32f(const Zam32f* pSrc, Zam32f val, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsDivC_32f_I(Zam32f val, Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsDivC_64f(const Zam64f* pSrc, Zam64f val, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsDivC_64f_I(Zam64f val, Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsDivC_32fc(const Zam32fc* pSrc, Zam32fc val, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsDivC_32fc_I(Zam32fc val, Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsDivC_64fc(const Zam64fc* pSrc, Zam64fc val, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsDivC_64fc_I(Zam64fc val, Zam64fc* pSrcDst, int len);
 
 /* val / pSrc[i]. A zero element gives 65535 (0 for a zero val) and the
    warning 6. */

@@ -34,8 +34,8 @@ template <class W> constexpr W shr_round_even(W r, int sf) {
 template <class T, class W> constexpr T shl_saturate(W r, int sf) {
     constexpr int bits = int(sizeof(W) * CHAR_BIT);
     if (r == 0 || sf == 0) return saturate<T>(r);
+    if (sf <= -(bits - 1)) return r > 0 ? traits<T>::max : traits<T>::min;  // no -INT_MIN
     int k = -sf;
-    if (k >= bits - 1) return r > 0 ? traits<T>::max : traits<T>::min;
     W lim = std::numeric_limits<W>::max() >> k;
     if (r > lim) return traits<T>::max;
     if (std::is_signed_v<W> && r < -lim) return traits<T>::min;
