@@ -12,8 +12,10 @@
 // closest approach of a double to a multiple of pi/2 (about 2^-61).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <cstring>
+
+#include "../arith/elem_kernel.h"
 
 namespace zams {
 namespace sincos_dd {
@@ -22,16 +24,8 @@ struct Pair {
     double hi, lo;
 };
 
-inline double from_bits(uint64_t b) {
-    double d;
-    std::memcpy(&d, &b, 8);
-    return d;
-}
-inline uint64_t to_bits(double d) {
-    uint64_t b;
-    std::memcpy(&b, &d, 8);
-    return b;
-}
+using elem::from_bits;
+inline uint64_t to_bits(double d) { return elem::bits(d); }
 // 2^e for -1022 <= e <= 1023
 inline double pow2(int e) { return from_bits(uint64_t(int64_t(e + 1023)) << 52); }
 
