@@ -2,7 +2,8 @@
 // accurate to far below an ulp of hi, from plain double arithmetic (no
 // fused multiply-add, no C library): the results are the same bits on every
 // target. Used by PolarToCart, whose outputs are magnitude * (hi + lo)
-// rounded once.
+// rounded once; the exact sum and product of two doubles (two_sum,
+// two_prod) serve the double cube root as well.
 //
 // Reduction: x = k pi/2 + r with |r| <= pi/4 (r kept as a double pair).
 // Below 2^19 a four-part pi/2 (three 33-bit heads, whose products with k are
