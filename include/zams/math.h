@@ -124,6 +124,8 @@ ZAMSAPI zamStatus zamsSqr_16sc_ISfs(Zam16sc* pSrcDst, int len, int scaleFactor);
    keep their sign. */
 ZAMSAPI zamStatus zamsCubrt_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsCubrt_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsCubrt_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsCubrt_64f_I(Zam64f* pSrcDst, int len);
 
 /* Exp, Ln, Arctan of floating vectors, within one ulp; special values as
    IEEE and C99 Annex F say, no warnings. */
@@ -173,5 +175,13 @@ ZAMSAPI zamStatus zamsCartToPolar_32fc(const Zam32fc* pSrc, Zam32f* pDstMagn, Za
 ZAMSAPI zamStatus zamsCartToPolar_64fc(const Zam64fc* pSrc, Zam64f* pDstMagn, Zam64f* pDstPhase, int len);
 ZAMSAPI zamStatus zamsCartToPolar_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDstMagn, Zam32f* pDstPhase, int len);
 ZAMSAPI zamStatus zamsCartToPolar_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDstMagn, Zam64f* pDstPhase, int len);
+
+/* PolarToCart, the inverse: re = magn cos(phase), im = magn sin(phase),
+   each within an ulp for any finite phase in radians, however large; an
+   infinite or NaN phase gives NaN parts. */
+ZAMSAPI zamStatus zamsPolarToCart_32fc(const Zam32f* pSrcMagn, const Zam32f* pSrcPhase, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsPolarToCart_64fc(const Zam64f* pSrcMagn, const Zam64f* pSrcPhase, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsPolarToCart_32f(const Zam32f* pSrcMagn, const Zam32f* pSrcPhase, Zam32f* pDstRe, Zam32f* pDstIm, int len);
+ZAMSAPI zamStatus zamsPolarToCart_64f(const Zam64f* pSrcMagn, const Zam64f* pSrcPhase, Zam64f* pDstRe, Zam64f* pDstIm, int len);
 
 #endif

@@ -1,0 +1,108 @@
+// Cube root of double-precision vectors.
+#include <cmath>
+#include <random>
+
+#include "digest.h"
+#include "math_util.h"
+
+#ifdef ZAMS_TEST_MPFR
+#include <mpfr.h>
+#endif
+
+namespace {
+
+// Random bit patterns (every binade, subnormals included), a dense walk of
+// one period of the exponent reduction, and exact cubes.
+std::vector<Zam64f> samples(size_t n, uint32_t seed) {
+    std::mt19937_64 g(seed);
+    std::vector<Zam64f> v;
+    while (v.size() < n) {
+        uint64_t b = g();
+        if (v.size() % 4 == 1) b &= 0x800fffffffffffffull;  // subnormal
+        double x;
+        std::memcpy(&x, &b, 8);
+        if (std::isfinite(x)) v.push_back(x);
+    }
+    std::uniform_real_distribution<double> u(1.0, 8.0);
+    for (size_t i = 0; i < n / 2; ++i) v.push_back(u(g));
+    for (int k = -1000; k <= 1000; k += 7) v.push_back(double(k) * k * k);
+    return v;
+}
+
+double ulps(Zam64f x, Zam64f got) {
+#ifdef ZAMS_TEST_MPFR
+    mpfr_t a, e, g;
+    mpfr_inits2(200, a, e, g, (mpfr_ptr)nullptr);
+    mpfr_set_d(a, x, MPFR_RNDN);
+    mpfr_cbrt(e, a, MPFR_RNDN);
+    mpfr_set_d(g, got, MPFR_RNDN);
+    mpfr_sub(g, g, e, MPFR_RNDN);
+    mpfr_abs(g, g, MPFR_RNDN);
+    long ex = mpfr_zero_p(e) ? -1021 : mpfr_get_exp(e);  // results are never subnormal
+    mpfr_mul_2si(g, g, -(ex - 53), MPFR_RNDN);
+    double out = mpfr_get_d(g, MPFR_RNDN);
+    mpfr_clears(a, e, g, (mpfr_ptr)nullptr);
+    return out;
+#else
+    return mt::ulp_diff(got, std::cbrt((long double)x));  // x87 long double: 11 bits to spare
+#endif
+}
+
+TEST(Cubrt64, WithinOneUlp) {
+    auto x = samples(sizeof(void*) == 8 ? 40000 : 8000, 1);
+    std::vector<Zam64f> y(x.size());
+    ASSERT_EQ(zamsCubrt_64f(x.data(), y.data(), int(x.size())), zamStatusOk);
+    double worst = 0;
+    size_t at = 0;
+    for (size_t i = 0; i < x.size(); ++i) {
+        double u = ulps(x[i], y[i]);
+        if (u > worst) worst = u, at = i;
+    }
+    EXPECT_LE(worst, 1.0) << x[at];
+    EXPECT_GT(worst, 0.4);  // rounding alone reaches this: the measurement saw something
+    for (int k = -1000; k <= 1000; ++k) {  // exact cubes have exact roots
+        Zam64f c = double(k) * k * k * 0x1p-300, r;
+        ASSERT_EQ(zamsCubrt_64f(&c, &r, 1), zamStatusOk);
+        ASSERT_EQ(r, double(k) * 0x1p-100) << k;
+    }
+}
+
+TEST(Cubrt64, SpecialValuesInPlaceAndArguments) {
+    Zam64f s[7] = {0.0, -0.0, INFINITY, -INFINITY, -27.0, 5e-324, NAN};
+    ASSERT_EQ(zamsCubrt_64f_I(s, 7), zamStatusOk);
+    EXPECT_EQ(zt::bits(s[0]), zt::bits(0.0));
+    EXPECT_EQ(zt::bits(s[1]), zt::bits(-0.0));
+    EXPECT_EQ(s[2], INFINITY);
+    EXPECT_EQ(s[3], -INFINITY);
+    EXPECT_EQ(s[4], -3.0);
+    EXPECT_LE(ulps(5e-324, s[5]), 1.0);
+    EXPECT_TRUE(std::isnan(s[6]));
+
+    auto x = samples(200, 2);
+    std::vector<Zam64f> ref(x.size());
+    ASSERT_EQ(zamsCubrt_64f(x.data(), ref.data(), int(x.size())), zamStatusOk);
+    for (size_t off : {0, 1, 3, 8}) {
+        zt::Guarded<Zam64f> y(x.size(), off);
+        y.copy_from(x.data());
+        ASSERT_EQ(zamsCubrt_64f_I(y.data(), int(x.size())), zamStatusOk);
+        for (size_t i = 0; i < x.size(); ++i) ASSERT_EQ(zt::bits(y[i]), zt::bits(ref[i]));
+        ASSERT_TRUE(y.guards_intact());
+    }
+    Zam64f v[1] = {8.0};
+    EXPECT_EQ(zamsCubrt_64f(nullptr, v, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsCubrt_64f(v, nullptr, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsCubrt_64f_I(nullptr, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsCubrt_64f(v, v, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsCubrt_64f_I(v, -3), zamStatusBadLength);
+    EXPECT_EQ(v[0], 8.0);
+}
+
+ZAMS_DIGEST(cubrt64) {
+    auto x = samples(3000, 3);
+    std::vector<Zam64f> y(x.size());
+    d.status(zamsCubrt_64f(x.data(), y.data(), int(x.size())));
+    d.add(y);
+    d.status(zamsCubrt_64f_I(x.data(), 0));
+}
+
+}  // namespace

@@ -1,0 +1,232 @@
+// PolarToCart: magnitude and phase to cartesian parts.
+#include <cmath>
+#include <random>
+
+#include "digest.h"
+#include "math_util.h"
+
+#ifdef ZAMS_TEST_MPFR
+#include <mpfr.h>
+#endif
+
+namespace {
+
+double from_bits(uint64_t b) {
+    double d;
+    std::memcpy(&d, &b, 8);
+    return d;
+}
+
+// Phases that stress the reduction: random doubles of every size, the
+// doubles nearest to multiples of pi/2 (worst cancellation), and the
+// binade edges of the two reduction methods.
+std::vector<Zam64f> hard_phases(size_t n, uint32_t seed) {
+    std::mt19937_64 g(seed);
+    std::vector<Zam64f> v;
+    std::uniform_real_distribution<double> small(-8, 8), mid(-6e5, 6e5);
+    for (size_t i = 0; i < n; ++i) {
+        switch (i % 5) {
+            case 0: v.push_back(small(g)); break;
+            case 1: v.push_back(mid(g)); break;
+            case 2: {  // any finite double
+                double x;
+                do x = from_bits(g()); while (!std::isfinite(x));
+                v.push_back(x);
+                break;
+            }
+            case 3: {  // the neighbourhood of k pi/2
+                double k = double(g() % 400000) - 200000;
+                double x = k * (M_PI / 2);
+                v.push_back(std::nextafter(x, double(g() % 3) - 1.0));
+                break;
+            }
+            default: v.push_back(std::ldexp(1.0 + double(g() % 1024) / 1024, int(g() % 80) - 20));
+        }
+    }
+    // the double closest to a multiple of pi/2, and edges of the methods
+    v.push_back(std::ldexp(6381956970095103.0, 797));
+    v.push_back(-std::ldexp(6381956970095103.0, 797));
+    for (double x : {0x1p19, std::nextafter(0x1p19, 0.0), M_PI / 4, std::nextafter(M_PI / 4, 4.0), 0x1p-27, 0x1.8p-27,
+                     1.7976931348623157e308, 1e22, 5e-324})
+        v.push_back(x), v.push_back(-x);
+    return v;
+}
+
+std::vector<Zam64f> magnitudes(size_t n, uint32_t seed) {
+    auto m = zt::random_reals<Zam64f>(n, seed, -1e3, 1e3);
+    for (size_t i = 0; i < n; i += 7) m[i] *= 1e305;  // the scaled product above 2^990
+    for (size_t i = 3; i < n; i += 7) m[i] *= 1e-310;  // subnormal magnitudes and results
+    return m;
+}
+
+#ifdef ZAMS_TEST_MPFR
+// Error of got against m trig(x) evaluated exactly, in ulps of F.
+template <class F> double mpfr_ulps(bool sine, double m, double x, F got) {
+    mpfr_t a, e, g;
+    mpfr_inits2(300, a, e, g, (mpfr_ptr)nullptr);
+    mpfr_set_d(a, x, MPFR_RNDN);
+    (sine ? mpfr_sin : mpfr_cos)(e, a, MPFR_RNDN);
+    mpfr_mul_d(e, e, m, MPFR_RNDN);
+    constexpr int p = std::numeric_limits<F>::digits;
+    constexpr int emin = std::numeric_limits<F>::min_exponent;
+    mpfr_set_d(g, double(got), MPFR_RNDN);
+    mpfr_sub(g, g, e, MPFR_RNDN);
+    mpfr_abs(g, g, MPFR_RNDN);
+    long ex = mpfr_zero_p(e) ? emin : mpfr_get_exp(e);
+    if (ex < emin) ex = emin;
+    mpfr_mul_2si(g, g, -(ex - p), MPFR_RNDN);
+    double out = mpfr_get_d(g, MPFR_RNDN);
+    mpfr_clears(a, e, g, (mpfr_ptr)nullptr);
+    return out;
+}
+
+TEST(PolarToCart, DoubleWithinAnUlpOfMpfr) {
+    auto x = hard_phases(20000, 1);
+    auto m = magnitudes(x.size(), 2);
+    std::vector<Zam64fc> y(x.size());
+    ASSERT_EQ(zamsPolarToCart_64fc(m.data(), x.data(), y.data(), int(x.size())), zamStatusOk);
+    double worst = 0;
+    size_t at = 0;
+    for (size_t i = 0; i < x.size(); ++i) {
+        double u = std::max(mpfr_ulps(false, m[i], x[i], y[i].re), mpfr_ulps(true, m[i], x[i], y[i].im));
+        if (u > worst) worst = u, at = i;
+    }
+    EXPECT_LE(worst, 1.0) << "phase " << x[at] << " magnitude " << m[at];
+    EXPECT_GT(worst, 0.4);  // rounding alone reaches this: the measurement saw something
+}
+
+TEST(PolarToCart, FloatWithinAnUlpOfMpfr) {
+    auto xd = hard_phases(20000, 3);
+    std::vector<Zam32f> x, m;
+    for (double v : xd)
+        if (std::fabs(v) < 3e38) x.push_back(Zam32f(v));
+    auto md = zt::random_reals<Zam32f>(x.size(), 4, -1e3f, 1e3f);
+    for (size_t i = 0; i < x.size(); i += 5) md[i] *= 1e-42f;
+    std::vector<Zam32f> re(x.size()), im(x.size());
+    ASSERT_EQ(zamsPolarToCart_32f(md.data(), x.data(), re.data(), im.data(), int(x.size())), zamStatusOk);
+    double worst = 0;
+    for (size_t i = 0; i < x.size(); ++i)
+        worst = std::max({worst, mpfr_ulps(false, md[i], x[i], re[i]), mpfr_ulps(true, md[i], x[i], im[i])});
+    EXPECT_LE(worst, 1.0);
+    EXPECT_GT(worst, 0.4);
+}
+#endif
+
+// Without MPFR (i386): single precision against long double for phases
+// whose x87 reduction is exact enough, and double precision by identities
+// that hold to a few ulps. The digest ties i386 to the x86-64 bits.
+TEST(PolarToCart, AgreesWithLongDouble) {
+    auto x = zt::random_reals<Zam32f>(4000, 5, -100.0f, 100.0f);
+    auto m = zt::random_reals<Zam32f>(4000, 6, -1e3f, 1e3f);
+    std::vector<Zam32fc> y(4000);
+    ASSERT_EQ(zamsPolarToCart_32fc(m.data(), x.data(), y.data(), 4000), zamStatusOk);
+    for (int i = 0; i < 4000; ++i) {
+        long double a = x[i];
+        ASSERT_LE(mt::ulp_diff(y[i].re, m[i] * std::cos(a)), 1.0) << x[i];
+        ASSERT_LE(mt::ulp_diff(y[i].im, m[i] * std::sin(a)), 1.0) << x[i];
+    }
+    auto xd = hard_phases(4000, 7);
+    std::vector<Zam64f> one(xd.size(), 1.0), re(xd.size()), im(xd.size());
+    ASSERT_EQ(zamsPolarToCart_64f(one.data(), xd.data(), re.data(), im.data(), int(xd.size())), zamStatusOk);
+    for (size_t i = 0; i < xd.size(); ++i) {
+        long double c = re[i], s = im[i];
+        ASSERT_NEAR(double(c * c + s * s), 1.0, 4e-16) << xd[i];
+    }
+    // sin(-x) = -sin(x), cos(-x) = cos(x), and a half turn negates both
+    std::vector<Zam64f> neg(xd.size()), re2(xd.size()), im2(xd.size());
+    for (size_t i = 0; i < xd.size(); ++i) neg[i] = -xd[i];
+    ASSERT_EQ(zamsPolarToCart_64f(one.data(), neg.data(), re2.data(), im2.data(), int(xd.size())), zamStatusOk);
+    for (size_t i = 0; i < xd.size(); ++i) {
+        ASSERT_EQ(re2[i], re[i]);
+        ASSERT_EQ(im2[i], -im[i]);
+    }
+}
+
+TEST(PolarToCart, SpecialValues) {
+    const double inf = INFINITY, nan = NAN;
+    Zam64f m[8] = {2, 2, 2, -3, 0, inf, 5, 1e-320};
+    Zam64f p[8] = {inf, -inf, nan, 0, -1, 0, -0.0, 0.5};
+    Zam64fc y[8];
+    ASSERT_EQ(zamsPolarToCart_64fc(m, p, y, 8), zamStatusOk);
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(std::isnan(y[i].re) && std::isnan(y[i].im)) << i;
+    EXPECT_EQ(y[3].re, -3.0);
+    EXPECT_EQ(zt::bits(y[3].im), zt::bits(-0.0));
+    EXPECT_EQ(zt::bits(y[4].re), zt::bits(0.0));
+    EXPECT_EQ(zt::bits(y[4].im), zt::bits(-0.0));
+    EXPECT_EQ(y[5].re, inf);  // inf cos 0 = inf, inf sin 0 is undefined
+    EXPECT_TRUE(std::isnan(y[5].im));
+    EXPECT_EQ(y[6].re, 5.0);
+    EXPECT_EQ(zt::bits(y[6].im), zt::bits(-0.0));
+    EXPECT_GT(y[7].re, 0.0);  // subnormal results, not flushed
+    EXPECT_GT(y[7].im, 0.0);
+    Zam32f mf[3] = {1, 1, 4}, pf[3] = {INFINITY, NAN, 3.14159265f}, re[3], im[3];
+    ASSERT_EQ(zamsPolarToCart_32f(mf, pf, re, im, 3), zamStatusOk);
+    EXPECT_TRUE(std::isnan(re[0]) && std::isnan(im[0]) && std::isnan(re[1]) && std::isnan(im[1]));
+    EXPECT_EQ(re[2], -4.0f);
+    EXPECT_EQ(im[2], Zam32f(4 * std::sin((long double)3.14159265f)));
+}
+
+// Interleaved and split forms agree bit for bit, write nothing outside the
+// destination at any alignment, and reject bad arguments before writing.
+TEST(PolarToCart, FormsAlignmentAndArguments) {
+    auto x = hard_phases(300, 8);
+    auto m = magnitudes(x.size(), 9);
+    int n = int(x.size());
+    std::vector<Zam64fc> ref(x.size());
+    ASSERT_EQ(zamsPolarToCart_64fc(m.data(), x.data(), ref.data(), n), zamStatusOk);
+    for (size_t off : {0, 1, 3, 8}) {
+        zt::Guarded<Zam64f> re(x.size(), off), im(x.size(), off + 5);
+        ASSERT_EQ(zamsPolarToCart_64f(m.data(), x.data(), re.data(), im.data(), n), zamStatusOk);
+        for (int i = 0; i < n; ++i) {
+            ASSERT_EQ(zt::bits(re[i]), zt::bits(ref[i].re));
+            ASSERT_EQ(zt::bits(im[i]), zt::bits(ref[i].im));
+        }
+        ASSERT_TRUE(re.guards_intact() && im.guards_intact());
+        zt::Guarded<Zam32fc> yc(x.size(), off);
+        std::vector<Zam32f> xf(x.size()), mf(x.size()), rf(x.size()), jf(x.size());
+        for (int i = 0; i < n; ++i) xf[i] = Zam32f(x[i]), mf[i] = Zam32f(m[i] * 1e-300);
+        ASSERT_EQ(zamsPolarToCart_32fc(mf.data(), xf.data(), yc.data(), n), zamStatusOk);
+        ASSERT_EQ(zamsPolarToCart_32f(mf.data(), xf.data(), rf.data(), jf.data(), n), zamStatusOk);
+        for (int i = 0; i < n; ++i) {
+            ASSERT_EQ(zt::bits(rf[i]), zt::bits(yc[i].re));
+            ASSERT_EQ(zt::bits(jf[i]), zt::bits(yc[i].im));
+        }
+        ASSERT_TRUE(yc.guards_intact());
+    }
+    // in place over the sources
+    std::vector<Zam64f> a = m, b = x;
+    ASSERT_EQ(zamsPolarToCart_64f(a.data(), b.data(), a.data(), b.data(), n), zamStatusOk);
+    for (int i = 0; i < n; ++i) ASSERT_EQ(zt::bits(a[i]), zt::bits(ref[i].re));
+
+    Zam64f v[2] = {1, 2}, w[2] = {7, 7};
+    Zam64fc c[1] = {{7, 7}};
+    EXPECT_EQ(zamsPolarToCart_64f(nullptr, v, w, w, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, nullptr, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_64fc(v, nullptr, c, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_32fc(nullptr, nullptr, nullptr, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, w, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsPolarToCart_64fc(v, v, c, -1), zamStatusBadLength);
+    Zam32f f[2] = {1, 1};
+    EXPECT_EQ(zamsPolarToCart_32f(f, f, f, f, -5), zamStatusBadLength);
+    EXPECT_EQ(w[0], 7.0);
+    EXPECT_EQ(c[0].re, 7.0);
+    EXPECT_EQ(f[0], 1.0f);
+}
+
+ZAMS_DIGEST(polar_to_cart) {
+    auto x = hard_phases(3000, 11);
+    auto m = magnitudes(x.size(), 12);
+    int n = int(x.size());
+    std::vector<Zam64f> re(x.size()), im(x.size());
+    d.status(zamsPolarToCart_64f(m.data(), x.data(), re.data(), im.data(), n));
+    d.add(re);
+    d.add(im);
+    std::vector<Zam32f> xf(x.size()), mf(x.size());
+    for (int i = 0; i < n; ++i) xf[i] = Zam32f(std::fmod(x[i], 1e30)), mf[i] = Zam32f(m[i] * 1e-300);
+    std::vector<Zam32fc> yc(x.size());
+    d.status(zamsPolarToCart_32fc(mf.data(), xf.data(), yc.data(), n));
+    d.add(yc);
+    d.status(zamsPolarToCart_64fc(m.data(), nullptr, nullptr, n));
+}
+
+}  // namespace
