@@ -1,3 +1,12 @@
+// The log, exp and atan kernels below follow the algorithms and coefficients
+// of fdlibm (e_log.c, e_exp.c, s_atan.c), whose notice is kept here:
+//
+//   Copyright (C) 1993 by Sun Microsystems, Inc. All rights reserved.
+//   Developed at SunPro, a Sun Microsystems, Inc. business.
+//   Permission to use, copy, modify, and distribute this
+//   software is freely granted, provided that this notice
+//   is preserved.
+//
 // Double-precision kernels for the elementary functions, written with plain
 // arithmetic so that both targets give the same bits (the C library's
 // versions differ between them). Each is within one ulp over its whole
