@@ -33,7 +33,9 @@ template <class S, class D> zamStatus sum_ln(const S* src, int len, D* sum) {
         comp += aa >= at ? (acc - u) + t : (t - u) + acc;
         acc = u;
     }
-    *sum = D(acc + comp);
+    // An infinite element leaves the compensation NaN; the sum is then acc.
+    double r = acc + comp;
+    *sum = D(r == r ? r : acc);
     return zamStatusOk;
 }
 

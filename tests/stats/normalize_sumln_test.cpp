@@ -93,6 +93,12 @@ TEST(SumLn, FirstNonPositiveElementDecides) {
     // A zero after an infinity still warns.
     const Zam32f inf0[] = {std::numeric_limits<float>::infinity(), 0};
     EXPECT_EQ(zamsSumLn_32f(inf0, 2, &o32), zamStatusWarnLnZero);
+    // An infinity alone gives plus infinity, a NaN gives NaN, both without a warning.
+    const Zam64f inf2[] = {2, std::numeric_limits<double>::infinity(), 3}, nan2[] = {2, NAN, 3};
+    EXPECT_EQ(zamsSumLn_64f(inf2, 3, &o64), zamStatusOk);
+    EXPECT_EQ(o64, std::numeric_limits<double>::infinity());
+    EXPECT_EQ(zamsSumLn_64f(nan2, 3, &o64), zamStatusOk);
+    EXPECT_TRUE(std::isnan(o64));
 }
 
 TEST(SumLn, ChecksPointersThenLength) {
