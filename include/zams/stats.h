@@ -200,4 +200,29 @@ ZAMSAPI zamStatus zamsDotProd_32s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, 
 ZAMSAPI zamStatus zamsDotProd_32sc_Sfs(const Zam32sc* pSrc1, const Zam32sc* pSrc2, int len, Zam32sc* pDp, int scaleFactor);
 ZAMSAPI zamStatus zamsDotProd_32s32sc_Sfs(const Zam32s* pSrc1, const Zam32sc* pSrc2, int len, Zam32sc* pDp, int scaleFactor);
 
+/* Sum of the natural logarithms of the elements, each logarithm taken in double precision. A zero
+ * or negative element stops the sum: the first one met decides the result and the warning, minus
+ * infinity with 7 for a zero, NaN with 8 for a negative value. */
+ZAMSAPI zamStatus zamsSumLn_32f(const Zam32f* pSrc, int len, Zam32f* pSum);
+ZAMSAPI zamStatus zamsSumLn_64f(const Zam64f* pSrc, int len, Zam64f* pSum);
+ZAMSAPI zamStatus zamsSumLn_32f64f(const Zam32f* pSrc, int len, Zam64f* pSum);
+ZAMSAPI zamStatus zamsSumLn_16s32f(const Zam16s* pSrc, int len, Zam32f* pSum);
+
+/* pDst[n] = (pSrc[n] - vSub) / vDiv. A zero divisor gives -10 after the pointer and length checks,
+ * with nothing written. Floating members round the difference and then the quotient (complex ones
+ * divide in double precision); the _Sfs members take the exact (x - vSub) 2^-scaleFactor / vDiv,
+ * rounded to nearest even and saturated, on each part of a complex element. */
+ZAMSAPI zamStatus zamsNormalize_32f(const Zam32f* pSrc, Zam32f* pDst, int len, Zam32f vSub, Zam32f vDiv);
+ZAMSAPI zamStatus zamsNormalize_64f(const Zam64f* pSrc, Zam64f* pDst, int len, Zam64f vSub, Zam64f vDiv);
+ZAMSAPI zamStatus zamsNormalize_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len, Zam32fc vSub, Zam32fc vDiv);
+ZAMSAPI zamStatus zamsNormalize_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len, Zam64fc vSub, Zam64fc vDiv);
+ZAMSAPI zamStatus zamsNormalize_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, int len, Zam16s vSub, int vDiv, int scaleFactor);
+ZAMSAPI zamStatus zamsNormalize_16sc_Sfs(const Zam16sc* pSrc, Zam16sc* pDst, int len, Zam16sc vSub, int vDiv, int scaleFactor);
+ZAMSAPI zamStatus zamsNormalize_32f_I(Zam32f* pSrcDst, int len, Zam32f vSub, Zam32f vDiv);
+ZAMSAPI zamStatus zamsNormalize_64f_I(Zam64f* pSrcDst, int len, Zam64f vSub, Zam64f vDiv);
+ZAMSAPI zamStatus zamsNormalize_32fc_I(Zam32fc* pSrcDst, int len, Zam32fc vSub, Zam32fc vDiv);
+ZAMSAPI zamStatus zamsNormalize_64fc_I(Zam64fc* pSrcDst, int len, Zam64fc vSub, Zam64fc vDiv);
+ZAMSAPI zamStatus zamsNormalize_16s_ISfs(Zam16s* pSrcDst, int len, Zam16s vSub, int vDiv, int scaleFactor);
+ZAMSAPI zamStatus zamsNormalize_16sc_ISfs(Zam16sc* pSrcDst, int len, Zam16sc vSub, int vDiv, int scaleFactor);
+
 #endif
