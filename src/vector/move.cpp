@@ -23,7 +23,8 @@ constexpr size_t kLargeFill = size_t(2) << 20;
 struct Pattern {
     alignas(32) uint8_t buf[96];
     Pattern(const uint8_t* elem, size_t esize) {
-        for (size_t i = 0; i < sizeof buf; ++i) buf[i] = elem[i % esize];
+        // esize is a power of two: a mask, not a division per byte.
+        for (size_t i = 0; i < sizeof buf; i += esize) std::memcpy(buf + i, elem, esize);
     }
 };
 
@@ -35,12 +36,12 @@ inline void store32(uint8_t* p, const uint8_t* src) {
 // next 32-byte boundary, one unaligned store ending at the last byte.
 void fill_plain(uint8_t* d, size_t n, const Pattern& pat, size_t esize) {
     if (n < 32) {
-        for (size_t i = 0; i < n; ++i) d[i] = pat.buf[i % esize];
+        std::memcpy(d, pat.buf, n);
         return;
     }
     store32(d, pat.buf);
     size_t o = 32 - (reinterpret_cast<uintptr_t>(d) & 31);
-    const __m256i body = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(pat.buf + o % esize));
+    const __m256i body = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(pat.buf + (o & (esize - 1))));
     for (; o + 128 <= n; o += 128) {
         _mm256_store_si256(reinterpret_cast<__m256i*>(d + o), body);
         _mm256_store_si256(reinterpret_cast<__m256i*>(d + o + 32), body);
@@ -48,7 +49,7 @@ void fill_plain(uint8_t* d, size_t n, const Pattern& pat, size_t esize) {
         _mm256_store_si256(reinterpret_cast<__m256i*>(d + o + 96), body);
     }
     for (; o + 32 <= n; o += 32) _mm256_store_si256(reinterpret_cast<__m256i*>(d + o), body);
-    if (o < n) store32(d + n - 32, pat.buf + (n - 32) % esize);
+    if (o < n) store32(d + n - 32, pat.buf + ((n - 32) & (esize - 1)));
 }
 
 // Fill larger than the cache: a 64-byte block at the start, whole 64-byte
