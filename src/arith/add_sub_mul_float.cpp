@@ -6,6 +6,7 @@
 
 #include "../common/check.h"
 #include "../common/loop.h"
+#include "../common/simd.h"
 #include "../common/types.h"
 
 namespace zams {
@@ -14,21 +15,9 @@ namespace {
 // Vector traits over the base scalar of a sample type; a complex vector
 // holds P = L / 2 interleaved elements.
 template <class S> struct Lanes;
-template <> struct Lanes<float> {
-    using V = __m256;
-    static constexpr int L = 8;
-    static V load(const float* p) { return _mm256_loadu_ps(p); }
-    static void store(float* p, V v) { _mm256_storeu_ps(p, v); }
-    static V add(V a, V b) { return _mm256_add_ps(a, b); }
-    static V sub(V a, V b) { return _mm256_sub_ps(a, b); }
-    static V mul(V a, V b) { return _mm256_mul_ps(a, b); }
-    // (a+bi)(c+di) = [ac - bd, bc + ad] with addsub; bc + ad is ad + bc exactly.
-    static V cmul(V x, V y) {
-        V p1 = _mm256_mul_ps(x, _mm256_moveldup_ps(y));
-        V p2 = _mm256_mul_ps(_mm256_permute_ps(x, 0xB1), _mm256_movehdup_ps(y));
-        return _mm256_addsub_ps(p1, p2);
-    }
-    static V splat(float v) { return _mm256_set1_ps(v); }
+template <> struct Lanes<float> : Avx<float> {
+    static V cmul(V x, V y) { return cmul_pairs<float>(x, y); }
+    static V splat(float v) { return set1(v); }
     static V splat(Zam32fc v) { return _mm256_setr_ps(v.re, v.im, v.re, v.im, v.re, v.im, v.re, v.im); }
     // Four reals at p, each repeated twice: the factors of four complex elements.
     static V pairs(const float* p) {
@@ -36,20 +25,9 @@ template <> struct Lanes<float> {
         return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_unpacklo_ps(r, r)), _mm_unpackhi_ps(r, r), 1);
     }
 };
-template <> struct Lanes<double> {
-    using V = __m256d;
-    static constexpr int L = 4;
-    static V load(const double* p) { return _mm256_loadu_pd(p); }
-    static void store(double* p, V v) { _mm256_storeu_pd(p, v); }
-    static V add(V a, V b) { return _mm256_add_pd(a, b); }
-    static V sub(V a, V b) { return _mm256_sub_pd(a, b); }
-    static V mul(V a, V b) { return _mm256_mul_pd(a, b); }
-    static V cmul(V x, V y) {
-        V p1 = _mm256_mul_pd(x, _mm256_unpacklo_pd(y, y));
-        V p2 = _mm256_mul_pd(_mm256_permute_pd(x, 0x5), _mm256_unpackhi_pd(y, y));
-        return _mm256_addsub_pd(p1, p2);
-    }
-    static V splat(double v) { return _mm256_set1_pd(v); }
+template <> struct Lanes<double> : Avx<double> {
+    static V cmul(V x, V y) { return cmul_pairs<double>(x, y); }
+    static V splat(double v) { return set1(v); }
     static V splat(Zam64fc v) { return _mm256_setr_pd(v.re, v.im, v.re, v.im); }
     static V pairs(const double* p) {
         __m128d r = _mm_loadu_pd(p);

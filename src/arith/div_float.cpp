@@ -4,34 +4,17 @@
 
 #include "../common/check.h"
 #include "../common/loop.h"
+#include "../common/simd.h"
 #include "../core/parallel.h"
 
 namespace zams {
 
 namespace {
 
-template <class T> struct Avx;
-template <> struct Avx<Zam32f> {
-    using V = __m256;
-    static constexpr int W = 8;
-    static V load(const Zam32f* p) { return _mm256_loadu_ps(p); }
-    static void store(Zam32f* p, V v) { _mm256_storeu_ps(p, v); }
-    static V set1(Zam32f x) { return _mm256_set1_ps(x); }
-    static V div(V a, V b) { return _mm256_div_ps(a, b); }
-};
-template <> struct Avx<Zam64f> {
-    using V = __m256d;
-    static constexpr int W = 4;
-    static V load(const Zam64f* p) { return _mm256_loadu_pd(p); }
-    static void store(Zam64f* p, V v) { _mm256_storeu_pd(p, v); }
-    static V set1(Zam64f x) { return _mm256_set1_pd(x); }
-    static V div(V a, V b) { return _mm256_div_pd(a, b); }
-};
-
 // num[i] / div[i]
 template <class T> void div_real_slice(const T* div, const T* num, T* dst, int cnt) {
     using A = Avx<T>;
-    for_each_block<A::W>(
+    for_each_block<A::L>(
         dst, cnt, [&](int i) { dst[i] = num[i] / div[i]; },
         [&](int i) { A::store(dst + i, A::div(A::load(num + i), A::load(div + i))); });
 }

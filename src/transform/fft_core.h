@@ -21,6 +21,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include "../common/simd.h"
 #include "../common/trig.h"
 #include "zams.h"
 #include "zams_impl.h"
@@ -67,52 +68,28 @@ template <class F> struct Plan {
 
 // ---------------------------------------------------------------- AVX ops --
 template <class F> struct VT;
-template <> struct VT<float> {
-    using V = __m256;
+template <> struct VT<float> : Avx<float> {
     static constexpr int W = 4;  // complex values a vector
-    static V ld(const float* p) { return _mm256_loadu_ps(p); }
-    static void st(float* p, V v) { _mm256_storeu_ps(p, v); }
-    static V add(V a, V b) { return _mm256_add_ps(a, b); }
-    static V sub(V a, V b) { return _mm256_sub_ps(a, b); }
-    static V mul(V a, V b) { return _mm256_mul_ps(a, b); }
-    static V set1(float s) { return _mm256_set1_ps(s); }
-    static V swap(V a) { return _mm256_permute_ps(a, 0xB1); }
-    static V re(V w) { return _mm256_moveldup_ps(w); }
-    static V im(V w) { return _mm256_movehdup_ps(w); }
-    static V addsub(V a, V b) { return _mm256_addsub_ps(a, b); }
     static V imsign() { return _mm256_castsi256_ps(_mm256_set_epi32(INT32_MIN, 0, INT32_MIN, 0, INT32_MIN, 0, INT32_MIN, 0)); }
     static V allsign() { return _mm256_set1_ps(-0.0f); }
-    static V xr(V a, V b) { return _mm256_xor_ps(a, b); }
 };
-template <> struct VT<double> {
-    using V = __m256d;
+template <> struct VT<double> : Avx<double> {
     static constexpr int W = 2;
-    static V ld(const double* p) { return _mm256_loadu_pd(p); }
-    static void st(double* p, V v) { _mm256_storeu_pd(p, v); }
-    static V add(V a, V b) { return _mm256_add_pd(a, b); }
-    static V sub(V a, V b) { return _mm256_sub_pd(a, b); }
-    static V mul(V a, V b) { return _mm256_mul_pd(a, b); }
-    static V set1(double s) { return _mm256_set1_pd(s); }
-    static V swap(V a) { return _mm256_permute_pd(a, 0x5); }
-    static V re(V w) { return _mm256_movedup_pd(w); }
-    static V im(V w) { return _mm256_permute_pd(w, 0xF); }
-    static V addsub(V a, V b) { return _mm256_addsub_pd(a, b); }
     static V imsign() { return _mm256_castsi256_pd(_mm256_set_epi64x(INT64_MIN, 0, INT64_MIN, 0)); }
     static V allsign() { return _mm256_set1_pd(-0.0); }
-    static V xr(V a, V b) { return _mm256_xor_pd(a, b); }
 };
 
 // a * w, or a * conj(w) for the inverse.
 template <class F, bool Inv> inline typename VT<F>::V cmul(typename VT<F>::V a, typename VT<F>::V w) {
     using T = VT<F>;
-    auto wi = T::im(w);
-    if constexpr (Inv) wi = T::xr(wi, T::allsign());
-    return T::addsub(T::mul(a, T::re(w)), T::mul(T::swap(a), wi));
+    auto wi = T::dup_im(w);
+    if constexpr (Inv) wi = T::xor_(wi, T::allsign());
+    return T::addsub(T::mul(a, T::dup_re(w)), T::mul(T::swap(a), wi));
 }
 
 // -i * c = (c.im, -c.re).
 template <class F> inline typename VT<F>::V mul_negi(typename VT<F>::V c) {
-    return VT<F>::xr(VT<F>::swap(c), VT<F>::imsign());
+    return VT<F>::xor_(VT<F>::swap(c), VT<F>::imsign());
 }
 
 // One run of radix-4 butterflies: cnt positions (a multiple of the vector
@@ -124,20 +101,20 @@ inline void r4_run(F* p, size_t L, const F* t1, const F* t2, const F* t3, size_t
     F* q2 = p + 4 * L;
     F* q3 = p + 6 * L;
     for (size_t i = 0; i < 2 * cnt; i += 2 * T::W) {
-        auto a0 = T::ld(p + i);
-        auto a1 = cmul<F, Inv>(T::ld(q1 + i), T::ld(t2 + i));
-        auto a2 = cmul<F, Inv>(T::ld(q2 + i), T::ld(t1 + i));
-        auto a3 = cmul<F, Inv>(T::ld(q3 + i), T::ld(t3 + i));
+        auto a0 = T::load(p + i);
+        auto a1 = cmul<F, Inv>(T::load(q1 + i), T::load(t2 + i));
+        auto a2 = cmul<F, Inv>(T::load(q2 + i), T::load(t1 + i));
+        auto a3 = cmul<F, Inv>(T::load(q3 + i), T::load(t3 + i));
         auto c0 = T::add(a0, a1), c1 = T::sub(a0, a1);
         auto c2 = T::add(a2, a3), t = mul_negi<F>(T::sub(a2, a3));
-        T::st(p + i, T::add(c0, c2));
-        T::st(q2 + i, T::sub(c0, c2));
+        T::store(p + i, T::add(c0, c2));
+        T::store(q2 + i, T::sub(c0, c2));
         if constexpr (Inv) {
-            T::st(q1 + i, T::sub(c1, t));
-            T::st(q3 + i, T::add(c1, t));
+            T::store(q1 + i, T::sub(c1, t));
+            T::store(q3 + i, T::add(c1, t));
         } else {
-            T::st(q1 + i, T::add(c1, t));
-            T::st(q3 + i, T::sub(c1, t));
+            T::store(q1 + i, T::add(c1, t));
+            T::store(q3 + i, T::sub(c1, t));
         }
     }
 }
@@ -330,16 +307,16 @@ size_t first_pass_vec8(const Src& src, F* d, int M, size_t g0, size_t g1, const 
             auto a0 = b[j], a1 = b[2 + j], a2 = b[4 + j], a3 = b[6 + j];
             if (j == 1) {
                 a1 = mul_negi<F>(a1);
-                if constexpr (Inv) a1 = T::xr(a1, T::allsign());
+                if constexpr (Inv) a1 = T::xor_(a1, T::allsign());
                 const auto s2 = T::swap(a2), s3 = T::swap(a3);
                 const auto p2 = T::add(a2, s2), m2 = T::sub(a2, s2);
                 const auto p3 = T::add(a3, s3), n3 = T::sub(s3, a3);
                 if constexpr (Inv) {
                     a2 = T::mul(blend_re_im<F>(m2, p2), h);
-                    a3 = T::mul(blend_re_im<F>(T::xr(p3, T::allsign()), n3), h);
+                    a3 = T::mul(blend_re_im<F>(T::xor_(p3, T::allsign()), n3), h);
                 } else {
                     a2 = T::mul(blend_re_im<F>(p2, m2), h);
-                    a3 = T::mul(blend_re_im<F>(n3, T::xr(p3, T::allsign())), h);
+                    a3 = T::mul(blend_re_im<F>(n3, T::xor_(p3, T::allsign())), h);
                 }
             }
             const auto c0 = T::add(a0, a1), c1 = T::sub(a0, a1), c2 = T::add(a2, a3);
@@ -569,7 +546,7 @@ template <class F> void scale_n(F* a, size_t n, F s) {
     constexpr size_t S = 2 * T::W;
     auto v = T::set1(s);
     size_t i = 0;
-    for (; i + S <= n; i += S) T::st(a + i, T::mul(T::ld(a + i), v));
+    for (; i + S <= n; i += S) T::store(a + i, T::mul(T::load(a + i), v));
     for (; i < n; ++i) a[i] = a[i] * s;
 }
 

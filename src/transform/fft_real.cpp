@@ -57,10 +57,10 @@ template <class F> inline typename VT<F>::V blend_im(typename VT<F>::V re_from, 
 
 template <class F> inline typename VT<F>::V load_w(const Recomb<F>& w, size_t k) {
     using T = VT<F>;
-    if (!w.coarse) return T::ld(w.t + 2 * k);
+    if (!w.coarse) return T::load(w.t + 2 * k);
     alignas(32) F t[2 * T::W];
     for (int i = 0; i < T::W; ++i) w.get(k + i, t[2 * i], t[2 * i + 1]);
-    return T::ld(t);
+    return T::load(t);
 }
 
 // Returns the first k left for the scalar loop.
@@ -75,8 +75,8 @@ template <class F, bool Inv> size_t recombine_vec(F* d, size_t H, const Recomb<F
     for (; k + W - 1 < H - (k + W - 1); k += W) {
         F* pa = d + 2 * k;
         F* pb = d + 2 * (H - k - (W - 1));
-        const auto A = T::ld(pa);
-        const auto Bc = T::xr(reverse_cplx<F>(T::ld(pb)), imneg);  // conj, in k order
+        const auto A = T::load(pa);
+        const auto Bc = T::xor_(reverse_cplx<F>(T::load(pb)), imneg);  // conj, in k order
         const auto wk = load_w(w, k);
         typename T::V lo, hi;
         if constexpr (!Inv) {
@@ -89,12 +89,12 @@ template <class F, bool Inv> size_t recombine_vec(F* d, size_t H, const Recomb<F
             const auto E = T::add(A, Bc);
             const auto D = T::sub(A, Bc);
             const auto V = cmul<F, true>(D, wk);
-            const auto iV = T::xr(T::swap(V), T::xr(imneg, T::allsign()));  // (-V.im, V.re)
+            const auto iV = T::xor_(T::swap(V), T::xor_(imneg, T::allsign()));  // (-V.im, V.re)
             lo = T::add(E, iV);
             hi = blend_im<F>(T::sub(E, iV), T::sub(iV, E));
         }
-        T::st(pa, lo);
-        T::st(pb, reverse_cplx<F>(hi));
+        T::store(pa, lo);
+        T::store(pb, reverse_cplx<F>(hi));
     }
     return k;
 }
