@@ -3,6 +3,7 @@
 
 #include "digest.h"
 #include "math_util.h"
+#include "mpfr_ulps.h"
 #include "sweep.h"
 
 #ifdef ZAMS_TEST_MPFR
@@ -15,8 +16,8 @@ namespace {
 // Error of `got` in ulps of the exact f(x) in type F (ulps of the smallest
 // normal for subnormal results), measured with 200-bit MPFR.
 template <class F> double mpfr_ulps(int (*fn)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t), F x, F got) {
-    mpfr_t a, e, g;
-    mpfr_inits2(200, a, e, g, (mpfr_ptr)nullptr);
+    mpfr_t a, e;
+    mpfr_inits2(200, a, e, (mpfr_ptr)nullptr);
     mpfr_set_d(a, double(x), MPFR_RNDN);
     fn(e, a, MPFR_RNDN);
     double out;
@@ -27,17 +28,9 @@ template <class F> double mpfr_ulps(int (*fn)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t)
         F want = F(mpfr_get_d(e, MPFR_RNDN));
         out = want == got ? 0 : 1e9;
     } else {
-        constexpr int p = std::numeric_limits<F>::digits;
-        constexpr int emin = std::numeric_limits<F>::min_exponent;
-        mpfr_set_d(g, double(got), MPFR_RNDN);
-        mpfr_sub(g, g, e, MPFR_RNDN);
-        mpfr_abs(g, g, MPFR_RNDN);
-        long ex = mpfr_zero_p(e) ? emin : mpfr_get_exp(e);
-        if (ex < emin) ex = emin;
-        mpfr_mul_2si(g, g, -(ex - p), MPFR_RNDN);
-        out = mpfr_get_d(g, MPFR_RNDN);
+        out = ulps_from_exact(e, got);
     }
-    mpfr_clears(a, e, g, (mpfr_ptr)nullptr);
+    mpfr_clears(a, e, (mpfr_ptr)nullptr);
     return out;
 }
 

@@ -4,6 +4,7 @@
 
 #include "digest.h"
 #include "math_util.h"
+#include "mpfr_ulps.h"
 
 #ifdef ZAMS_TEST_MPFR
 #include <mpfr.h>
@@ -62,21 +63,13 @@ std::vector<Zam64f> magnitudes(size_t n, uint32_t seed) {
 #ifdef ZAMS_TEST_MPFR
 // Error of got against m trig(x) evaluated exactly, in ulps of F.
 template <class F> double mpfr_ulps(bool sine, double m, double x, F got) {
-    mpfr_t a, e, g;
-    mpfr_inits2(300, a, e, g, (mpfr_ptr)nullptr);
+    mpfr_t a, e;
+    mpfr_inits2(300, a, e, (mpfr_ptr)nullptr);
     mpfr_set_d(a, x, MPFR_RNDN);
     (sine ? mpfr_sin : mpfr_cos)(e, a, MPFR_RNDN);
     mpfr_mul_d(e, e, m, MPFR_RNDN);
-    constexpr int p = std::numeric_limits<F>::digits;
-    constexpr int emin = std::numeric_limits<F>::min_exponent;
-    mpfr_set_d(g, double(got), MPFR_RNDN);
-    mpfr_sub(g, g, e, MPFR_RNDN);
-    mpfr_abs(g, g, MPFR_RNDN);
-    long ex = mpfr_zero_p(e) ? emin : mpfr_get_exp(e);
-    if (ex < emin) ex = emin;
-    mpfr_mul_2si(g, g, -(ex - p), MPFR_RNDN);
-    double out = mpfr_get_d(g, MPFR_RNDN);
-    mpfr_clears(a, e, g, (mpfr_ptr)nullptr);
+    double out = ulps_from_exact(e, got);
+    mpfr_clears(a, e, (mpfr_ptr)nullptr);
     return out;
 }
 
