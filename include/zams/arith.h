@@ -98,6 +98,53 @@ ZAMSAPI zamStatus zamsAddProduct_16s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc
 ZAMSAPI zamStatus zamsAddProduct_16s32s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam32s* pSrcDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zamsAddProduct_32s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam32s* pSrcDst, int len, int scaleFactor);
 
+/* ---- saturating integer arithmetic without a scale factor ----
+ * The _Sfs functions above at scaleFactor 0: the exact result saturated to
+ * the type, with their statuses and hand-offs (so AddC_16s_I and SubC_16s_I
+ * with val 0 return 0 at once). Mul_16u and MulC_16u have no scaled form. */
+ZAMSAPI zamStatus zamsAdd_8u(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsAdd_8u_I(const Zam8u* pSrc, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAdd_16s(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len);
+ZAMSAPI zamStatus zamsAdd_16s_I(const Zam16s* pSrc, Zam16s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAdd_16u(const Zam16u* pSrc1, const Zam16u* pSrc2, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsAdd_16u_I(const Zam16u* pSrc, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSub_8u(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsSub_8u_I(const Zam8u* pSrc, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSub_16s(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len);
+ZAMSAPI zamStatus zamsSub_16s_I(const Zam16s* pSrc, Zam16s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSub_16u(const Zam16u* pSrc1, const Zam16u* pSrc2, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsSub_16u_I(const Zam16u* pSrc, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsMul_8u(const Zam8u* pSrc1, const Zam8u* pSrc2, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsMul_8u_I(const Zam8u* pSrc, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsMul_16s(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len);
+ZAMSAPI zamStatus zamsMul_16s_I(const Zam16s* pSrc, Zam16s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsMul_16u(const Zam16u* pSrc1, const Zam16u* pSrc2, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsMul_16u_I(const Zam16u* pSrc, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAddC_8u(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsAddC_8u_I(Zam8u val, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAddC_16s(const Zam16s* pSrc, Zam16s val, Zam16s* pDst, int len);
+ZAMSAPI zamStatus zamsAddC_16s_I(Zam16s val, Zam16s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAddC_16u(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsAddC_16u_I(Zam16u val, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSubC_8u(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsSubC_8u_I(Zam8u val, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSubC_16s(const Zam16s* pSrc, Zam16s val, Zam16s* pDst, int len);
+ZAMSAPI zamStatus zamsSubC_16s_I(Zam16s val, Zam16s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSubC_16u(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsSubC_16u_I(Zam16u val, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSubCRev_8u(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsSubCRev_8u_I(Zam8u val, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSubCRev_16s(const Zam16s* pSrc, Zam16s val, Zam16s* pDst, int len);
+ZAMSAPI zamStatus zamsSubCRev_16s_I(Zam16s val, Zam16s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSubCRev_16u(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsSubCRev_16u_I(Zam16u val, Zam16u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsMulC_8u(const Zam8u* pSrc, Zam8u val, Zam8u* pDst, int len);
+ZAMSAPI zamStatus zamsMulC_8u_I(Zam8u val, Zam8u* pSrcDst, int len);
+ZAMSAPI zamStatus zamsMulC_16s(const Zam16s* pSrc, Zam16s val, Zam16s* pDst, int len);
+ZAMSAPI zamStatus zamsMulC_16s_I(Zam16s val, Zam16s* pSrcDst, int len);
+ZAMSAPI zamStatus zamsMulC_16u(const Zam16u* pSrc, Zam16u val, Zam16u* pDst, int len);
+ZAMSAPI zamStatus zamsMulC_16u_I(Zam16u val, Zam16u* pSrcDst, int len);
+
 /* ---- logic and shifts ----
  * Bitwise operations and shifts by a constant count (val, a signed count).
  * Trivial constants hand the call to the movement functions: AndC with 0

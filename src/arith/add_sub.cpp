@@ -41,6 +41,13 @@ template <F f, bool Rev, class D> zamStatus addsub_c(ScaleLimits l, const D* x, 
     });
 }
 
+// In place with a constant; AtOnce: adding or subtracting 0 at factor 0
+// returns before any check.
+template <F f, bool AtOnce, class D> zamStatus addsub_c_i(ScaleLimits l, D v, D* d, int n, int sf) {
+    if (AtOnce && sf == 0 && is_zero(v)) return zamStatusOk;
+    return addsub_c<f, false>(l, d, v, d, n, sf);
+}
+
 zamStatus add64(const Zam64s* a, const Zam64s* b, Zam64s* d, int n, int sf) {
     return two(lim::add_64s, a, b, d, n, sf, [&] { return Add64{a, b}; });
 }
@@ -99,12 +106,10 @@ ZAMS_ADD_SUB_C(32sc, addsub_32s, addsub_32s)
 // the 16s forms return at once, before any check.
 #define ZAMS_ADD_SUB_CI(t, ladd, lsub, at_once)                                                                 \
     ZAMS_FN(zamStatus, zamsAddC_##t##_ISfs)(Zam##t v, Zam##t* d, int n, int sf) {                               \
-        if (at_once && sf == 0 && is_zero(v)) return zamStatusOk;                                               \
-        return addsub_c<F::Add, false>(lim::ladd, d, v, d, n, sf);                                              \
+        return addsub_c_i<F::Add, at_once>(lim::ladd, v, d, n, sf);                                             \
     }                                                                                                           \
     ZAMS_FN(zamStatus, zamsSubC_##t##_ISfs)(Zam##t v, Zam##t* d, int n, int sf) {                               \
-        if (at_once && sf == 0 && is_zero(v)) return zamStatusOk;                                               \
-        return addsub_c<F::Sub, false>(lim::lsub, d, v, d, n, sf);                                              \
+        return addsub_c_i<F::Sub, at_once>(lim::lsub, v, d, n, sf);                                             \
     }
 
 ZAMS_ADD_SUB_CI(8u, add_8u, sub_8u, false)
@@ -112,3 +117,36 @@ ZAMS_ADD_SUB_CI(16s, addsub_16s, addsub_16s, true)
 ZAMS_ADD_SUB_CI(16u, add_16u, sub_16u, false)
 ZAMS_ADD_SUB_CI(32s, addsub_32s, addsub_32s, false)
 ZAMS_ADD_SUB_CI(32sc, addsub_32s, addsub_32s, false)
+
+// The same functions at factor 0, without the argument.
+#define ZAMS_ADD_SUB_PLAIN(t, ladd, lsub, at_once)                                                              \
+    ZAMS_FN(zamStatus, zamsAdd_##t)(const Zam##t* a, const Zam##t* b, Zam##t* d, int n) {                       \
+        return add(lim::ladd, a, b, d, n, 0);                                                                   \
+    }                                                                                                           \
+    ZAMS_FN(zamStatus, zamsAdd_##t##_I)(const Zam##t* a, Zam##t* d, int n) { return add(lim::ladd, a, d, d, n, 0); } \
+    ZAMS_FN(zamStatus, zamsSub_##t)(const Zam##t* a, const Zam##t* b, Zam##t* d, int n) {                       \
+        return sub(lim::lsub, a, b, d, n, 0);                                                                   \
+    }                                                                                                           \
+    ZAMS_FN(zamStatus, zamsSub_##t##_I)(const Zam##t* a, Zam##t* d, int n) { return sub(lim::lsub, a, d, d, n, 0); } \
+    ZAMS_FN(zamStatus, zamsAddC_##t)(const Zam##t* x, Zam##t v, Zam##t* d, int n) {                             \
+        return addsub_c<F::Add, false>(lim::ladd, x, v, d, n, 0);                                               \
+    }                                                                                                           \
+    ZAMS_FN(zamStatus, zamsSubC_##t)(const Zam##t* x, Zam##t v, Zam##t* d, int n) {                             \
+        return addsub_c<F::Sub, false>(lim::lsub, x, v, d, n, 0);                                               \
+    }                                                                                                           \
+    ZAMS_FN(zamStatus, zamsSubCRev_##t)(const Zam##t* x, Zam##t v, Zam##t* d, int n) {                          \
+        return addsub_c<F::Sub, true>(lim::lsub, x, v, d, n, 0);                                                \
+    }                                                                                                           \
+    ZAMS_FN(zamStatus, zamsAddC_##t##_I)(Zam##t v, Zam##t* d, int n) {                                          \
+        return addsub_c_i<F::Add, at_once>(lim::ladd, v, d, n, 0);                                              \
+    }                                                                                                           \
+    ZAMS_FN(zamStatus, zamsSubC_##t##_I)(Zam##t v, Zam##t* d, int n) {                                          \
+        return addsub_c_i<F::Sub, at_once>(lim::lsub, v, d, n, 0);                                              \
+    }                                                                                                           \
+    ZAMS_FN(zamStatus, zamsSubCRev_##t##_I)(Zam##t v, Zam##t* d, int n) {                                       \
+        return addsub_c<F::Sub, true>(lim::lsub, d, v, d, n, 0);                                                \
+    }
+
+ZAMS_ADD_SUB_PLAIN(8u, add_8u, sub_8u, false)
+ZAMS_ADD_SUB_PLAIN(16s, addsub_16s, addsub_16s, true)
+ZAMS_ADD_SUB_PLAIN(16u, add_16u, sub_16u, false)

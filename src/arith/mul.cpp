@@ -71,3 +71,18 @@ ZAMS_FN(zamStatus, zamsAddProduct_16s32s_Sfs)(const Zam16s* a, const Zam16s* b, 
 ZAMS_FN(zamStatus, zamsAddProduct_32s_Sfs)(const Zam32s* a, const Zam32s* b, Zam32s* c, int n, int sf) {
     return addprod(lim::addprod_32s, a, b, c, n, sf);
 }
+
+// Mul and MulC at factor 0, without the argument; 16u has only these.
+#define ZAMS_MUL_PLAIN(t, l)                                                                                    \
+    ZAMS_FN(zamStatus, zamsMul_##t)(const Zam##t* a, const Zam##t* b, Zam##t* d, int n) {                       \
+        return mul(lim::l, a, b, d, n, 0);                                                                      \
+    }                                                                                                           \
+    ZAMS_FN(zamStatus, zamsMul_##t##_I)(const Zam##t* a, Zam##t* d, int n) { return mul(lim::l, a, d, d, n, 0); } \
+    ZAMS_FN(zamStatus, zamsMulC_##t)(const Zam##t* x, Zam##t v, Zam##t* d, int n) {                             \
+        return mulc(lim::l, x, v, d, n, 0);                                                                     \
+    }                                                                                                           \
+    ZAMS_FN(zamStatus, zamsMulC_##t##_I)(Zam##t v, Zam##t* d, int n) { return mulc(lim::l, d, v, d, n, 0); }
+
+ZAMS_MUL_PLAIN(8u, mul_8u)
+ZAMS_MUL_PLAIN(16s, mul_16s)
+ZAMS_MUL_PLAIN(16u, mul_16u)

@@ -36,6 +36,7 @@ inline constexpr ScaleLimits sub_16u{16, kNoLimit};   // Sub, SubC, SubCRev
 inline constexpr ScaleLimits mul_16s{30, -16};        // Mul, MulC
 inline constexpr ScaleLimits mul_16sc{31, -16};       // Mul, MulC
 inline constexpr ScaleLimits mul_16u16s{31, -15};
+inline constexpr ScaleLimits mul_16u{32, -16};        // Mul, MulC (only at factor 0)
 inline constexpr ScaleLimits addsub_32s{32, -31};     // Add, AddC, Sub, SubC, SubCRev; 32sc too
 inline constexpr ScaleLimits mul_32s{62, -32};        // Mul, MulC, Mul_Low
 inline constexpr ScaleLimits mul_32sc{kNoZero, -32};  // Mul, MulC, Mul_32s32sc
@@ -117,6 +118,11 @@ template <class S> struct In {
                                            : int64_t(traits<S>::max);
     static constexpr bool vec = sizeof(S) <= 2;
     int64_t r(ptrdiff_t j) const { return p[j]; }
+    // Parts j..j+7 in 16-bit lanes (8u zero-extended).
+    __m128i w(ptrdiff_t j) const {
+        if constexpr (sizeof(S) == 1) return _mm_cvtepu8_epi16(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p + j)));
+        else return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + j));
+    }
     void v(ptrdiff_t j, __m128i& lo, __m128i& hi) const {
         if constexpr (sizeof(S) == 1) {
             __m128i x = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p + j));
@@ -142,7 +148,34 @@ template <class S> struct Const {
     static constexpr bool vec = In<S>::vec;
     int64_t r(ptrdiff_t j) const { return (j & 1) ? im : re; }
     void v(ptrdiff_t, __m128i& lo, __m128i& hi) const { lo = hi = _mm_set1_epi32(static_cast<int32_t>(re)); }
+    __m128i w(ptrdiff_t) const { return _mm_set1_epi16(static_cast<short>(re)); }
 };
+
+// Exact products of parts j..j+7 as 32-bit lanes. Two 16s or two 8u
+// operands multiply in 16-bit lanes (pmullw and pmulhw give the low and
+// high halves; an 8u product fits 16 bits unsigned); others widen first.
+template <class X> struct elem_of { using type = void; };
+template <class P> struct elem_of<In<P>> { using type = P; };
+template <class P> struct elem_of<Const<P>> { using type = P; };
+template <class A, class B> void products(const A& a, const B& b, ptrdiff_t j, __m128i& lo, __m128i& hi) {
+    using P = typename elem_of<A>::type;
+    if constexpr (std::is_same_v<P, typename elem_of<B>::type> && std::is_same_v<P, Zam16s>) {
+        const __m128i x = a.w(j), y = b.w(j);
+        const __m128i l = _mm_mullo_epi16(x, y), h = _mm_mulhi_epi16(x, y);
+        lo = _mm_unpacklo_epi16(l, h);
+        hi = _mm_unpackhi_epi16(l, h);
+    } else if constexpr (std::is_same_v<P, typename elem_of<B>::type> && std::is_same_v<P, Zam8u>) {
+        const __m128i p = _mm_mullo_epi16(a.w(j), b.w(j));
+        lo = _mm_cvtepu16_epi32(p);
+        hi = _mm_cvtepu16_epi32(_mm_srli_si128(p, 8));
+    } else {
+        __m128i a0, a1, b0, b1;
+        a.v(j, a0, a1);
+        b.v(j, b0, b1);
+        lo = _mm_mullo_epi32(a0, b0);
+        hi = _mm_mullo_epi32(a1, b1);
+    }
+}
 template <class S> Const<S> konst(S v) { return {v, v}; }
 
 enum class F { Add, Sub, Mul };
@@ -164,11 +197,15 @@ template <F f, class A, class B> struct Bin {
         else return _mm_mullo_epi32(x, y);
     }
     void v(ptrdiff_t j, __m128i& lo, __m128i& hi) const {
-        __m128i a0, a1, b0, b1;
-        a.v(j, a0, a1);
-        b.v(j, b0, b1);
-        lo = op(a0, b0);
-        hi = op(a1, b1);
+        if constexpr (f == F::Mul) {
+            products(a, b, j, lo, hi);
+        } else {
+            __m128i a0, a1, b0, b1;
+            a.v(j, a0, a1);
+            b.v(j, b0, b1);
+            lo = op(a0, b0);
+            hi = op(a1, b1);
+        }
     }
 };
 template <F f, class A, class B> Bin<f, A, B> bin(A a, B b) { return {a, b}; }
@@ -207,12 +244,11 @@ template <class A, class B, class C> struct MulAcc {
     static constexpr bool vec = A::vec && B::vec && C::vec && max_abs <= INT32_MAX;
     int64_t r(ptrdiff_t j) const { return c.r(j) + a.r(j) * b.r(j); }
     void v(ptrdiff_t j, __m128i& lo, __m128i& hi) const {
-        __m128i a0, a1, b0, b1, c0, c1;
-        a.v(j, a0, a1);
-        b.v(j, b0, b1);
+        __m128i p0, p1, c0, c1;
+        products(a, b, j, p0, p1);
         c.v(j, c0, c1);
-        lo = _mm_add_epi32(c0, _mm_mullo_epi32(a0, b0));
-        hi = _mm_add_epi32(c1, _mm_mullo_epi32(a1, b1));
+        lo = _mm_add_epi32(c0, p0);
+        hi = _mm_add_epi32(c1, p1);
     }
 };
 
@@ -309,9 +345,17 @@ template <class D, ScaleKind K, class S> void vector_k(D* d, ptrdiff_t n, int sf
     for (; j < n; ++j) d[j] = rule<D, K>(s.r(j), sf);
 }
 
-// Runs stream s into d[0..n) under the kernel of kind k: vector kernels where
-// the stream has them and the rounding bias cannot overflow 32 bits.
+}  // namespace zams::scaled
+
+#include "scaled_lanes.h"
+
+namespace zams::scaled {
+
+// Runs stream s into d[0..n) under the kernel of kind k: kernels in 8- and
+// 16-bit lanes where they serve the stream, else 32-bit lanes where the
+// stream has them and the rounding bias cannot overflow 32 bits.
 template <class D, class S> void run(D* d, ptrdiff_t n, int sf, ScaleKind k, const S& s) {
+    if (lanes::run(d, n, sf, k, s)) return;
     if constexpr (S::vec) {
         const bool pos_fits = sf < 31 && S::max_abs + (int64_t(1) << (sf > 0 ? sf - 1 : 0)) <= INT32_MAX;
         switch (k) {

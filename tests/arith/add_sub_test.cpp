@@ -2,6 +2,8 @@
 #include "digest.h"
 #include "scaled_model.h"
 
+#include <random>
+
 namespace {
 
 using st::ld;
@@ -48,6 +50,40 @@ TEST(ScaledSub, EveryFactorLengthAndAlignment) {
     st::two_sources<Zam32s, Zam32s, Zam32s>(TWO(Sub, 32s), sub_m<Zam32s>(), {2}, 7);
     st::two_sources<Zam16sc, Zam16sc, Zam16sc>(TWO(Sub, 16sc), sub_m<Zam16sc>(), {0}, 5);
     st::two_sources<Zam32sc, Zam32sc, Zam32sc>(TWO(Sub, 32sc), sub_m<Zam32sc>(), {5}, 11);
+}
+
+// Sums and differences at, and one off, every half of 2^sf for each factor
+// the kernels in element-width lanes compute (ties go to the even neighbour),
+// over the full range of the sources.
+template <class T> void near_ties(zamStatus (*add)(const T*, const T*, T*, int, int),
+                                  zamStatus (*sub)(const T*, const T*, T*, int, int), int max_sf) {
+    using L = std::numeric_limits<T>;
+    const int n = 1000;
+    std::mt19937 g(7);
+    for (int sf = 0; sf <= max_sf; ++sf) {
+        for (int op = 0; op < 2; ++op) {
+            std::vector<T> a(n), b(n), d(n);
+            for (int i = 0; i < n; ++i) {
+                const int64_t lo = int64_t(L::min()), hi = int64_t(L::max());
+                a[i] = T(lo + int64_t(g() % uint32_t(hi - lo + 1)));
+                const int64_t step = int64_t(1) << (sf > 0 ? sf - 1 : 0);
+                const int64_t t = (int64_t(g() % 4096) - 2048) * step + int64_t(g() % 3) - 1;
+                const int64_t want_b = op == 0 ? t - a[i] : t + a[i];
+                b[i] = T(want_b < lo ? lo : (want_b > hi ? hi : want_b));
+            }
+            ASSERT_EQ((op == 0 ? add : sub)(a.data(), b.data(), d.data(), n, sf), zamStatusOk);
+            for (int i = 0; i < n; ++i) {
+                const T want = op == 0 ? scale<T>(ld(a[i]) + b[i], sf) : scale<T>(ld(b[i]) - a[i], sf);
+                ASSERT_EQ(d[i], want) << "op " << op << " sf " << sf << " " << +a[i] << ", " << +b[i];
+            }
+        }
+    }
+}
+
+TEST(ScaledAddSub, NarrowLanesAtTies) {
+    near_ties<Zam8u>(zamsAdd_8u_Sfs, zamsSub_8u_Sfs, 8);
+    near_ties<Zam16s>(zamsAdd_16s_Sfs, zamsSub_16s_Sfs, 16);
+    near_ties<Zam16u>(zamsAdd_16u_Sfs, zamsSub_16u_Sfs, 16);
 }
 
 template <class T> auto addc_m() { return [](T x, T v, int sf) { return add_m<T>()(x, v, sf); }; }

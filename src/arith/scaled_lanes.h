@@ -1,0 +1,213 @@
+// Scaled Add and Sub on 8- and 16-bit elements in lanes of their own width
+// (sixteen bytes or eight words a step), for the kinds None, One and Pos;
+// 8u also for Neg and Bound. They compute exactly the rule of scaled.h:
+//
+// - None is the saturating instruction itself (paddsw, psubusb, ...).
+// - 8u: the sum or difference of two bytes is exact in a 16-bit lane.
+// - 16-bit: the sum or difference s needs 17 bits, so it is carried as
+//   s = 2h + l with h = floor(s / 2) (16 bits) and l its low bit; s / 2^sf
+//   rounded half to even is h / 2^(sf-1) rounded with l as a sticky bit.
+//
+// Rounding right shift of x by k >= 1 (x = q 2^k + rem, 0 <= rem < 2^k):
+// q + ((rem + 2^(k-1) - 1 + c) >> k), c = 1 where a remainder of exactly one
+// half rounds up (q odd, or a nonzero bit below x). The sum stays below
+// 2^16 for k <= 15, so the shift is logical and nothing overflows.
+#pragma once
+
+#include <immintrin.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+
+namespace zams::scaled::lanes {
+
+// Operands in lanes of their own width: a source vector or a real constant.
+template <class X> struct Operand { static constexpr bool ok = false; };
+template <class P> struct Operand<In<P>> {
+    using elem = P;
+    static constexpr bool ok = sizeof(P) <= 2;
+    static __m128i load(const In<P>& x, ptrdiff_t j) {
+        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(x.p + j));
+    }
+};
+template <class P> struct Operand<Const<P>> {
+    using elem = P;
+    static constexpr bool ok = sizeof(P) <= 2;
+    static __m128i load(const Const<P>& x, ptrdiff_t) {
+        return sizeof(P) == 1 ? _mm_set1_epi8(static_cast<char>(x.re)) : _mm_set1_epi16(static_cast<short>(x.re));
+    }
+    static bool real(const Const<P>& x) { return x.re == x.im; }
+};
+template <class X> bool real_operand(const X& x) {
+    if constexpr (requires { Operand<X>::real(x); }) return Operand<X>::real(x);
+    else return true;
+}
+
+template <class D, class S> struct Lanes { static constexpr bool ok = false; };
+template <class D, F f, class A, class B> struct Lanes<D, Bin<f, A, B>> {
+    static constexpr bool ok = [] {
+        if constexpr (!Operand<A>::ok || !Operand<B>::ok) return false;
+        else if constexpr (f == F::Mul && !std::is_same_v<D, Zam16u>) return false;  // 32-bit lanes serve them
+        else return std::is_same_v<typename Operand<A>::elem, D> && std::is_same_v<typename Operand<B>::elem, D>;
+    }();
+};
+
+// x rounded right by k (1..15) with the extra sticky bit c (0 or 1 in each
+// lane, or'd with q's low bit); Signed: x is a signed lane.
+template <bool Signed> inline __m128i round_shift(__m128i x, __m128i c, __m128i cnt, __m128i mask, __m128i bias) {
+    const __m128i q = Signed ? _mm_sra_epi16(x, cnt) : _mm_srl_epi16(x, cnt);
+    const __m128i one = _mm_set1_epi16(1);
+    const __m128i up = _mm_and_si128(_mm_or_si128(c, q), one);
+    const __m128i t = _mm_add_epi16(_mm_add_epi16(_mm_and_si128(x, mask), bias), up);
+    return _mm_add_epi16(q, _mm_srl_epi16(t, cnt));
+}
+
+// Per-call constants of a rounding shift by k.
+struct Shift {
+    __m128i cnt, mask, bias;
+    explicit Shift(int k)
+        : cnt(_mm_cvtsi32_si128(k)),
+          mask(_mm_set1_epi16(static_cast<short>((1 << k) - 1))),
+          bias(_mm_set1_epi16(static_cast<short>((1 << (k - 1)) - 1))) {}
+};
+
+// Scalar steps until d is 16-byte aligned or n is reached; returns the count.
+template <class D> inline ptrdiff_t head_of(const D* d, ptrdiff_t n) {
+    ptrdiff_t h = ptrdiff_t((16 - reinterpret_cast<uintptr_t>(d) % 16) % 16 / sizeof(D));
+    return h > n ? n : h;
+}
+
+// The loop: scalar rule for the head and tail, body(j) for each vector of
+// V elements (two vectors a step while they last).
+template <class D, ScaleKind K, class S, class Body>
+inline void drive(D* d, ptrdiff_t n, int sf, const S& s, Body body) {
+    constexpr ptrdiff_t V = 16 / ptrdiff_t(sizeof(D));
+    ptrdiff_t j = head_of(d, n);
+    for (ptrdiff_t i = 0; i < j; ++i) d[i] = rule<D, K>(s.r(i), sf);
+    for (; j + 2 * V <= n; j += 2 * V) {
+        body(j);
+        body(j + V);
+    }
+    for (; j + V <= n; j += V) body(j);
+    for (; j < n; ++j) d[j] = rule<D, K>(s.r(j), sf);
+}
+
+template <class V> inline void store(V* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
+
+// 16-bit elements: D is the element type of both operands.
+template <class D, ScaleKind K, F f, class A, class B>
+void words(D* d, ptrdiff_t n, int sf, const Bin<f, A, B>& s) {
+    constexpr bool sgn = std::is_signed_v<D>;
+    // h is signed where s may be negative: every signed type and every difference.
+    [[maybe_unused]] constexpr bool hs = sgn || f == F::Sub;
+    const __m128i one = _mm_set1_epi16(1);
+    const Shift sh(K == ScaleKind::Pos ? sf - 1 : 1);
+    drive<D, K>(d, n, sf, s, [&](ptrdiff_t j) {
+        const __m128i x = Operand<A>::load(s.a, j), y = Operand<B>::load(s.b, j);
+        __m128i r;
+        if constexpr (K == ScaleKind::None) {
+            if constexpr (f == F::Add) r = sgn ? _mm_adds_epi16(x, y) : _mm_adds_epu16(x, y);
+            else r = sgn ? _mm_subs_epi16(x, y) : _mm_subs_epu16(x, y);
+        } else {
+            const __m128i hx = sgn ? _mm_srai_epi16(x, 1) : _mm_srli_epi16(x, 1);
+            const __m128i hy = sgn ? _mm_srai_epi16(y, 1) : _mm_srli_epi16(y, 1);
+            const __m128i l = _mm_and_si128(_mm_xor_si128(x, y), one);
+            __m128i h;
+            if constexpr (f == F::Add) h = _mm_add_epi16(_mm_add_epi16(hx, hy), _mm_and_si128(_mm_and_si128(x, y), one));
+            else h = _mm_sub_epi16(_mm_sub_epi16(hx, hy), _mm_and_si128(_mm_andnot_si128(x, y), one));
+            if constexpr (K == ScaleKind::One) {
+                // A tie (l = 1) goes to the even neighbour: h + 1 where h is odd.
+                const __m128i up = _mm_and_si128(l, h);
+                r = sgn ? _mm_adds_epi16(h, up) : _mm_add_epi16(h, up);  // 16s: 65535 / 2 saturates
+            } else {
+                r = round_shift<hs>(h, l, sh.cnt, sh.mask, sh.bias);
+            }
+            if constexpr (!sgn && f == F::Sub) r = _mm_and_si128(r, _mm_cmpeq_epi16(_mm_max_epu16(x, y), x));
+        }
+        store(d + j, r);
+    });
+}
+
+// 8u elements: None on bytes; the rest on exact 16-bit sums or differences.
+template <ScaleKind K, F f, class A, class B> void bytes(Zam8u* d, ptrdiff_t n, int sf, const Bin<f, A, B>& s) {
+    const int k = K == ScaleKind::Bound ? 8 : (sf < 0 ? (-sf < 8 ? -sf : 8) : 1);
+    const Shift sh(K == ScaleKind::Pos ? sf : 1);
+    const __m128i one = _mm_set1_epi16(1);
+    const __m128i kcnt = _mm_cvtsi32_si128(k);
+    const __m128i vlo = _mm_set1_epi16(-1), vhi = _mm_set1_epi16(static_cast<short>((255 >> k) + 1));
+    auto scale = [&](__m128i v) {
+        if constexpr (K == ScaleKind::One) {
+            return _mm_srai_epi16(_mm_add_epi16(v, _mm_and_si128(_mm_srai_epi16(v, 1), one)), 1);
+        } else if constexpr (K == ScaleKind::Pos) {
+            return round_shift<true>(v, _mm_setzero_si128(), sh.cnt, sh.mask, sh.bias);
+        } else {
+            // Clamped to one step beyond the range first, so the shift saturates.
+            return _mm_sll_epi16(_mm_min_epi16(_mm_max_epi16(v, vlo), vhi), kcnt);
+        }
+    };
+    drive<Zam8u, K>(d, n, sf, s, [&](ptrdiff_t j) {
+        const __m128i x = Operand<A>::load(s.a, j), y = Operand<B>::load(s.b, j);
+        __m128i r;
+        if constexpr (K == ScaleKind::None) {
+            r = f == F::Add ? _mm_adds_epu8(x, y) : _mm_subs_epu8(x, y);
+        } else {
+            const __m128i z = _mm_setzero_si128();
+            const __m128i x0 = _mm_unpacklo_epi8(x, z), x1 = _mm_unpackhi_epi8(x, z);
+            const __m128i y0 = _mm_unpacklo_epi8(y, z), y1 = _mm_unpackhi_epi8(y, z);
+            const __m128i s0 = f == F::Add ? _mm_add_epi16(x0, y0) : _mm_sub_epi16(x0, y0);
+            const __m128i s1 = f == F::Add ? _mm_add_epi16(x1, y1) : _mm_sub_epi16(x1, y1);
+            r = _mm_packus_epi16(scale(s0), scale(s1));
+        }
+        store(d + j, r);
+    });
+}
+
+// The unsigned 16-bit product saturated: the low half where the high half
+// (pmulhuw) is 0, else 65535.
+template <class A, class B> void words_mul(Zam16u* d, ptrdiff_t n, const Bin<F::Mul, A, B>& s) {
+    const __m128i z = _mm_setzero_si128();
+    drive<Zam16u, ScaleKind::None>(d, n, 0, s, [&](ptrdiff_t j) {
+        const __m128i x = Operand<A>::load(s.a, j), y = Operand<B>::load(s.b, j);
+        const __m128i over = _mm_andnot_si128(_mm_cmpeq_epi16(_mm_mulhi_epu16(x, y), z), _mm_cmpeq_epi16(z, z));
+        store(d + j, _mm_or_si128(_mm_mullo_epi16(x, y), over));
+    });
+}
+
+// Runs s into d where these kernels serve the kind and factor; false otherwise.
+template <class D, class S> bool run(D* d, ptrdiff_t n, int sf, ScaleKind k, const S& s) {
+    if constexpr (!Lanes<D, S>::ok) {
+        return false;
+    } else {
+        if (!real_operand(s.a) || !real_operand(s.b)) return false;
+        if constexpr (std::is_same_v<S, Bin<F::Mul, decltype(s.a), decltype(s.b)>>) {
+            if (k != ScaleKind::None) return false;
+            words_mul(d, n, s);
+            return true;
+        } else if constexpr (std::is_same_v<D, Zam8u>) {
+            switch (k) {
+                case ScaleKind::None: bytes<ScaleKind::None>(d, n, sf, s); return true;
+                case ScaleKind::One: bytes<ScaleKind::One>(d, n, sf, s); return true;
+                case ScaleKind::Pos:
+                    if (sf > 15) return false;
+                    bytes<ScaleKind::Pos>(d, n, sf, s);
+                    return true;
+                case ScaleKind::Neg: bytes<ScaleKind::Neg>(d, n, sf, s); return true;
+                case ScaleKind::Bound: bytes<ScaleKind::Bound>(d, n, sf, s); return true;
+                default: return false;
+            }
+        } else {
+            switch (k) {
+                case ScaleKind::None: words<D, ScaleKind::None>(d, n, sf, s); return true;
+                case ScaleKind::One: words<D, ScaleKind::One>(d, n, sf, s); return true;
+                case ScaleKind::Pos:
+                    if (sf - 1 > 15) return false;
+                    words<D, ScaleKind::Pos>(d, n, sf, s);
+                    return true;
+                default: return false;
+            }
+        }
+    }
+}
+
+}  // namespace zams::scaled::lanes

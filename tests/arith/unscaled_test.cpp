@@ -1,0 +1,135 @@
+// The saturating Add, Sub, Mul and constant forms without a scale factor:
+// the _Sfs functions at factor 0, and Mul_16u against its own model.
+#include "digest.h"
+#include "scaled_model.h"
+
+namespace {
+
+template <class T> using Two = zamStatus (*)(const T*, const T*, T*, int);
+template <class T> using TwoI = zamStatus (*)(const T*, T*, int);
+template <class T> using TwoS = zamStatus (*)(const T*, const T*, T*, int, int);
+template <class T> using Con = zamStatus (*)(const T*, T, T*, int);
+template <class T> using ConI = zamStatus (*)(T, T*, int);
+template <class T> using ConS = zamStatus (*)(const T*, T, T*, int, int);
+template <class T> using ConIS = zamStatus (*)(T, T*, int, int);
+
+// f and its in-place form against the scaled function at 0: every length
+// and alignment (the scaled call on one element is the model), the
+// in-place form on one length, and the same status for each bad argument.
+template <class T> void two_like(Two<T> f, TwoI<T> fi, TwoS<T> ref) {
+    auto pa = st::pool<T>(300, 11), pb = st::pool<T>(300, 12);
+    zt::SweepOptions o;
+    o.len_step = 3;
+    zt::sweep_binary<T, T, T>(f, [&](T a, T b) { T d; ref(&a, &b, &d, 1, 0); return d; }, pa, pb, o);
+    std::vector<T> want(97), io(pb.begin(), pb.begin() + 97);
+    ASSERT_EQ(ref(pa.data(), pb.data(), want.data(), 97, 0), zamStatusOk);
+    ASSERT_EQ(fi(pa.data(), io.data(), 97), zamStatusOk);
+    EXPECT_EQ(io, want);
+    T a[2] = {}, d[2] = {};
+    for (const T* x : {a, static_cast<T*>(nullptr)})
+        for (T* y : {d, static_cast<T*>(nullptr)})
+            for (int n : {-1, 0, 2}) {
+                EXPECT_EQ(f(x, a, y, n), ref(x, a, y, n, 0)) << n;
+                EXPECT_EQ(f(a, x, y, n), ref(a, x, y, n, 0)) << n;
+                EXPECT_EQ(fi(x, y, n), ref(x, y, y, n, 0)) << n;
+            }
+}
+
+template <class T> void con_like(Con<T> f, ConI<T> fi, ConS<T> ref, ConIS<T> refi, std::vector<T> vals) {
+    auto px = st::pool<T>(300, 13);
+    zt::SweepOptions o;
+    o.len_step = 7;
+    for (T v : vals) {
+        zt::sweep_unary<T, T>([&](const T* x, T* d, int n) { return f(x, v, d, n); },
+                              [&](T x) { T d; ref(&x, v, &d, 1, 0); return d; }, px, o);
+        std::vector<T> want(px.begin(), px.begin() + 97), io = want;
+        ASSERT_EQ(refi(v, want.data(), 97, 0), zamStatusOk);
+        ASSERT_EQ(fi(v, io.data(), 97), zamStatusOk);
+        EXPECT_EQ(io, want);
+        T x[2] = {1, 2}, d[2] = {};
+        for (int n : {-1, 0, 2}) {
+            EXPECT_EQ(f(nullptr, v, d, n), ref(nullptr, v, d, n, 0));
+            EXPECT_EQ(f(x, v, nullptr, n), ref(x, v, nullptr, n, 0));
+            EXPECT_EQ(f(x, v, d, n), ref(x, v, d, n, 0));
+            EXPECT_EQ(fi(v, nullptr, n), refi(v, nullptr, n, 0));
+            EXPECT_EQ(fi(v, d, n), refi(v, d, n, 0));
+        }
+    }
+}
+
+#define TWO(op, t) two_like<Zam##t>(zams##op##_##t, zams##op##_##t##_I, zams##op##_##t##_Sfs)
+#define CON(op, t, ...) \
+    con_like<Zam##t>(zams##op##_##t, zams##op##_##t##_I, zams##op##_##t##_Sfs, zams##op##_##t##_ISfs, {__VA_ARGS__})
+
+TEST(Unscaled, TwoVectorsAreTheScaledFormsAtZero) {
+    TWO(Add, 8u);
+    TWO(Add, 16s);
+    TWO(Add, 16u);
+    TWO(Sub, 8u);
+    TWO(Sub, 16s);
+    TWO(Sub, 16u);
+    TWO(Mul, 8u);
+    TWO(Mul, 16s);
+}
+
+// 0 takes the copy (or, in place for 16s, returns at once) and the ends of
+// the range take the fill and zeroing hand-offs.
+TEST(Unscaled, ConstantsAreTheScaledFormsAtZero) {
+    CON(AddC, 8u, 0, 255, 9);
+    CON(SubC, 8u, 0, 200);
+    CON(SubCRev, 8u, 0, 255, 100);
+    CON(MulC, 8u, 0, 1, 7);
+    CON(AddC, 16s, 0, -32768, 1000);
+    CON(SubC, 16s, 0, 32767, -5);
+    CON(SubCRev, 16s, 0, -32768, 77);
+    CON(MulC, 16s, 0, -1, 300);
+    CON(AddC, 16u, 0, 65535, 30000);
+    CON(SubC, 16u, 0, 65535, 123);
+    CON(SubCRev, 16u, 0, 65535, 40000);
+    EXPECT_EQ(zamsAddC_16s_I(0, nullptr, -1), zamStatusOk);
+    EXPECT_EQ(zamsAddC_16u_I(0, nullptr, 2), zamStatusNullPointer);
+}
+
+// Mul_16u has no scaled form: min(a b, 65535).
+TEST(Unscaled, Mul16uSaturates) {
+    auto pa = st::pool<Zam16u>(300, 21), pb = st::pool<Zam16u>(300, 22);
+    auto m = [](Zam16u a, Zam16u b) { return Zam16u(std::min<uint32_t>(uint32_t(a) * b, 65535u)); };
+    zt::SweepOptions o;
+    o.len_step = 2;
+    zt::sweep_binary<Zam16u, Zam16u, Zam16u>(zamsMul_16u, m, pa, pb, o);
+    for (Zam16u v : {Zam16u(2), Zam16u(255), Zam16u(65535)})
+        zt::sweep_unary<Zam16u, Zam16u>([&](const Zam16u* x, Zam16u* d, int n) { return zamsMulC_16u(x, v, d, n); },
+                                        [&](Zam16u x) { return m(x, v); }, pa, o);
+    Zam16u a[3] = {256, 255, 65535}, b[3] = {256, 257, 1};
+    ASSERT_EQ(zamsMul_16u_I(a, b, 3), zamStatusOk);
+    EXPECT_EQ(b[0], 65535);  // 65536
+    EXPECT_EQ(b[1], 65535);
+    EXPECT_EQ(b[2], 65535);
+    zt::Guarded<Zam16u> d(3);
+    EXPECT_EQ(zamsMulC_16u(a, 0, d.data(), 3), zamStatusOk);  // through the zeroing function
+    EXPECT_EQ(d[0], 0);
+    EXPECT_EQ(zamsMul_16u(a, nullptr, d.data(), 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsMul_16u(a, b, d.data(), 0), zamStatusBadLength);
+    EXPECT_EQ(zamsMulC_16u_I(3, nullptr, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsMulC_16u_I(3, d.data(), -4), zamStatusBadLength);
+    EXPECT_TRUE(d.guards_intact());
+}
+
+ZAMS_DIGEST(unscaled) {
+    const int n = 203;
+    auto a16u = st::pool<Zam16u>(n, 5), b16u = st::pool<Zam16u>(n, 6);
+    auto a16s = st::pool<Zam16s>(n, 3), b16s = st::pool<Zam16s>(n, 4);
+    auto a8u = st::pool<Zam8u>(n, 1), b8u = st::pool<Zam8u>(n, 2);
+    std::vector<Zam16u> d16u(n);
+    std::vector<Zam16s> d16s(n);
+    std::vector<Zam8u> d8u(n);
+    d.status(zamsMul_16u(a16u.data(), b16u.data(), d16u.data(), n)), d.add(d16u);
+    d.status(zamsMulC_16u(a16u.data(), 300, d16u.data(), n)), d.add(d16u);
+    d.status(zamsSub_16u(a16u.data(), b16u.data(), d16u.data(), n)), d.add(d16u);
+    d.status(zamsAdd_16s(a16s.data(), b16s.data(), d16s.data(), n)), d.add(d16s);
+    d.status(zamsSubCRev_16s(a16s.data(), -9, d16s.data(), n)), d.add(d16s);
+    d.status(zamsMul_8u(a8u.data(), b8u.data(), d8u.data(), n)), d.add(d8u);
+    d.status(zamsAddC_8u(a8u.data(), 100, d8u.data(), n)), d.add(d8u);
+}
+
+}  // namespace
