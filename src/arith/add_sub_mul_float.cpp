@@ -5,9 +5,9 @@
 #include <immintrin.h>
 
 #include "../common/check.h"
-#include "../common/loop.h"
 #include "../common/simd.h"
 #include "../common/types.h"
+#include "stream_store.h"
 
 namespace zams {
 namespace {
@@ -15,7 +15,15 @@ namespace {
 // Vector traits over the base scalar of a sample type; a complex vector
 // holds P = L / 2 interleaved elements.
 template <class S> struct Lanes;
+// Sign masks with the first k 32-bit lanes set: 8 - k words into the table.
+alignas(64) inline constexpr int32_t kFirstLanes[16] = {-1, -1, -1, -1, -1, -1, -1, -1, 0, 0, 0, 0, 0, 0, 0, 0};
+
 template <> struct Lanes<float> : Avx<float> {
+    // x in the first k lanes, y in the rest.
+    static V first(V x, V y, int k) {
+        return _mm256_blendv_ps(y, x, _mm256_loadu_ps(reinterpret_cast<const float*>(kFirstLanes + 8 - k)));
+    }
+    static void stream(float* p, V v) { _mm256_stream_ps(p, v); }
     static V cmul(V x, V y) { return cmul_pairs<float>(x, y); }
     static V splat(float v) { return set1(v); }
     static V splat(Zam32fc v) { return _mm256_setr_ps(v.re, v.im, v.re, v.im, v.re, v.im, v.re, v.im); }
@@ -26,6 +34,10 @@ template <> struct Lanes<float> : Avx<float> {
     }
 };
 template <> struct Lanes<double> : Avx<double> {
+    static V first(V x, V y, int k) {
+        return _mm256_blendv_pd(y, x, _mm256_loadu_pd(reinterpret_cast<const double*>(kFirstLanes + 8 - 2 * k)));
+    }
+    static void stream(double* p, V v) { _mm256_stream_pd(p, v); }
     static V cmul(V x, V y) { return cmul_pairs<double>(x, y); }
     static V splat(double v) { return set1(v); }
     static V splat(Zam64fc v) { return _mm256_setr_pd(v.re, v.im, v.re, v.im); }
@@ -68,27 +80,70 @@ template <Op O, class T, class V> V apply_v(V a, V b) {
     else return Ln::mul(a, b);
 }
 
-// The loop: scalar head to align the destination, two vectors a step, tail.
-template <class T, class Scalar, class Vector> void each(T* dst, int len, Scalar&& sc, Vector&& ve) {
-    constexpr int P = Lanes<base_t<T>>::L / (is_complex_v<T> ? 2 : 1);
-    for_each_block<2 * P, 32>(dst, len, sc, [&](int i) {
-        ve(i);
-        ve(i + P);
-    });
-}
-
 template <class T> auto ld(const T* p) { return Lanes<base_t<T>>::load(reinterpret_cast<const base_t<T>*>(p)); }
 template <class T, class V> void st(T* p, V v) { Lanes<base_t<T>>::store(reinterpret_cast<base_t<T>*>(p), v); }
+
+// The loop over vectors of P elements: ve(i) computes the vector at element
+// i, the loop stores it. Vectors shorter than P go element by element (sc).
+// Otherwise every element takes the vector path: the first vector covers
+// the elements before the destination's 32-byte boundary and the last one
+// the elements after the body, each merged with the destination's current
+// contents, so in place the elements that others compute are written back
+// unchanged. Long calls whose destination overlaps no source (`apart`)
+// store the body non-temporally.
+template <class T, class Scalar, class Vector> void each(T* d, int len, bool apart, Scalar&& sc, Vector&& ve) {
+    using Ln = Lanes<base_t<T>>;
+    constexpr int P = Ln::L / (is_complex_v<T> ? 2 : 1), per = Ln::L / P;  // lanes an element
+    if (len < P) {
+        for (int i = 0; i < len; ++i) sc(i);
+        return;
+    }
+    int i = int(((32 - reinterpret_cast<uintptr_t>(d) % 32) % 32) / sizeof(T));
+    if (i > 0) {
+        const auto v = ve(0);
+        st(d, Ln::first(v, ld(d), i * per));
+    }
+    if (apart && size_t(len) * sizeof(T) >= kStreamMinBytes && reinterpret_cast<uintptr_t>(d + i) % 32 == 0) {
+        auto* q = reinterpret_cast<base_t<T>*>(d);
+        _mm_sfence();  // the head's store before the streamed ones that overlap it
+        for (; i + 2 * P <= len; i += 2 * P) {
+            const auto v0 = ve(i), v1 = ve(i + P);
+            Ln::stream(q + i * per, v0);
+            Ln::stream(q + (i + P) * per, v1);
+        }
+        _mm_sfence();
+    } else {
+        for (; i + 2 * P <= len; i += 2 * P) {
+            const auto v0 = ve(i), v1 = ve(i + P);
+            st(d + i, v0);
+            st(d + i + P, v1);
+        }
+    }
+    if (i + P <= len) {
+        st(d + i, ve(i));
+        i += P;
+    }
+    if (i < len) {
+        const int j = len - P;
+        const auto v = ve(j);
+        st(d + j, Ln::first(ld(d + j), v, (i - j) * per));
+    }
+}
+
+template <class T> bool apart(const T* d, int len, const void* a, size_t asz) {
+    return disjoint(d, size_t(len) * sizeof(T), a, size_t(len) * asz);
+}
 
 // d = a op b (Sub: b - a, the second source less the first).
 template <Op O, class T> zamStatus vv(const T* a, const T* b, T* d, int len) {
     if (zamStatus s = check_args(len, a, b, d)) return s;
+    const bool ap = apart(d, len, a, sizeof(T)) && apart(d, len, b, sizeof(T));
     if constexpr (O == Op::Sub) {
-        each(d, len, [&](int i) { d[i] = apply<O>(b[i], a[i]); },
-             [&](int i) { st(d + i, apply_v<O, T>(ld(b + i), ld(a + i))); });
+        each(d, len, ap, [&](int i) { d[i] = apply<O>(b[i], a[i]); },
+             [&](int i) { return apply_v<O, T>(ld(b + i), ld(a + i)); });
     } else {
-        each(d, len, [&](int i) { d[i] = apply<O>(a[i], b[i]); },
-             [&](int i) { st(d + i, apply_v<O, T>(ld(a + i), ld(b + i))); });
+        each(d, len, ap, [&](int i) { d[i] = apply<O>(a[i], b[i]); },
+             [&](int i) { return apply_v<O, T>(ld(a + i), ld(b + i)); });
     }
     return zamStatusOk;
 }
@@ -97,12 +152,13 @@ template <Op O, class T> zamStatus vv(const T* a, const T* b, T* d, int len) {
 template <Op O, bool Rev, class T> zamStatus vc(const T* a, T val, T* d, int len) {
     if (zamStatus s = check_args(len, a, d)) return s;
     const auto c = Lanes<base_t<T>>::splat(val);
+    const bool ap = apart(d, len, a, sizeof(T));
     if constexpr (Rev) {
-        each(d, len, [&](int i) { d[i] = apply<O>(val, a[i]); },
-             [&](int i) { st(d + i, apply_v<O, T>(c, ld(a + i))); });
+        each(d, len, ap, [&](int i) { d[i] = apply<O>(val, a[i]); },
+             [&](int i) { return apply_v<O, T>(c, ld(a + i)); });
     } else {
-        each(d, len, [&](int i) { d[i] = apply<O>(a[i], val); },
-             [&](int i) { st(d + i, apply_v<O, T>(ld(a + i), c)); });
+        each(d, len, ap, [&](int i) { d[i] = apply<O>(a[i], val); },
+             [&](int i) { return apply_v<O, T>(ld(a + i), c); });
     }
     return zamStatusOk;
 }
@@ -110,8 +166,8 @@ template <Op O, bool Rev, class T> zamStatus vc(const T* a, T val, T* d, int len
 // d += a * b.
 template <class T> zamStatus addprod(const T* a, const T* b, T* d, int len) {
     if (zamStatus s = check_args(len, a, b, d)) return s;
-    each(d, len, [&](int i) { d[i] = add(d[i], mul(a[i], b[i])); },
-         [&](int i) { st(d + i, apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), ld(b + i)))); });
+    each(d, len, false, [&](int i) { d[i] = add(d[i], mul(a[i], b[i])); },
+         [&](int i) { return apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), ld(b + i))); });
     return zamStatusOk;
 }
 
@@ -119,8 +175,8 @@ template <class T> zamStatus addprod(const T* a, const T* b, T* d, int len) {
 template <class T> zamStatus addprodc(const T* a, T val, T* d, int len) {
     if (zamStatus s = check_args(len, a, d)) return s;
     const auto c = Lanes<base_t<T>>::splat(val);
-    each(d, len, [&](int i) { d[i] = add(d[i], mul(a[i], val)); },
-         [&](int i) { st(d + i, apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), c))); });
+    each(d, len, false, [&](int i) { d[i] = add(d[i], mul(a[i], val)); },
+         [&](int i) { return apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), c)); });
     return zamStatusOk;
 }
 
@@ -128,8 +184,9 @@ template <class T> zamStatus addprodc(const T* a, T val, T* d, int len) {
 template <class R, class C> zamStatus mul_real_cplx(const R* r, const C* c, C* d, int len) {
     if (zamStatus s = check_args(len, r, c, d)) return s;
     using Ln = Lanes<R>;
-    each(d, len, [&](int i) { d[i] = {r[i] * c[i].re, r[i] * c[i].im}; },
-         [&](int i) { st(d + i, Ln::mul(Ln::pairs(r + i), ld(c + i))); });
+    each(d, len, apart(d, len, r, sizeof(R)) && apart(d, len, c, sizeof(C)),
+         [&](int i) { d[i] = {r[i] * c[i].re, r[i] * c[i].im}; },
+         [&](int i) { return Ln::mul(Ln::pairs(r + i), ld(c + i)); });
     return zamStatusOk;
 }
 

@@ -3,6 +3,7 @@
 
 #include "digest.h"
 #include "sweep.h"
+#include "../../src/arith/stream_store.h"
 
 namespace {
 
@@ -130,6 +131,45 @@ TYPED_TEST(FloatArith, AddProductAccumulates) {
             }
             ASSERT_TRUE(g1.guards_intact() && g2.guards_intact() && ga.guards_intact());
         }
+    }
+}
+
+// Destinations long enough for non-temporal stores, at a 32-byte boundary,
+// one element off it, and off the element size (no streaming there); and
+// the same length in place, which never streams. x86-64 only: the i386 run
+// is emulated and slow.
+TYPED_TEST(FloatArith, LongVectorsStreamTheDestination) {
+    if (sizeof(void*) != 8) GTEST_SKIP() << "long vectors on x86-64 only";
+    using T = TypeParam;
+    auto f = fns<T>();
+    const int n = int(zams::kStreamMinBytes / sizeof(T)) + 13;
+    auto a = pool<T>(31, n), b = pool<T>(32, n);
+    const T v = pool<T>(33, 1)[0];
+    auto check = [&](const zt::Guarded<T>& d, auto model, const char* what) {
+        for (int i = 0; i < n; ++i) {
+            const T w = model(i);
+            ASSERT_EQ(std::memcmp(&d.data()[i], &w, sizeof(T)), 0) << what << " element " << i;
+        }
+        ASSERT_TRUE(d.guards_intact()) << what;
+    };
+    for (size_t off : {size_t(0), sizeof(T), size_t(36)}) {
+        zt::Guarded<T> d(n, off);
+        ASSERT_EQ(f.add(a.data(), b.data(), d.data(), n), zamStatusOk);
+        check(d, [&](int i) { return m_add(a[i], b[i]); }, "add");
+        ASSERT_EQ(f.subcrev(a.data(), v, d.data(), n), zamStatusOk);
+        check(d, [&](int i) { return m_sub(v, a[i]); }, "subcrev");
+        ASSERT_EQ(f.mul(a.data(), b.data(), d.data(), n), zamStatusOk);
+        check(d, [&](int i) { return m_mul(a[i], b[i]); }, "mul");
+    }
+    zt::Guarded<T> io(n, sizeof(T));
+    io.copy_from(b.data());
+    ASSERT_EQ(f.sub_i(a.data(), io.data(), n), zamStatusOk);
+    check(io, [&](int i) { return m_sub(b[i], a[i]); }, "sub in place");
+    if constexpr (std::is_same_v<T, Zam32fc>) {
+        auto r = pool<Zam32f>(34, n);
+        zt::Guarded<T> d(n, 0);
+        ASSERT_EQ(zamsMul_32f32fc(r.data(), a.data(), d.data(), n), zamStatusOk);
+        check(d, [&](int i) { return Zam32fc{r[i] * a[i].re, r[i] * a[i].im}; }, "real times complex");
     }
 }
 
