@@ -15,13 +15,15 @@ namespace {
 // Vector traits over the base scalar of a sample type; a complex vector
 // holds P = L / 2 interleaved elements.
 template <class S> struct Lanes;
-// Sign masks with the first k 32-bit lanes set: 8 - k words into the table.
-alignas(64) inline constexpr int32_t kFirstLanes[16] = {-1, -1, -1, -1, -1, -1, -1, -1, 0, 0, 0, 0, 0, 0, 0, 0};
-
 template <> struct Lanes<float> : Avx<float> {
     // x in the first k lanes, y in the rest.
+    // x in the first k lanes, y in the rest. (The empty asm keeps the
+    // compiler from turning the blend of a loaded vector into per-lane
+    // conditional loads.)
     static V first(V x, V y, int k) {
-        return _mm256_blendv_ps(y, x, _mm256_loadu_ps(reinterpret_cast<const float*>(kFirstLanes + 8 - k)));
+        asm("" : "+x"(x), "+x"(y));
+        const V lane = _mm256_setr_ps(0, 1, 2, 3, 4, 5, 6, 7);
+        return _mm256_blendv_ps(y, x, _mm256_cmp_ps(lane, _mm256_set1_ps(float(k)), _CMP_LT_OQ));
     }
     static void stream(float* p, V v) { _mm256_stream_ps(p, v); }
     static V cmul(V x, V y) { return cmul_pairs<float>(x, y); }
@@ -35,7 +37,9 @@ template <> struct Lanes<float> : Avx<float> {
 };
 template <> struct Lanes<double> : Avx<double> {
     static V first(V x, V y, int k) {
-        return _mm256_blendv_pd(y, x, _mm256_loadu_pd(reinterpret_cast<const double*>(kFirstLanes + 8 - 2 * k)));
+        asm("" : "+x"(x), "+x"(y));
+        const V lane = _mm256_setr_pd(0, 1, 2, 3);
+        return _mm256_blendv_pd(y, x, _mm256_cmp_pd(lane, _mm256_set1_pd(double(k)), _CMP_LT_OQ));
     }
     static void stream(double* p, V v) { _mm256_stream_pd(p, v); }
     static V cmul(V x, V y) { return cmul_pairs<double>(x, y); }
