@@ -26,18 +26,24 @@ namespace zams::scaled::lanes {
 template <class X> struct Operand { static constexpr bool ok = false; };
 template <class P> struct Operand<In<P>> {
     using elem = P;
-    static constexpr bool ok = sizeof(P) <= 2;
+    static constexpr bool ok = sizeof(P) <= 4;
     static __m128i load(const In<P>& x, ptrdiff_t j) {
         return _mm_loadu_si128(reinterpret_cast<const __m128i*>(x.p + j));
     }
 };
 template <class P> struct Operand<Const<P>> {
     using elem = P;
-    static constexpr bool ok = sizeof(P) <= 2;
-    static __m128i load(const Const<P>& x, ptrdiff_t) {
-        return sizeof(P) == 1 ? _mm_set1_epi8(static_cast<char>(x.re)) : _mm_set1_epi16(static_cast<short>(x.re));
+    static constexpr bool ok = sizeof(P) <= 4;
+    // 32-bit parts: a complex constant alternates, starting at part j.
+    static __m128i load(const Const<P>& x, ptrdiff_t j) {
+        if constexpr (sizeof(P) == 1) return _mm_set1_epi8(static_cast<char>(x.re));
+        else if constexpr (sizeof(P) == 2) return _mm_set1_epi16(static_cast<short>(x.re));
+        else {
+            const int32_t e = int32_t(j & 1 ? x.im : x.re), o = int32_t(j & 1 ? x.re : x.im);
+            return _mm_setr_epi32(e, o, e, o);
+        }
     }
-    static bool real(const Const<P>& x) { return x.re == x.im; }
+    static bool real(const Const<P>& x) { return sizeof(P) == 4 || x.re == x.im; }
 };
 template <class X> bool real_operand(const X& x) {
     if constexpr (requires { Operand<X>::real(x); }) return Operand<X>::real(x);
@@ -163,6 +169,45 @@ template <ScaleKind K, F f, class A, class B> void bytes(Zam8u* d, ptrdiff_t n, 
     });
 }
 
+// 32s elements: the same scheme as words() in 32-bit lanes. None adds with
+// wrap-around and takes the bound by the sign of x where the signs say the
+// result overflowed (the sign bit of the overflow word picks the lane).
+template <ScaleKind K, F f, class A, class B> void dwords(Zam32s* d, ptrdiff_t n, int sf, const Bin<f, A, B>& s) {
+    const __m128i one = _mm_set1_epi32(1), smax = _mm_set1_epi32(INT32_MAX), smin = _mm_set1_epi32(INT32_MIN);
+    const int k = K == ScaleKind::Pos ? sf - 1 : 1;
+    const __m128i cnt = _mm_cvtsi32_si128(k);
+    const __m128i mask = _mm_set1_epi32(int32_t((uint32_t(1) << k) - 1));
+    const __m128i bias = _mm_set1_epi32(int32_t((uint32_t(1) << (k - 1)) - 1));
+    drive<Zam32s, K>(d, n, sf, s, [&](ptrdiff_t j) {
+        const __m128i x = Operand<A>::load(s.a, j), y = Operand<B>::load(s.b, j);
+        __m128i r;
+        if constexpr (K == ScaleKind::None) {
+            const __m128i w = f == F::Add ? _mm_add_epi32(x, y) : _mm_sub_epi32(x, y);
+            const __m128i over = f == F::Add ? _mm_andnot_si128(_mm_xor_si128(x, y), _mm_xor_si128(x, w))
+                                             : _mm_and_si128(_mm_xor_si128(x, y), _mm_xor_si128(x, w));
+            const __m128i bound = _mm_xor_si128(_mm_srai_epi32(x, 31), smax);
+            r = _mm_castps_si128(_mm_blendv_ps(_mm_castsi128_ps(w), _mm_castsi128_ps(bound), _mm_castsi128_ps(over)));
+        } else {
+            const __m128i l = _mm_and_si128(_mm_xor_si128(x, y), one);
+            const __m128i hx = _mm_srai_epi32(x, 1), hy = _mm_srai_epi32(y, 1);
+            __m128i h;
+            if constexpr (f == F::Add) h = _mm_add_epi32(_mm_add_epi32(hx, hy), _mm_and_si128(_mm_and_si128(x, y), one));
+            else h = _mm_sub_epi32(_mm_sub_epi32(hx, hy), _mm_and_si128(_mm_andnot_si128(x, y), one));
+            if constexpr (K == ScaleKind::One) {
+                const __m128i up = _mm_and_si128(l, h);
+                r = _mm_add_epi32(h, up);
+                r = _mm_sub_epi32(r, _mm_and_si128(_mm_cmpeq_epi32(r, smin), up));  // 2^32 - 1 over 2 saturates
+            } else {
+                const __m128i q = _mm_sra_epi32(h, cnt);
+                const __m128i c = _mm_and_si128(_mm_or_si128(l, q), one);
+                const __m128i t = _mm_add_epi32(_mm_add_epi32(_mm_and_si128(h, mask), bias), c);
+                r = _mm_add_epi32(q, _mm_srl_epi32(t, cnt));
+            }
+        }
+        store(d + j, r);
+    });
+}
+
 // The unsigned 16-bit product saturated: the low half where the high half
 // (pmulhuw) is 0, else 65535.
 template <class A, class B> void words_mul(Zam16u* d, ptrdiff_t n, const Bin<F::Mul, A, B>& s) {
@@ -184,6 +229,16 @@ template <class D, class S> bool run(D* d, ptrdiff_t n, int sf, ScaleKind k, con
             if (k != ScaleKind::None) return false;
             words_mul(d, n, s);
             return true;
+        } else if constexpr (std::is_same_v<D, Zam32s>) {
+            switch (k) {
+                case ScaleKind::None: dwords<ScaleKind::None>(d, n, sf, s); return true;
+                case ScaleKind::One: dwords<ScaleKind::One>(d, n, sf, s); return true;
+                case ScaleKind::Pos:
+                    if (sf - 1 > 31) return false;
+                    dwords<ScaleKind::Pos>(d, n, sf, s);
+                    return true;
+                default: return false;
+            }
         } else if constexpr (std::is_same_v<D, Zam8u>) {
             switch (k) {
                 case ScaleKind::None: bytes<ScaleKind::None>(d, n, sf, s); return true;
