@@ -20,6 +20,8 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "stream_store.h"
+
 namespace zams::scaled::lanes {
 
 // Operands in lanes of their own width: a source vector or a real constant.
@@ -30,6 +32,7 @@ template <class P> struct Operand<In<P>> {
     static __m128i load(const In<P>& x, ptrdiff_t j) {
         return _mm_loadu_si128(reinterpret_cast<const __m128i*>(x.p + j));
     }
+    static bool apart(const In<P>& x, const void* d, size_t bytes) { return disjoint(x.p, bytes, d, bytes); }
 };
 template <class P> struct Operand<Const<P>> {
     using elem = P;
@@ -44,6 +47,7 @@ template <class P> struct Operand<Const<P>> {
         }
     }
     static bool real(const Const<P>& x) { return sizeof(P) == 4 || x.re == x.im; }
+    static bool apart(const Const<P>&, const void*, size_t) { return true; }
 };
 template <class X> bool real_operand(const X& x) {
     if constexpr (requires { Operand<X>::real(x); }) return Operand<X>::real(x);
@@ -78,6 +82,8 @@ struct Shift {
           bias(_mm_set1_epi16(static_cast<short>((1 << (k - 1)) - 1))) {}
 };
 
+template <class V> inline void store(V* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
+
 // Scalar steps until d is 16-byte aligned or n is reached; returns the count.
 template <class D> inline ptrdiff_t head_of(const D* d, ptrdiff_t n) {
     ptrdiff_t h = ptrdiff_t((16 - reinterpret_cast<uintptr_t>(d) % 16) % 16 / sizeof(D));
@@ -85,21 +91,32 @@ template <class D> inline ptrdiff_t head_of(const D* d, ptrdiff_t n) {
 }
 
 // The loop: scalar rule for the head and tail, body(j) for each vector of
-// V elements (two vectors a step while they last).
-template <class D, ScaleKind K, class S, class Body>
-inline void drive(D* d, ptrdiff_t n, int sf, const S& s, Body body) {
+// V elements (two vectors a step while they last). body returns the vector;
+// long calls whose destination overlaps no source store it non-temporally.
+template <class D, ScaleKind K, F f, class A, class B, class Body>
+inline void drive(D* d, ptrdiff_t n, int sf, const Bin<f, A, B>& s, Body body) {
     constexpr ptrdiff_t V = 16 / ptrdiff_t(sizeof(D));
     ptrdiff_t j = head_of(d, n);
     for (ptrdiff_t i = 0; i < j; ++i) d[i] = rule<D, K>(s.r(i), sf);
-    for (; j + 2 * V <= n; j += 2 * V) {
-        body(j);
-        body(j + V);
+    const size_t bytes = size_t(n) * sizeof(D);
+    if (bytes >= kStreamMinBytes && reinterpret_cast<uintptr_t>(d + j) % 16 == 0 &&
+        Operand<A>::apart(s.a, d, bytes) && Operand<B>::apart(s.b, d, bytes)) {
+        for (; j + 2 * V <= n; j += 2 * V) {
+            const __m128i r0 = body(j), r1 = body(j + V);
+            _mm_stream_si128(reinterpret_cast<__m128i*>(d + j), r0);
+            _mm_stream_si128(reinterpret_cast<__m128i*>(d + j + V), r1);
+        }
+        _mm_sfence();
     }
-    for (; j + V <= n; j += V) body(j);
+    for (; j + 2 * V <= n; j += 2 * V) {
+        const __m128i r0 = body(j), r1 = body(j + V);
+        store(d + j, r0);
+        store(d + j + V, r1);
+    }
+    for (; j + V <= n; j += V) store(d + j, body(j));
     for (; j < n; ++j) d[j] = rule<D, K>(s.r(j), sf);
 }
 
-template <class V> inline void store(V* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
 
 // 16-bit elements: D is the element type of both operands.
 template <class D, ScaleKind K, F f, class A, class B>
@@ -131,7 +148,7 @@ void words(D* d, ptrdiff_t n, int sf, const Bin<f, A, B>& s) {
             }
             if constexpr (!sgn && f == F::Sub) r = _mm_and_si128(r, _mm_cmpeq_epi16(_mm_max_epu16(x, y), x));
         }
-        store(d + j, r);
+        return r;
     });
 }
 
@@ -165,7 +182,7 @@ template <ScaleKind K, F f, class A, class B> void bytes(Zam8u* d, ptrdiff_t n, 
             const __m128i s1 = f == F::Add ? _mm_add_epi16(x1, y1) : _mm_sub_epi16(x1, y1);
             r = _mm_packus_epi16(scale(s0), scale(s1));
         }
-        store(d + j, r);
+        return r;
     });
 }
 
@@ -204,7 +221,7 @@ template <ScaleKind K, F f, class A, class B> void dwords(Zam32s* d, ptrdiff_t n
                 r = _mm_add_epi32(q, _mm_srl_epi32(t, cnt));
             }
         }
-        store(d + j, r);
+        return r;
     });
 }
 
@@ -215,7 +232,7 @@ template <class A, class B> void words_mul(Zam16u* d, ptrdiff_t n, const Bin<F::
     drive<Zam16u, ScaleKind::None>(d, n, 0, s, [&](ptrdiff_t j) {
         const __m128i x = Operand<A>::load(s.a, j), y = Operand<B>::load(s.b, j);
         const __m128i over = _mm_andnot_si128(_mm_cmpeq_epi16(_mm_mulhi_epu16(x, y), z), _mm_cmpeq_epi16(z, z));
-        store(d + j, _mm_or_si128(_mm_mullo_epi16(x, y), over));
+        return _mm_or_si128(_mm_mullo_epi16(x, y), over);
     });
 }
 

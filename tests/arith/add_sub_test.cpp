@@ -1,6 +1,7 @@
 // Scaled Add, Sub, AddC, SubC, SubCRev against the long double model.
 #include "digest.h"
 #include "scaled_model.h"
+#include "../../src/arith/stream_store.h"
 
 #include <random>
 
@@ -86,6 +87,46 @@ TEST(ScaledAddSub, LaneKernelsAtTies) {
     near_ties<Zam16s>(zamsAdd_16s_Sfs, zamsSub_16s_Sfs, 16);
     near_ties<Zam16u>(zamsAdd_16u_Sfs, zamsSub_16u_Sfs, 16);
     near_ties<Zam32s>(zamsAdd_32s_Sfs, zamsSub_32s_Sfs, 32);
+}
+
+// Destinations long enough for non-temporal stores (x86-64 only: the i386
+// run is emulated), aligned and off the vector boundary; in place they
+// never stream.
+template <class T> void long_vectors(zamStatus (*add)(const T*, const T*, T*, int, int),
+                                     zamStatus (*addc)(const T*, T, T*, int, int), std::vector<int> sfs) {
+    const int n = int(zams::kStreamMinBytes / sizeof(T)) + 11, period = 997;  // data repeat with the period
+    auto pa = st::pool<T>(period, 51), pb = st::pool<T>(period, 52);
+    std::vector<T> a(n), b(n);
+    for (int i = 0; i < n; ++i) a[i] = pa[i % period], b[i] = pb[i % period];
+    const T v = 3;
+    auto expect = [&](const T* d, auto model, const char* what, int sf) {
+        std::vector<T> want(period);
+        for (int i = 0; i < period; ++i) want[i] = model(i);
+        int bad = 0;
+        for (int i = 0; i < n; ++i) bad += d[i] != want[i % period];
+        EXPECT_EQ(bad, 0) << what << " sf " << sf;
+    };
+    for (int sf : sfs) {
+        for (size_t off : {size_t(0), sizeof(T)}) {
+            zt::Guarded<T> d(size_t(n), off);
+            ASSERT_EQ(add(a.data(), b.data(), d.data(), n, sf), zamStatusOk);
+            expect(d.data(), [&](int i) { return scale<T>(ld(pa[i]) + pb[i], sf); }, "add", sf);
+            ASSERT_EQ(addc(a.data(), v, d.data(), n, sf), zamStatusOk);
+            expect(d.data(), [&](int i) { return scale<T>(ld(pa[i]) + v, sf); }, "addc", sf);
+            ASSERT_TRUE(d.guards_intact());
+        }
+        std::vector<T> io = b;
+        ASSERT_EQ(add(a.data(), io.data(), io.data(), n, sf), zamStatusOk);
+        expect(io.data(), [&](int i) { return scale<T>(ld(pa[i]) + pb[i], sf); }, "in place", sf);
+    }
+}
+
+TEST(ScaledAdd, LongVectorsStreamTheDestination) {
+    if (sizeof(void*) != 8) GTEST_SKIP() << "long vectors on x86-64 only";
+    long_vectors<Zam8u>(zamsAdd_8u_Sfs, zamsAddC_8u_Sfs, {0, 2});
+    long_vectors<Zam16s>(zamsAdd_16s_Sfs, zamsAddC_16s_Sfs, {0, 1, 3});
+    long_vectors<Zam16u>(zamsAdd_16u_Sfs, zamsAddC_16u_Sfs, {0, 5});
+    long_vectors<Zam32s>(zamsAdd_32s_Sfs, zamsAddC_32s_Sfs, {0, 9});
 }
 
 template <class T> auto addc_m() { return [](T x, T v, int sf) { return add_m<T>()(x, v, sf); }; }
