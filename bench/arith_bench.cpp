@@ -3,6 +3,7 @@
 #include <volk/volk.h>
 
 #include <cstring>
+#include <limits>
 #include <vector>
 
 #include "harness.h"
@@ -12,15 +13,16 @@ namespace {
 
 // The rounding rule of the scaled integer functions, element by element: the
 // scalar floor the vector kernels are measured against.
-inline Zam16s scaled_loop(int32_t s, int sf) {
-    if (sf > 0) s = (s + (1 << (sf - 1)) - 1 + ((s >> sf) & 1)) >> sf;
-    return Zam16s(s > 32767 ? 32767 : (s < -32768 ? -32768 : s));
+template <class T> inline T scaled_loop(int64_t s, int sf) {
+    if (sf > 0) s = (s + (int64_t(1) << (sf - 1)) - 1 + ((s >> sf) & 1)) >> sf;
+    constexpr int64_t lo = std::numeric_limits<T>::min(), hi = std::numeric_limits<T>::max();
+    return T(s > hi ? hi : (s < lo ? lo : s));
 }
 
 // The plain scalar loop (kept scalar: the compiler would vectorise it).
-template <class Op> __attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_loop(
-    const Zam16s* x, const Zam16s* y, Zam16s* z, int n, int sf, Op op) {
-    for (int i = 0; i < n; ++i) z[i] = scaled_loop(op(x[i], y[i]), sf);
+template <class T, class Op> __attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_loop(
+    const T* x, const T* y, T* z, int n, int sf, Op op) {
+    for (int i = 0; i < n; ++i) z[i] = scaled_loop<T>(op(x[i], y[i]), sf);
 }
 
 }  // namespace
@@ -69,13 +71,30 @@ ZAMS_BENCH(arith_scaled) {
         for (int sf : {0, 3}) {
             b.row(sf ? "Add_16s_Sfs sf3" : "Add_16s_Sfs sf0", n, n * 6.0,
                   {{"zams", [&] { zamsAdd_16s_Sfs(px, py, pz, n, sf); }},
-                   {"scalar", [&] { scalar_loop(px, py, pz, n, sf, [](int a, int b) { return a + b; }); }},
+                   {"scalar", [&] { scalar_loop(px, py, pz, n, sf, [](int64_t a, int64_t b) { return a + b; }); }},
                    {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(Zam16s)); }}});
         }
         b.row("Mul_16s_Sfs sf8", n, n * 6.0,
               {{"zams", [&] { zamsMul_16s_Sfs(px, py, pz, n, 8); }},
-               {"scalar", [&] { scalar_loop(px, py, pz, n, 8, [](int a, int b) { return a * b; }); }},
+               {"scalar", [&] { scalar_loop(px, py, pz, n, 8, [](int64_t a, int64_t b) { return a * b; }); }},
                {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(Zam16s)); }}});
+    }
+    for (int n : b.sizes()) {
+        std::vector<Zam8u> x(n), y(n), z(n);
+        std::vector<Zam32s> u(n), v(n), w(n);
+        for (int i = 0; i < n; ++i) {
+            x[i] = Zam8u(i * 7919), y[i] = Zam8u(i * 104729 + 3);
+            u[i] = Zam32s(i * 2654435761u), v[i] = Zam32s(i * 40503u + 3);
+        }
+        auto add = [](int64_t a, int64_t b) { return a + b; };
+        b.row("Add_8u_Sfs sf0", n, n * 3.0,
+              {{"zams", [&] { zamsAdd_8u_Sfs(x.data(), y.data(), z.data(), n, 0); }},
+               {"scalar", [&] { scalar_loop(x.data(), y.data(), z.data(), n, 0, add); }},
+               {"memcpy", [&] { std::memcpy(z.data(), x.data(), n); }}});
+        b.row("Add_32s_Sfs sf1", n, n * 12.0,
+              {{"zams", [&] { zamsAdd_32s_Sfs(u.data(), v.data(), w.data(), n, 1); }},
+               {"scalar", [&] { scalar_loop(u.data(), v.data(), w.data(), n, 1, add); }},
+               {"memcpy", [&] { std::memcpy(w.data(), u.data(), n * sizeof(Zam32s)); }}});
     }
 }
 

@@ -154,6 +154,15 @@ template <class S> struct Const {
 // Exact products of parts j..j+7 as 32-bit lanes. Two 16s or two 8u
 // operands multiply in 16-bit lanes (pmullw and pmulhw give the low and
 // high halves; an 8u product fits 16 bits unsigned); others widen first.
+// op over parts j..j+7 of a and b widened to 32-bit lanes.
+template <class A, class B, class Op> void widened(const A& a, const B& b, ptrdiff_t j, __m128i& lo, __m128i& hi, Op op) {
+    __m128i a0, a1, b0, b1;
+    a.v(j, a0, a1);
+    b.v(j, b0, b1);
+    lo = op(a0, b0);
+    hi = op(a1, b1);
+}
+
 template <class X> struct elem_of { using type = void; };
 template <class P> struct elem_of<In<P>> { using type = P; };
 template <class P> struct elem_of<Const<P>> { using type = P; };
@@ -169,11 +178,7 @@ template <class A, class B> void products(const A& a, const B& b, ptrdiff_t j, _
         lo = _mm_cvtepu16_epi32(p);
         hi = _mm_cvtepu16_epi32(_mm_srli_si128(p, 8));
     } else {
-        __m128i a0, a1, b0, b1;
-        a.v(j, a0, a1);
-        b.v(j, b0, b1);
-        lo = _mm_mullo_epi32(a0, b0);
-        hi = _mm_mullo_epi32(a1, b1);
+        widened(a, b, j, lo, hi, [](__m128i x, __m128i y) { return _mm_mullo_epi32(x, y); });
     }
 }
 template <class S> Const<S> konst(S v) { return {v, v}; }
@@ -191,21 +196,10 @@ template <F f, class A, class B> struct Bin {
         else if constexpr (f == F::Sub) return a.r(j) - b.r(j);
         else return a.r(j) * b.r(j);
     }
-    static __m128i op(__m128i x, __m128i y) {
-        if constexpr (f == F::Add) return _mm_add_epi32(x, y);
-        else if constexpr (f == F::Sub) return _mm_sub_epi32(x, y);
-        else return _mm_mullo_epi32(x, y);
-    }
     void v(ptrdiff_t j, __m128i& lo, __m128i& hi) const {
-        if constexpr (f == F::Mul) {
-            products(a, b, j, lo, hi);
-        } else {
-            __m128i a0, a1, b0, b1;
-            a.v(j, a0, a1);
-            b.v(j, b0, b1);
-            lo = op(a0, b0);
-            hi = op(a1, b1);
-        }
+        if constexpr (f == F::Mul) products(a, b, j, lo, hi);
+        else if constexpr (f == F::Add) widened(a, b, j, lo, hi, [](__m128i x, __m128i y) { return _mm_add_epi32(x, y); });
+        else widened(a, b, j, lo, hi, [](__m128i x, __m128i y) { return _mm_sub_epi32(x, y); });
     }
 };
 template <F f, class A, class B> Bin<f, A, B> bin(A a, B b) { return {a, b}; }
