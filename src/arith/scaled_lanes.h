@@ -236,6 +236,81 @@ template <class A, class B> void words_mul(Zam16u* d, ptrdiff_t n, const Bin<F::
     });
 }
 
+// 16sc products, four elements (eight parts) a step. pmullw and pmulhw give
+// the exact 32-bit products ac, bd and, against the swapped pairs, ad, bc;
+// phsubd and phaddd form ac - bd and ad + bc. These fit 32 bits except
+// ad + bc = 2^31 (every part -32768), which wraps to INT_MIN, a value no
+// other sum reaches: those lanes take the rule's result for 2^31. The
+// rounding shift is split (q + ((rem + bias + odd) >> sf)) so that no
+// factor up to 31 overflows.
+template <ScaleKind K> void cmul16(Zam16s* d, ptrdiff_t n, int sf, const CMul<int64_t, Zam16sc, Zam16sc>& s) {
+    const auto* pa = reinterpret_cast<const Zam16s*>(s.a);
+    const auto* pb = reinterpret_cast<const Zam16s*>(s.b);
+    const bool splat = s.bstep == 0;
+    const __m128i cst = _mm_set1_epi32(int32_t(uint16_t(s.b->re) | (uint32_t(uint16_t(s.b->im)) << 16)));
+    const __m128i one = _mm_set1_epi32(1), imin = _mm_set1_epi32(INT32_MIN);
+    const int ps = K == ScaleKind::Pos ? sf : 1;
+    const __m128i cnt = _mm_cvtsi32_si128(ps);
+    const __m128i mask = _mm_set1_epi32(int32_t((uint32_t(1) << ps) - 1));
+    const __m128i bias = _mm_set1_epi32(int32_t((uint32_t(1) << (ps - 1)) - 1));
+    const int k = K == ScaleKind::Bound ? 16 : (sf < 0 ? -sf : 0);
+    const __m128i kcnt = _mm_cvtsi32_si128(k);
+    const __m128i vlo = _mm_set1_epi32((-32768 >> k) - 1), vhi = _mm_set1_epi32((32767 >> k) + 1);
+    const __m128i big = _mm_set1_epi16(rule<Zam16s, K>(int64_t(1) << 31, sf));
+    auto kern = [&](__m128i x) {
+        if constexpr (K == ScaleKind::One) {
+            return _mm_srai_epi32(_mm_add_epi32(x, _mm_and_si128(_mm_srai_epi32(x, 1), one)), 1);
+        } else if constexpr (K == ScaleKind::Pos) {
+            const __m128i q = _mm_sra_epi32(x, cnt);
+            const __m128i t = _mm_add_epi32(_mm_add_epi32(_mm_and_si128(x, mask), bias), _mm_and_si128(q, one));
+            return _mm_add_epi32(q, _mm_srl_epi32(t, cnt));
+        } else if constexpr (K == ScaleKind::Neg || K == ScaleKind::Bound) {
+            return _mm_sll_epi32(_mm_min_epi32(_mm_max_epi32(x, vlo), vhi), kcnt);
+        } else {
+            return x;
+        }
+    };
+    // The scalar rule a pair at a time (a pair is read whole before it is written).
+    auto pairs = [&](ptrdiff_t from, ptrdiff_t to) {
+        for (ptrdiff_t j = from; j < to; j += 2) {
+            const int64_t re = s.r(j), im = s.r(j + 1);
+            d[j] = rule<Zam16s, K>(re, sf);
+            d[j + 1] = rule<Zam16s, K>(im, sf);
+        }
+    };
+    ptrdiff_t j = (head_of(d, n) + 1) & ~ptrdiff_t(1);
+    if (j > n) j = n;
+    pairs(0, j);
+    for (; j + 8 <= n; j += 8) {
+        const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pa + j));
+        const __m128i y = splat ? cst : _mm_loadu_si128(reinterpret_cast<const __m128i*>(pb + j));
+        const __m128i ys = _mm_shufflehi_epi16(_mm_shufflelo_epi16(y, 0xB1), 0xB1);
+        const __m128i l1 = _mm_mullo_epi16(x, y), h1 = _mm_mulhi_epi16(x, y);
+        const __m128i l2 = _mm_mullo_epi16(x, ys), h2 = _mm_mulhi_epi16(x, ys);
+        const __m128i re = _mm_hsub_epi32(_mm_unpacklo_epi16(l1, h1), _mm_unpackhi_epi16(l1, h1));
+        const __m128i im = _mm_hadd_epi32(_mm_unpacklo_epi16(l2, h2), _mm_unpackhi_epi16(l2, h2));
+        const __m128i v0 = _mm_unpacklo_epi32(re, im), v1 = _mm_unpackhi_epi32(re, im);
+        const __m128i r = _mm_packs_epi32(kern(v0), kern(v1));
+        const __m128i wrap = _mm_packs_epi32(_mm_cmpeq_epi32(v0, imin), _mm_cmpeq_epi32(v1, imin));
+        store(d + j, _mm_blendv_epi8(r, big, wrap));
+    }
+    pairs(j, n);
+}
+
+inline bool run(Zam16s* d, ptrdiff_t n, int sf, ScaleKind k, const CMul<int64_t, Zam16sc, Zam16sc>& s) {
+    switch (k) {
+        case ScaleKind::None: cmul16<ScaleKind::None>(d, n, sf, s); return true;
+        case ScaleKind::One: cmul16<ScaleKind::One>(d, n, sf, s); return true;
+        case ScaleKind::Pos:
+            if (sf > 31) return false;
+            cmul16<ScaleKind::Pos>(d, n, sf, s);
+            return true;
+        case ScaleKind::Neg: cmul16<ScaleKind::Neg>(d, n, sf, s); return true;
+        case ScaleKind::Bound: cmul16<ScaleKind::Bound>(d, n, sf, s); return true;
+        default: return false;
+    }
+}
+
 // Runs s into d where these kernels serve the kind and factor; false otherwise.
 template <class D, class S> bool run(D* d, ptrdiff_t n, int sf, ScaleKind k, const S& s) {
     if constexpr (!Lanes<D, S>::ok) {

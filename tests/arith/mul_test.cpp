@@ -84,6 +84,25 @@ TEST(ScaledAddProduct, EveryFactorLengthAndAlignment) {
     add_product<Zam32s, Zam32s>(zamsAddProduct_32s_Sfs, {-1});
 }
 
+// ad + bc = 2^31 (every part -32768) leaves 32 bits: among other products,
+// through the vector body, at every factor, in both forms.
+TEST(ScaledMul, ComplexSumOf2To31) {
+    const int n = 45;
+    std::vector<Zam16sc> a(n, Zam16sc{-32768, -32768}), b(n, Zam16sc{-32768, -32768});
+    for (int i = 0; i < n; i += 3) a[i] = {Zam16s(i * 731 - 16000), Zam16s(32767 - i)};
+    const Zam16sc c{-32768, -32768};
+    auto m = cmul_m<Zam16sc>();
+    for (int sf = -20; sf <= 33; ++sf) {
+        std::vector<Zam16sc> d(n), e(n);
+        ASSERT_EQ(zamsMul_16sc_Sfs(a.data(), b.data(), d.data(), n, sf), zamStatusOk);
+        ASSERT_EQ(zamsMulC_16sc_Sfs(a.data(), c, e.data(), n, sf), zamStatusOk);
+        for (int i = 0; i < n; ++i) {
+            ASSERT_TRUE(st::same(d[i], m(a[i], b[i], sf))) << "sf " << sf << " i " << i;
+            ASSERT_TRUE(st::same(e[i], m(a[i], c, sf))) << "C sf " << sf << " i " << i;
+        }
+    }
+}
+
 TEST(ScaledMul, DocumentedValues) {
     Zam16s a[2] = {-32768, 181}, d[2];
     ASSERT_EQ(zamsMul_16s_Sfs(a, a, d, 2, 0), zamStatusOk);
