@@ -25,6 +25,16 @@ template <class T, class Op> __attribute__((noinline, optimize("no-tree-vectoriz
     for (int i = 0; i < n; ++i) z[i] = scaled_loop<T>(op(x[i], y[i]), sf);
 }
 
+// The complex product, scaled part by part.
+__attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_cmul(const Zam16sc* x, const Zam16sc* y,
+                                                                           Zam16sc* z, int n, int sf) {
+    for (int i = 0; i < n; ++i) {
+        const int64_t re = int64_t(x[i].re) * y[i].re - int64_t(x[i].im) * y[i].im;
+        const int64_t im = int64_t(x[i].re) * y[i].im + int64_t(x[i].im) * y[i].re;
+        z[i] = {scaled_loop<Zam16s>(re, sf), scaled_loop<Zam16s>(im, sf)};
+    }
+}
+
 }  // namespace
 
 ZAMS_BENCH(arith_float) {
@@ -91,6 +101,12 @@ ZAMS_BENCH(arith_scaled) {
               {{"zams", [&] { zamsAdd_8u_Sfs(x.data(), y.data(), z.data(), n, 0); }},
                {"scalar", [&] { scalar_loop(x.data(), y.data(), z.data(), n, 0, add); }},
                {"memcpy", [&] { std::memcpy(z.data(), x.data(), n); }}});
+        std::vector<Zam16sc> p(n), q(n), r(n);
+        for (int i = 0; i < n; ++i) p[i] = {x[i], Zam16s(i * 31)}, q[i] = {y[i], Zam16s(-i * 17)};
+        b.row("Mul_16sc_Sfs sf15", n, n * 12.0,
+              {{"zams", [&] { zamsMul_16sc_Sfs(p.data(), q.data(), r.data(), n, 15); }},
+               {"scalar", [&] { scalar_cmul(p.data(), q.data(), r.data(), n, 15); }},
+               {"memcpy", [&] { std::memcpy(r.data(), p.data(), n * sizeof(Zam16sc)); }}});
         b.row("Add_32s_Sfs sf1", n, n * 12.0,
               {{"zams", [&] { zamsAdd_32s_Sfs(u.data(), v.data(), w.data(), n, 1); }},
                {"scalar", [&] { scalar_loop(u.data(), v.data(), w.data(), n, 1, add); }},
