@@ -297,18 +297,31 @@ template <ScaleKind K> void cmul16(Zam16s* d, ptrdiff_t n, int sf, const CMul<in
     pairs(j, n);
 }
 
-inline bool run(Zam16s* d, ptrdiff_t n, int sf, ScaleKind k, const CMul<int64_t, Zam16sc, Zam16sc>& s) {
+// Calls kern(kind) for the kinds a kernel serves: None, One, Pos up to the
+// factor max_pos, and Neg and Bound where Shifts; false for the others.
+template <bool Shifts, class Kern> bool by_kind(ScaleKind k, int sf, int max_pos, Kern kern) {
+    using K = ScaleKind;
     switch (k) {
-        case ScaleKind::None: cmul16<ScaleKind::None>(d, n, sf, s); return true;
-        case ScaleKind::One: cmul16<ScaleKind::One>(d, n, sf, s); return true;
-        case ScaleKind::Pos:
-            if (sf > 31) return false;
-            cmul16<ScaleKind::Pos>(d, n, sf, s);
+        case K::None: kern(std::integral_constant<K, K::None>{}); return true;
+        case K::One: kern(std::integral_constant<K, K::One>{}); return true;
+        case K::Pos:
+            if (sf > max_pos) return false;
+            kern(std::integral_constant<K, K::Pos>{});
             return true;
-        case ScaleKind::Neg: cmul16<ScaleKind::Neg>(d, n, sf, s); return true;
-        case ScaleKind::Bound: cmul16<ScaleKind::Bound>(d, n, sf, s); return true;
+        case K::Neg:
+        case K::Bound:
+            if constexpr (Shifts) {
+                if (k == K::Neg) kern(std::integral_constant<K, K::Neg>{});
+                else kern(std::integral_constant<K, K::Bound>{});
+                return true;
+            }
+            return false;
         default: return false;
     }
+}
+
+inline bool run(Zam16s* d, ptrdiff_t n, int sf, ScaleKind k, const CMul<int64_t, Zam16sc, Zam16sc>& s) {
+    return by_kind<true>(k, sf, 31, [&](auto K) { cmul16<K.value>(d, n, sf, s); });
 }
 
 // Runs s into d where these kernels serve the kind and factor; false otherwise.
@@ -322,37 +335,11 @@ template <class D, class S> bool run(D* d, ptrdiff_t n, int sf, ScaleKind k, con
             words_mul(d, n, s);
             return true;
         } else if constexpr (std::is_same_v<D, Zam32s>) {
-            switch (k) {
-                case ScaleKind::None: dwords<ScaleKind::None>(d, n, sf, s); return true;
-                case ScaleKind::One: dwords<ScaleKind::One>(d, n, sf, s); return true;
-                case ScaleKind::Pos:
-                    if (sf - 1 > 31) return false;
-                    dwords<ScaleKind::Pos>(d, n, sf, s);
-                    return true;
-                default: return false;
-            }
+            return by_kind<false>(k, sf, 32, [&](auto K) { dwords<K.value>(d, n, sf, s); });
         } else if constexpr (std::is_same_v<D, Zam8u>) {
-            switch (k) {
-                case ScaleKind::None: bytes<ScaleKind::None>(d, n, sf, s); return true;
-                case ScaleKind::One: bytes<ScaleKind::One>(d, n, sf, s); return true;
-                case ScaleKind::Pos:
-                    if (sf > 15) return false;
-                    bytes<ScaleKind::Pos>(d, n, sf, s);
-                    return true;
-                case ScaleKind::Neg: bytes<ScaleKind::Neg>(d, n, sf, s); return true;
-                case ScaleKind::Bound: bytes<ScaleKind::Bound>(d, n, sf, s); return true;
-                default: return false;
-            }
+            return by_kind<true>(k, sf, 15, [&](auto K) { bytes<K.value>(d, n, sf, s); });
         } else {
-            switch (k) {
-                case ScaleKind::None: words<D, ScaleKind::None>(d, n, sf, s); return true;
-                case ScaleKind::One: words<D, ScaleKind::One>(d, n, sf, s); return true;
-                case ScaleKind::Pos:
-                    if (sf - 1 > 15) return false;
-                    words<D, ScaleKind::Pos>(d, n, sf, s);
-                    return true;
-                default: return false;
-            }
+            return by_kind<false>(k, sf, 16, [&](auto K) { words<D, K.value>(d, n, sf, s); });
         }
     }
 }
