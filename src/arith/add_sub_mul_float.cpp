@@ -16,14 +16,12 @@ namespace {
 // holds P = L / 2 interleaved elements.
 template <class S> struct Lanes;
 template <> struct Lanes<float> : Avx<float> {
-    // x in the first k lanes, y in the rest.
-    // x in the first k lanes, y in the rest. (The empty asm keeps the
-    // compiler from turning the blend of a loaded vector into per-lane
-    // conditional loads.)
+    // x in the first k lanes, y in the rest, by bitwise selection (a blendv
+    // would be rewritten into a branch a lane: AVX has no 256-bit integer
+    // compare for the compiler's form of it).
     static V first(V x, V y, int k) {
-        asm("" : "+x"(x), "+x"(y));
-        const V lane = _mm256_setr_ps(0, 1, 2, 3, 4, 5, 6, 7);
-        return _mm256_blendv_ps(y, x, _mm256_cmp_ps(lane, _mm256_set1_ps(float(k)), _CMP_LT_OQ));
+        const V m = _mm256_cmp_ps(_mm256_setr_ps(0, 1, 2, 3, 4, 5, 6, 7), _mm256_set1_ps(float(k)), _CMP_LT_OQ);
+        return _mm256_or_ps(_mm256_and_ps(m, x), _mm256_andnot_ps(m, y));
     }
     static void stream(float* p, V v) { _mm256_stream_ps(p, v); }
     static V cmul(V x, V y) { return cmul_pairs<float>(x, y); }
@@ -37,9 +35,8 @@ template <> struct Lanes<float> : Avx<float> {
 };
 template <> struct Lanes<double> : Avx<double> {
     static V first(V x, V y, int k) {
-        asm("" : "+x"(x), "+x"(y));
-        const V lane = _mm256_setr_pd(0, 1, 2, 3);
-        return _mm256_blendv_pd(y, x, _mm256_cmp_pd(lane, _mm256_set1_pd(double(k)), _CMP_LT_OQ));
+        const V m = _mm256_cmp_pd(_mm256_setr_pd(0, 1, 2, 3), _mm256_set1_pd(double(k)), _CMP_LT_OQ);
+        return _mm256_or_pd(_mm256_and_pd(m, x), _mm256_andnot_pd(m, y));
     }
     static void stream(double* p, V v) { _mm256_stream_pd(p, v); }
     static V cmul(V x, V y) { return cmul_pairs<double>(x, y); }
