@@ -5,6 +5,7 @@
 #include "../common/loop.h"
 #include "elem_float32.h"
 #include "elem_kernel.h"
+#include "elem_vec.h"
 
 namespace zams {
 
@@ -37,17 +38,66 @@ template <class K, double (*Fallback)(double)> zamStatus apply32(const Zam32f* s
     return zamStatusOk;
 }
 
+// Single-precision e^x eight at a time; elements outside the kernel's
+// range take the double kernel, rounded once.
+zamStatus exp32(const Zam32f* src, Zam32f* dst, int len) {
+    using K = elem32::ExpF;
+    if (zamStatus s = check_args(len, src, dst)) return s;
+    auto one = [&](int i) {
+        float x = src[i];
+        dst[i] = K::covered(x) ? K::scalar(x) : Zam32f(elem::exp(double(x)));
+    };
+    for_each_block<8>(dst, len, one, [&](int i) {
+        __m256 x = _mm256_loadu_ps(src + i);
+        if (K::covered(x)) {
+            _mm256_storeu_ps(dst + i, K::vector(x));
+        } else {
+            for (int j = i; j < i + 8; ++j) one(j);
+        }
+    });
+    return zamStatusOk;
+}
+
+// Double precision four at a time through the lane-wise kernels of
+// elem_vec.h, which give the scalar kernel's bits; a group holding an
+// argument the vector form does not cover runs element by element.
+template <class V, double (*Fn)(double)> zamStatus apply64v(const Zam64f* src, Zam64f* dst, int len) {
+    if (zamStatus s = check_args(len, src, dst)) return s;
+    auto one = [&](int i) { dst[i] = Fn(src[i]); };
+    for_each_block<4>(dst, len, one, [&](int i) {
+        __m256d x = _mm256_loadu_pd(src + i);
+        if (V::covered(x)) {
+            _mm256_storeu_pd(dst + i, V::eval(x));
+        } else {
+            for (int j = i; j < i + 4; ++j) one(j);
+        }
+    });
+    return zamStatusOk;
+}
+
+// Single precision through the same kernels, eight elements as two groups
+// of four doubles; each result is the double result rounded once.
+template <class V, double (*Fn)(double)> zamStatus apply32v(const Zam32f* src, Zam32f* dst, int len) {
+    if (zamStatus s = check_args(len, src, dst)) return s;
+    auto one = [&](int i) { dst[i] = Zam32f(Fn(double(src[i]))); };
+    auto four = [&](int i) {
+        __m256d x = _mm256_cvtps_pd(_mm_loadu_ps(src + i));
+        if (V::covered(x)) {
+            _mm_storeu_ps(dst + i, _mm256_cvtpd_ps(V::eval(x)));
+        } else {
+            for (int j = i; j < i + 4; ++j) one(j);
+        }
+    };
+    for_each_block<8>(dst, len, one, [&](int i) {
+        four(i);
+        four(i + 4);
+    });
+    return zamStatusOk;
+}
+
 }  // namespace
 
 }  // namespace zams
-
-#define ZAMS_ELEM_FLOAT32(Name, fn)                                                                 \
-    ZAMS_FN(zamStatus, zams##Name##_32f)(const Zam32f* pSrc, Zam32f* pDst, int len) {              \
-        return zams::apply<Zam32f, zams::elem::fn>(pSrc, pDst, len);                               \
-    }                                                                                              \
-    ZAMS_FN(zamStatus, zams##Name##_32f_I)(Zam32f * pSrcDst, int len) {                            \
-        return zams::apply<Zam32f, zams::elem::fn>(pSrcDst, pSrcDst, len);                         \
-    }
 
 #define ZAMS_ELEM_FLOAT(Name, fn)                                                                   \
     ZAMS_FN(zamStatus, zams##Name##_64f)(const Zam64f* pSrc, Zam64f* pDst, int len) {              \
@@ -57,16 +107,30 @@ template <class K, double (*Fallback)(double)> zamStatus apply32(const Zam32f* s
         return zams::apply<Zam64f, zams::elem::fn>(pSrcDst, pSrcDst, len);                         \
     }
 
-ZAMS_ELEM_FLOAT(Exp, exp)
+#define ZAMS_ELEM_VEC(Name, V, fn)                                                                  \
+    ZAMS_FN(zamStatus, zams##Name##_64f)(const Zam64f* pSrc, Zam64f* pDst, int len) {              \
+        return zams::apply64v<zams::elemv::V, zams::elem::fn>(pSrc, pDst, len);                    \
+    }                                                                                              \
+    ZAMS_FN(zamStatus, zams##Name##_64f_I)(Zam64f * pSrcDst, int len) {                            \
+        return zams::apply64v<zams::elemv::V, zams::elem::fn>(pSrcDst, pSrcDst, len);              \
+    }
+
+ZAMS_ELEM_VEC(Exp, Exp, exp)
 ZAMS_ELEM_FLOAT(Ln, log)
-ZAMS_ELEM_FLOAT(Arctan, atan)
-ZAMS_ELEM_FLOAT32(Arctan, atan)
+ZAMS_ELEM_VEC(Arctan, Atan, atan)
+
+ZAMS_FN(zamStatus, zamsArctan_32f)(const Zam32f* pSrc, Zam32f* pDst, int len) {
+    return zams::apply32v<zams::elemv::Atan, zams::elem::atan>(pSrc, pDst, len);
+}
+ZAMS_FN(zamStatus, zamsArctan_32f_I)(Zam32f* pSrcDst, int len) {
+    return zams::apply32v<zams::elemv::Atan, zams::elem::atan>(pSrcDst, pSrcDst, len);
+}
 
 ZAMS_FN(zamStatus, zamsExp_32f)(const Zam32f* pSrc, Zam32f* pDst, int len) {
-    return zams::apply32<zams::elem32::ExpD, zams::elem::exp>(pSrc, pDst, len);
+    return zams::exp32(pSrc, pDst, len);
 }
 ZAMS_FN(zamStatus, zamsExp_32f_I)(Zam32f* pSrcDst, int len) {
-    return zams::apply32<zams::elem32::ExpD, zams::elem::exp>(pSrcDst, pSrcDst, len);
+    return zams::exp32(pSrcDst, pSrcDst, len);
 }
 ZAMS_FN(zamStatus, zamsLn_32f)(const Zam32f* pSrc, Zam32f* pDst, int len) {
     return zams::apply32<zams::elem32::LnD, zams::elem::log>(pSrc, pDst, len);

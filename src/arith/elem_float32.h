@@ -1,46 +1,68 @@
-// Single-precision Exp and Ln, four elements at a time in double precision.
-// Each result is formed in double to about 1e-11 relative error and rounded
-// once to single precision, so it is within an ulp; scalar and vector steps
-// run the same operations and give the same bits. Arguments the reduction
-// does not cover (non-finite, non-positive for ln) go to the scalar kernels
-// of elem_kernel.h.
+// Single-precision Exp and Ln with their polynomials in double precision.
+// Each result is formed in double well inside a single-precision ulp and
+// rounded once, so it is within an ulp; scalar and vector steps run the same
+// operations and give the same bits. Arguments the reduction does not cover
+// (non-finite, extremes, non-positive for ln) go to the scalar kernels of
+// elem_kernel.h.
 #pragma once
 
 #include <immintrin.h>
+
+#include <cstdint>
+#include <cstring>
 
 #include "elem_kernel.h"
 
 namespace zams::elem32 {
 
-// e^x = 2^k e^r, k = round(x / ln2), |r| <= ln2 / 2, e^r by its Taylor
-// series to degree 9 (remainder below 1e-11 relative).
-struct ExpD {
-    static constexpr double kLog2e = 1.4426950408889634074, kLn2Hi = 6.93147180369123816490e-01,
-                            kLn2Lo = 1.90821492927058770002e-10;
-    static constexpr double c[] = {1.0 / 362880, 1.0 / 40320, 1.0 / 5040, 1.0 / 720, 1.0 / 120,
-                                   1.0 / 24,     1.0 / 6,     0.5,        1.0,        1.0};
-    // finite x with e^x a normal double in single-precision reach
-    static constexpr double kLow = -110.0, kHigh = 90.0;
-    static bool covered(double x) { return x > kLow && x < kHigh; }
-    static double scalar(double x) {
-        double k = _mm_cvtsd_f64(_mm_round_sd(_mm_setzero_pd(), _mm_set_sd(x * kLog2e), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
-        double r = (x - k * kLn2Hi) - k * kLn2Lo;
+// e^x = 2^k e^r for -86 < x < 88, eight elements at a time: k =
+// round(x log2 e) in single precision, r = x - k ln2 and e^r in double over
+// two halves of four (r slightly beyond ln2 / 2 when x log2 e rounds
+// across a half), e^r rounded once to single precision and scaled by 2^k,
+// which is exact because every result in this range is normal. The
+// polynomial is a degree-6 minimax fit of e^r on |r| <= 0.35 with relative
+// error below 2^-28.9 (tools/fit_exp32.py), so the single-precision result
+// is within 0.53 ulp.
+struct ExpF {
+    static constexpr float kLog2e = 1.44269504f;
+    static constexpr double kLn2 = 0x1.62e42fefa39efp-1;
+    static constexpr double c[] = {0x1.6ab2932933413p-10, 0x1.1273ec6dd0d73p-7, 0x1.5558bbc7ce567p-5,
+                                   0x1.5553fd526cf12p-3,  0x1.fffffa5cd830dp-2, 0x1.000000a560ab0p+0,
+                                   0x1.0000000292f69p+0};
+    static constexpr float kLow = -86.0f, kHigh = 88.0f;
+    static bool covered(float x) { return x > kLow && x < kHigh; }
+    static double poly(double r) {
         double p = c[0];
-        for (int i = 1; i < 10; ++i) p = p * r + c[i];
-        int ki = _mm_cvttsd_si32(_mm_set_sd(k));
-        return p * elem::from_bits(uint64_t(int64_t(ki + 1023)) << 52);
+        for (int i = 1; i < 7; ++i) p = p * r + c[i];
+        return p;
     }
-    static __m256d vector(__m256d x) {
-        __m256d k = _mm256_round_pd(_mm256_mul_pd(x, _mm256_set1_pd(kLog2e)), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
-        __m256d r = _mm256_sub_pd(_mm256_sub_pd(x, _mm256_mul_pd(k, _mm256_set1_pd(kLn2Hi))),
-                                  _mm256_mul_pd(k, _mm256_set1_pd(kLn2Lo)));
+    static float scalar(float x) {
+        float k = _mm_cvtss_f32(_mm_round_ss(_mm_setzero_ps(), _mm_set_ss(x * kLog2e), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+        double p = poly(double(x) - double(k) * kLn2);
+        int32_t scale = int32_t(k * 8388608.0f + 1065353216.0f);  // (k + 127) 2^23: the bits of 2^k
+        float s;
+        std::memcpy(&s, &scale, 4);
+        return float(p) * s;
+    }
+    static __m128 half(__m128 x, __m128 k) {
+        __m256d r = _mm256_sub_pd(_mm256_cvtps_pd(x), _mm256_mul_pd(_mm256_cvtps_pd(k), _mm256_set1_pd(kLn2)));
         __m256d p = _mm256_set1_pd(c[0]);
-        for (int i = 1; i < 10; ++i) p = _mm256_add_pd(_mm256_mul_pd(p, r), _mm256_set1_pd(c[i]));
-        __m128i ki = _mm_add_epi32(_mm256_cvttpd_epi32(k), _mm_set1_epi32(1023));
-        __m128i lo = _mm_slli_epi64(_mm_cvtepi32_epi64(ki), 52);
-        __m128i hi = _mm_slli_epi64(_mm_cvtepi32_epi64(_mm_srli_si128(ki, 8)), 52);
-        __m256d scale = _mm256_castsi256_pd(_mm256_insertf128_si256(_mm256_castsi128_si256(lo), hi, 1));
-        return _mm256_mul_pd(p, scale);
+        for (int i = 1; i < 7; ++i) p = _mm256_add_pd(_mm256_mul_pd(p, r), _mm256_set1_pd(c[i]));
+        return _mm256_cvtpd_ps(p);
+    }
+    static bool covered(__m256 x) {
+        __m256 in = _mm256_and_ps(_mm256_cmp_ps(x, _mm256_set1_ps(kLow), _CMP_GT_OQ),
+                                  _mm256_cmp_ps(x, _mm256_set1_ps(kHigh), _CMP_LT_OQ));
+        return _mm256_movemask_ps(in) == 0xff;
+    }
+    static __m256 vector(__m256 x) {
+        __m256 k = _mm256_round_ps(_mm256_mul_ps(x, _mm256_set1_ps(kLog2e)), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+        __m128 lo = half(_mm256_castps256_ps128(x), _mm256_castps256_ps128(k));
+        __m128 hi = half(_mm256_extractf128_ps(x, 1), _mm256_extractf128_ps(k, 1));
+        __m256 p = _mm256_insertf128_ps(_mm256_castps128_ps256(lo), hi, 1);
+        __m256i scale = _mm256_cvtps_epi32(_mm256_add_ps(_mm256_mul_ps(k, _mm256_set1_ps(8388608.0f)),
+                                                         _mm256_set1_ps(1065353216.0f)));
+        return _mm256_mul_ps(p, _mm256_castsi256_ps(scale));
     }
 };
 
