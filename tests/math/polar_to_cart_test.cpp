@@ -229,8 +229,10 @@ TEST(PolarToCart, VectorAndElementStepsAgree) {
     for (size_t i = 5; i < x.size(); i += 37) x[i] = odd[(i / 37) % 6];
     for (size_t i = 17; i < x.size(); i += 41) m[i] = i % 2 ? NAN : 0.0;
     int n = int(x.size());
-    std::vector<Zam32f> xf(x.size()), mf(x.size());
-    for (int i = 0; i < n; ++i) xf[i] = Zam32f(x[i]), mf[i] = Zam32f(m[i] * 1e-300);
+    std::vector<Zam32f> xf(x.size());
+    auto mf = zt::random_reals<Zam32f>(x.size(), 33, -1e3f, 1e3f);
+    for (int i = 0; i < n; ++i) xf[i] = Zam32f(x[i]);
+    for (size_t i = 2; i < x.size(); i += 29) mf[i] = i % 2 ? NAN : INFINITY;
     for (int off = 0; off < 5; ++off) {
         std::vector<Zam64fc> y(x.size());
         std::vector<Zam32f> re(x.size()), im(x.size());
@@ -256,8 +258,9 @@ ZAMS_DIGEST(polar_to_cart_common) {
     std::vector<Zam64fc> y(x.size());
     d.status(zamsPolarToCart_64fc(m.data(), x.data(), y.data(), n));
     d.add(y);
-    std::vector<Zam32f> xf(x.size()), mf(x.size()), re(x.size()), im(x.size());
-    for (int i = 0; i < n; ++i) xf[i] = Zam32f(x[i]), mf[i] = Zam32f(m[i] * 1e-300);
+    std::vector<Zam32f> xf(x.size()), re(x.size()), im(x.size());
+    auto mf = zt::random_reals<Zam32f>(x.size(), 43, -1e3f, 1e3f);
+    for (int i = 0; i < n; ++i) xf[i] = Zam32f(x[i]);
     d.status(zamsPolarToCart_32f(mf.data(), xf.data(), re.data(), im.data(), n));
     d.add(re);
     d.add(im);
