@@ -75,26 +75,6 @@ template <class V, double (*Fn)(double)> zamStatus apply64v(const Zam64f* src, Z
     return zamStatusOk;
 }
 
-// Single precision through the same kernels, eight elements as two groups
-// of four doubles; each result is the double result rounded once.
-template <class V, double (*Fn)(double)> zamStatus apply32v(const Zam32f* src, Zam32f* dst, int len) {
-    if (zamStatus s = check_args(len, src, dst)) return s;
-    auto one = [&](int i) { dst[i] = Zam32f(Fn(double(src[i]))); };
-    auto four = [&](int i) {
-        __m256d x = _mm256_cvtps_pd(_mm_loadu_ps(src + i));
-        if (V::covered(x)) {
-            _mm_storeu_ps(dst + i, _mm256_cvtpd_ps(V::eval(x)));
-        } else {
-            for (int j = i; j < i + 4; ++j) one(j);
-        }
-    };
-    for_each_block<8>(dst, len, one, [&](int i) {
-        four(i);
-        four(i + 4);
-    });
-    return zamStatusOk;
-}
-
 }  // namespace
 
 }  // namespace zams
@@ -120,10 +100,10 @@ ZAMS_ELEM_FLOAT(Ln, log)
 ZAMS_ELEM_VEC(Arctan, Atan, atan)
 
 ZAMS_FN(zamStatus, zamsArctan_32f)(const Zam32f* pSrc, Zam32f* pDst, int len) {
-    return zams::apply32v<zams::elemv::Atan, zams::elem::atan>(pSrc, pDst, len);
+    return zams::apply32<zams::elem32::AtanD, zams::elem::atan>(pSrc, pDst, len);
 }
 ZAMS_FN(zamStatus, zamsArctan_32f_I)(Zam32f* pSrcDst, int len) {
-    return zams::apply32v<zams::elemv::Atan, zams::elem::atan>(pSrcDst, pSrcDst, len);
+    return zams::apply32<zams::elem32::AtanD, zams::elem::atan>(pSrcDst, pSrcDst, len);
 }
 
 ZAMS_FN(zamStatus, zamsExp_32f)(const Zam32f* pSrc, Zam32f* pDst, int len) {

@@ -15,40 +15,33 @@
 
 namespace zams::elem32 {
 
-// e^x = 2^k e^r for -86 < x < 88, eight elements at a time: k =
-// round(x log2 e) in single precision, r = x - k ln2 and e^r in double over
-// two halves of four (r slightly beyond ln2 / 2 when x log2 e rounds
-// across a half), e^r rounded once to single precision and scaled by 2^k,
-// which is exact because every result in this range is normal. The
-// polynomial is a degree-6 minimax fit of e^r on |r| <= 0.35 with relative
-// error below 2^-28.9 (tools/fit_exp32.py), so the single-precision result
-// is within 0.53 ulp.
+// e^x = 2^k e^r for -86 < x < 88, eight elements at a time in single
+// precision: k = round(x log2 e), r = x - k ln2 as rh + rl, where rh = x -
+// k C1 is exact (C1 holds 17 bits of ln2 and |k| < 2^7; x and k C1 are within
+// a factor of two) and rl = -k C2 carries the rest. Then
+//   e^r = (1 + rh) + rl + r^2 (1/2 + r P(r)),
+// with 1 + rh split exactly into S + e, so that the only large rounding is
+// the last addition; P is a degree-4 minimax fit (tools/fit_exp32f.py,
+// relative error of e^r below 2^-30.5 with its single-precision
+// coefficients). The sum is within 0.8 ulp, and the scaling by 2^k is exact
+// because every result in this range is normal.
 struct ExpF {
-    static constexpr float kLog2e = 1.44269504f;
-    static constexpr double kLn2 = 0x1.62e42fefa39efp-1;
-    static constexpr double c[] = {0x1.6ab2932933413p-10, 0x1.1273ec6dd0d73p-7, 0x1.5558bbc7ce567p-5,
-                                   0x1.5553fd526cf12p-3,  0x1.fffffa5cd830dp-2, 0x1.000000a560ab0p+0,
-                                   0x1.0000000292f69p+0};
+    static constexpr float kLog2e = 0x1.715476p+0f, kC1 = 0x1.62e4p-1f, kC2 = 0x1.7f7d1cp-20f;
+    static constexpr float c[] = {0x1.55553cp-3f, 0x1.5554eep-5f, 0x1.11376ap-7f, 0x1.6d466cp-10f, 0x1.6c3164p-13f};
     static constexpr float kLow = -86.0f, kHigh = 88.0f;
     static bool covered(float x) { return x > kLow && x < kHigh; }
-    static double poly(double r) {
-        double p = c[0];
-        for (int i = 1; i < 7; ++i) p = p * r + c[i];
-        return p;
-    }
     static float scalar(float x) {
         float k = _mm_cvtss_f32(_mm_round_ss(_mm_setzero_ps(), _mm_set_ss(x * kLog2e), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
-        double p = poly(double(x) - double(k) * kLn2);
+        float rh = x - k * kC1, rl = -(k * kC2), r = rh + rl;
+        float p = c[4];
+        for (int i = 3; i >= 0; --i) p = p * r + c[i];
+        float q = (r * r) * (0.5f + r * p);
+        float big = 1.0f + rh, e = rh - (big - 1.0f);
+        float y = big + (e + (rl + q));
         int32_t scale = int32_t(k * 8388608.0f + 1065353216.0f);  // (k + 127) 2^23: the bits of 2^k
-        float s;
-        std::memcpy(&s, &scale, 4);
-        return float(p) * s;
-    }
-    static __m128 half(__m128 x, __m128 k) {
-        __m256d r = _mm256_sub_pd(_mm256_cvtps_pd(x), _mm256_mul_pd(_mm256_cvtps_pd(k), _mm256_set1_pd(kLn2)));
-        __m256d p = _mm256_set1_pd(c[0]);
-        for (int i = 1; i < 7; ++i) p = _mm256_add_pd(_mm256_mul_pd(p, r), _mm256_set1_pd(c[i]));
-        return _mm256_cvtpd_ps(p);
+        float sc;
+        std::memcpy(&sc, &scale, 4);
+        return y * sc;
     }
     static bool covered(__m256 x) {
         __m256 in = _mm256_and_ps(_mm256_cmp_ps(x, _mm256_set1_ps(kLow), _CMP_GT_OQ),
@@ -57,12 +50,18 @@ struct ExpF {
     }
     static __m256 vector(__m256 x) {
         __m256 k = _mm256_round_ps(_mm256_mul_ps(x, _mm256_set1_ps(kLog2e)), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
-        __m128 lo = half(_mm256_castps256_ps128(x), _mm256_castps256_ps128(k));
-        __m128 hi = half(_mm256_extractf128_ps(x, 1), _mm256_extractf128_ps(k, 1));
-        __m256 p = _mm256_insertf128_ps(_mm256_castps128_ps256(lo), hi, 1);
+        __m256 rh = _mm256_sub_ps(x, _mm256_mul_ps(k, _mm256_set1_ps(kC1)));
+        __m256 rl = _mm256_xor_ps(_mm256_mul_ps(k, _mm256_set1_ps(kC2)), _mm256_set1_ps(-0.0f));
+        __m256 r = _mm256_add_ps(rh, rl);
+        __m256 p = _mm256_set1_ps(c[4]);
+        for (int i = 3; i >= 0; --i) p = _mm256_add_ps(_mm256_mul_ps(p, r), _mm256_set1_ps(c[i]));
+        __m256 q = _mm256_mul_ps(_mm256_mul_ps(r, r), _mm256_add_ps(_mm256_set1_ps(0.5f), _mm256_mul_ps(r, p)));
+        const __m256 one = _mm256_set1_ps(1.0f);
+        __m256 big = _mm256_add_ps(one, rh), e = _mm256_sub_ps(rh, _mm256_sub_ps(big, one));
+        __m256 y = _mm256_add_ps(big, _mm256_add_ps(e, _mm256_add_ps(rl, q)));
         __m256i scale = _mm256_cvtps_epi32(_mm256_add_ps(_mm256_mul_ps(k, _mm256_set1_ps(8388608.0f)),
                                                          _mm256_set1_ps(1065353216.0f)));
-        return _mm256_mul_ps(p, _mm256_castsi256_ps(scale));
+        return _mm256_mul_ps(y, _mm256_castsi256_ps(scale));
     }
 };
 
@@ -104,6 +103,45 @@ struct LnD {
         __m256d p = _mm256_set1_pd(c[0]);
         for (int i = 1; i < 8; ++i) p = _mm256_add_pd(_mm256_mul_pd(p, z), _mm256_set1_pd(c[i]));
         return _mm256_add_pd(_mm256_mul_pd(e, _mm256_set1_pd(kLn2)), _mm256_mul_pd(f, p));
+    }
+};
+
+// atan x for finite single-precision x, in double over four lanes: with a =
+// |x|, a below tan(pi/8) is kept, a up to tan(3pi/8) becomes (a - 1) / (a + 1)
+// (atan a = pi/4 + atan v) and a beyond becomes -1 / a (pi/2 + atan v), all
+// three as (alpha a - beta) / (alpha + beta a) with one division, so that
+// |v| <= tan(pi/8). atan v = v + v^3 P(v^2), P a degree-4 minimax fit with
+// relative error below 2^-30.4 (tools/fit_atan32.py); the sum with the
+// breakpoint's angle loses nothing relative to the result, which is at
+// least |atan v|, so the single-precision result is within 0.52 ulp.
+struct AtanD {
+    static constexpr double kT1 = 0.41421356237309503, kT2 = 2.414213562373095;
+    static constexpr double kPio4 = 0x1.921fb54442d18p-1, kPio2 = 0x1.921fb54442d18p+0;
+    static constexpr double c[] = {-0x1.f1d95ecb00af2p-5, 0x1.b1e86530c8370p-4, -0x1.23b4e4b1e0b33p-3,
+                                   0x1.999193048c161p-3, -0x1.55554922210f2p-2};
+    static constexpr double kLow = -0x1p128, kHigh = 0x1p128;  // every finite single-precision value
+    static bool covered(double x) { return x > kLow && x < kHigh; }
+    static double scalar(double x) {
+        double a = x < 0 ? -x : x;
+        double alpha = a >= kT2 ? 0.0 : 1.0, beta = a >= kT1 ? 1.0 : 0.0;
+        double hi = a >= kT2 ? kPio2 : a >= kT1 ? kPio4 : 0.0;
+        double v = (a * alpha - beta) / (alpha + beta * a), z = v * v;
+        double p = c[0];
+        for (int i = 1; i < 5; ++i) p = p * z + c[i];
+        double r = hi + (v + (v * z) * p);
+        return elem::bits(x) >> 63 ? -r : r;  // -0 keeps its sign
+    }
+    static __m256d vector(__m256d x) {
+        __m256d sign = _mm256_and_pd(x, _mm256_set1_pd(-0.0)), a = _mm256_xor_pd(x, sign);
+        __m256d m1 = _mm256_cmp_pd(a, _mm256_set1_pd(kT1), _CMP_GE_OQ), m2 = _mm256_cmp_pd(a, _mm256_set1_pd(kT2), _CMP_GE_OQ);
+        __m256d alpha = _mm256_andnot_pd(m2, _mm256_set1_pd(1.0)), beta = _mm256_and_pd(m1, _mm256_set1_pd(1.0));
+        __m256d hi = _mm256_blendv_pd(_mm256_and_pd(m1, _mm256_set1_pd(kPio4)), _mm256_set1_pd(kPio2), m2);
+        __m256d v = _mm256_div_pd(_mm256_sub_pd(_mm256_mul_pd(a, alpha), beta), _mm256_add_pd(alpha, _mm256_mul_pd(beta, a)));
+        __m256d z = _mm256_mul_pd(v, v);
+        __m256d p = _mm256_set1_pd(c[0]);
+        for (int i = 1; i < 5; ++i) p = _mm256_add_pd(_mm256_mul_pd(p, z), _mm256_set1_pd(c[i]));
+        __m256d r = _mm256_add_pd(hi, _mm256_add_pd(v, _mm256_mul_pd(_mm256_mul_pd(v, z), p)));
+        return _mm256_xor_pd(r, sign);
     }
 };
 
