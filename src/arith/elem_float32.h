@@ -21,7 +21,7 @@ namespace zams::elem32 {
 // a factor of two) and rl = -k C2 carries the rest. Then
 //   e^r = (1 + rh) + rl + r^2 (1/2 + r P(r)),
 // with 1 + rh split exactly into S + e, so that the only large rounding is
-// the last addition; P is a degree-4 minimax fit (tools/fit_exp32f.py,
+// the last addition; P is a degree-4 minimax fit (tools/fit_elem32.py,
 // relative error of e^r below 2^-30.5 with its single-precision
 // coefficients). The sum is within 0.8 ulp, and the scaling by 2^k is exact
 // because every result in this range is normal.
@@ -111,7 +111,7 @@ struct LnD {
 // (atan a = pi/4 + atan v) and a beyond becomes -1 / a (pi/2 + atan v), all
 // three as (alpha a - beta) / (alpha + beta a) with one division, so that
 // |v| <= tan(pi/8). atan v = v + v^3 P(v^2), P a degree-4 minimax fit with
-// relative error below 2^-30.4 (tools/fit_atan32.py); the sum with the
+// relative error below 2^-30.4 (tools/fit_elem32.py); the sum with the
 // breakpoint's angle loses nothing relative to the result, which is at
 // least |atan v|, so the single-precision result is within 0.52 ulp.
 struct AtanD {
