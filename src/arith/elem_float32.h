@@ -1,9 +1,8 @@
-// Single-precision Exp and Ln with their polynomials in double precision.
-// Each result is formed in double well inside a single-precision ulp and
-// rounded once, so it is within an ulp; scalar and vector steps run the same
-// operations and give the same bits. Arguments the reduction does not cover
-// (non-finite, extremes, non-positive for ln) go to the scalar kernels of
-// elem_kernel.h.
+// Single-precision kernels of Exp (in single precision with one exact
+// split), Ln and Arctan (in double, rounded once), each within an ulp; scalar
+// and vector steps run the same operations and give the same bits.
+// Arguments a kernel does not cover (non-finite, extremes, non-positive for
+// ln) go to the double kernels of elem_kernel.h.
 #pragma once
 
 #include <immintrin.h>
