@@ -36,14 +36,17 @@ inline double cbrt_d(double x) {
     return neg ? -r : r;
 }
 
-// Four normal numbers (2^-1022 <= |x| < inf) with the operations of cbrt_d
-// lane by lane, so with its bits; false leaves a group with a zero,
-// subnormal, infinite or NaN element to the element steps.
+// Four normal numbers or zeros with the operations of cbrt_d lane by lane,
+// so with its bits (a zero lane computes nonsense and takes x back); false
+// leaves a group with a subnormal, infinite or NaN element to the element
+// steps.
 inline bool cbrt4(const double* src, double* dst) {
     using sincos_vec::c;
     __m256d x = _mm256_loadu_pd(src);
     __m256d sign = _mm256_and_pd(x, c(-0.0)), ax = _mm256_xor_pd(x, sign);
-    __m256d in = _mm256_and_pd(_mm256_cmp_pd(ax, c(0x1p-1022), _CMP_GE_OQ), _mm256_cmp_pd(ax, c(__builtin_inf()), _CMP_LT_OQ));
+    __m256d zero = _mm256_cmp_pd(ax, _mm256_setzero_pd(), _CMP_EQ_OQ);
+    __m256d in = _mm256_or_pd(zero, _mm256_and_pd(_mm256_cmp_pd(ax, c(0x1p-1022), _CMP_GE_OQ),
+                                                  _mm256_cmp_pd(ax, c(__builtin_inf()), _CMP_LT_OQ)));
     if (_mm256_movemask_pd(in) != 0xf) return false;
     __m256i b = _mm256_castpd_si256(ax);
     __m128i b0 = _mm256_castsi256_si128(b), b1 = _mm256_extractf128_si256(b, 1);
@@ -69,7 +72,7 @@ inline bool cbrt4(const double* src, double* dst) {
     __m128i r0 = _mm_add_epi64(_mm256_castsi256_si128(rb), _mm_slli_epi64(_mm_cvtepi32_epi64(q), 52));
     __m128i r1 = _mm_add_epi64(_mm256_extractf128_si256(rb, 1), _mm_slli_epi64(_mm_cvtepi32_epi64(_mm_srli_si128(q, 8)), 52));
     r = _mm256_castsi256_pd(_mm256_insertf128_si256(_mm256_castsi128_si256(r0), r1, 1));
-    _mm256_storeu_pd(dst, _mm256_xor_pd(r, sign));
+    _mm256_storeu_pd(dst, _mm256_blendv_pd(_mm256_xor_pd(r, sign), x, zero));
     return true;
 }
 

@@ -14,13 +14,11 @@ namespace zams::elemv {
 inline __m256d abs_pd(__m256d x) { return _mm256_andnot_pd(_mm256_set1_pd(-0.0), x); }
 inline __m256d c(double v) { return _mm256_set1_pd(v); }
 
-// e^x for 2^-28 <= |x| < 708: no overflow, no subnormal result, and the
-// scaled result needs no second step.
+// e^x for |x| < 708: no overflow, no subnormal result, and the scaled
+// result needs no second step; below 2^-28 the result is 1 + x.
 struct Exp {
     static bool covered(__m256d x) {
-        __m256d ax = abs_pd(x);
-        __m256d in = _mm256_and_pd(_mm256_cmp_pd(ax, c(0x1p-28), _CMP_GE_OQ), _mm256_cmp_pd(ax, c(708.0), _CMP_LT_OQ));
-        return _mm256_movemask_pd(in) == 0xf;
+        return _mm256_movemask_pd(_mm256_cmp_pd(abs_pd(x), c(708.0), _CMP_LT_OQ)) == 0xf;
     }
     static __m256d eval(__m256d x) {
         constexpr double P1 = 1.66666666666666019037e-01, P2 = -2.77777777770155933842e-03,
@@ -53,7 +51,8 @@ struct Exp {
         __m256i yb = _mm256_castpd_si256(y);
         __m128i y0 = _mm_add_epi64(_mm256_castsi256_si128(yb), k0);
         __m128i y1 = _mm_add_epi64(_mm256_extractf128_si256(yb, 1), k1);
-        return _mm256_castsi256_pd(_mm256_insertf128_si256(_mm256_castsi128_si256(y0), y1, 1));
+        y = _mm256_castsi256_pd(_mm256_insertf128_si256(_mm256_castsi128_si256(y0), y1, 1));
+        return _mm256_blendv_pd(y, _mm256_add_pd(c(1.0), x), _mm256_cmp_pd(ax, c(0x1p-28), _CMP_LT_OQ));
     }
 };
 
