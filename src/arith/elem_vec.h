@@ -44,14 +44,11 @@ struct Exp {
         // with k = 0, hi = r and lo = 0, and this is the scalar k = 0 form
         __m256d q = _mm256_div_pd(_mm256_mul_pd(r, cc), _mm256_sub_pd(c(2.0), cc));
         __m256d y = _mm256_sub_pd(c(1.0), _mm256_sub_pd(_mm256_sub_pd(lo, q), hi));
-        // y 2^k by adding k to the exponent field
-        __m128i k = _mm256_cvttpd_epi32(t);
-        __m128i k0 = _mm_slli_epi64(_mm_cvtepi32_epi64(k), 52);
-        __m128i k1 = _mm_slli_epi64(_mm_cvtepi32_epi64(_mm_srli_si128(k, 8)), 52);
-        __m256i yb = _mm256_castpd_si256(y);
-        __m128i y0 = _mm_add_epi64(_mm256_castsi256_si128(yb), k0);
-        __m128i y1 = _mm_add_epi64(_mm256_extractf128_si256(yb, 1), k1);
-        y = _mm256_castsi256_pd(_mm256_insertf128_si256(_mm256_castsi128_si256(y0), y1, 1));
+        // y 2^k, exact: 2^k is normal for the k of this range, as is the product
+        __m128i e = _mm_slli_epi32(_mm_add_epi32(_mm256_cvttpd_epi32(t), _mm_set1_epi32(1023)), 20);
+        __m128i zero = _mm_setzero_si128();
+        __m256i scale = _mm256_insertf128_si256(_mm256_castsi128_si256(_mm_unpacklo_epi32(zero, e)), _mm_unpackhi_epi32(zero, e), 1);
+        y = _mm256_mul_pd(y, _mm256_castsi256_pd(scale));
         return _mm256_blendv_pd(y, _mm256_add_pd(c(1.0), x), _mm256_cmp_pd(ax, c(0x1p-28), _CMP_LT_OQ));
     }
 };
