@@ -168,7 +168,7 @@ TEST(Elementary, VectorAndScalarStepsAgree) {
     auto e = zt::random_reals<Zam64f>(600, 18, -720.0, 720.0);
     const Zam64f oddd[] = {NAN, INFINITY, -INFINITY, 0.0, -0.0, 1e-300, 0x1p-29, 1e30, -1e300, 709.9, -745.0, 0.3465735902799726,
                            0x1.62e42ffffffffp-2};
-    for (int i = 0; i < 600; i += 23) d[size_t(i)] = e[size_t(i + 11)] = oddd[(i / 23) % 13];
+    for (int i = 0; i < 600; i += 23) d[size_t(i)] = e[size_t((i + 11) % 600)] = oddd[(i / 23) % 13];
     for (auto* v : {&d, &e}) {
         steps_agree<Zam64f>(zamsExp_64f, *v, "exp64");
         steps_agree<Zam64f>(zamsArctan_64f, *v, "atan64");
