@@ -17,23 +17,31 @@ template <class F, double (*Fn)(double)> zamStatus apply(const F* src, F* dst, i
     return zamStatusOk;
 }
 
-// Single precision through the four-wide double kernels; a group with an
-// argument they do not cover runs element by element.
+// Vector steps of W elements where `step` takes the group (it returns false
+// for a group holding an argument its kernel does not cover, before
+// storing anything), element steps `one` for the rest; both give the same
+// bits for a covered argument.
+template <int W, int Align = 32, class T, class One, class Step> void blocks(T* dst, int len, One&& one, Step&& step) {
+    for_each_block<W, Align>(dst, len, one, [&](int i) {
+        if (!step(i))
+            for (int j = i; j < i + W; ++j) one(j);
+    });
+}
+
+// Single precision through the four-wide double kernels of elem_float32.h.
 template <class K, double (*Fallback)(double)> zamStatus apply32(const Zam32f* src, Zam32f* dst, int len) {
     if (zamStatus s = check_args(len, src, dst)) return s;
     auto one = [&](int i) {
         double x = src[i];
         dst[i] = Zam32f(K::covered(x) ? K::scalar(x) : Fallback(x));
     };
-    for_each_block<4, 16>(dst, len, one, [&](int i) {
+    blocks<4, 16>(dst, len, one, [&](int i) {
         __m256d x = _mm256_cvtps_pd(_mm_loadu_ps(src + i));
         __m256d in = _mm256_and_pd(_mm256_cmp_pd(x, _mm256_set1_pd(K::kLow), _CMP_GT_OQ),
                                    _mm256_cmp_pd(x, _mm256_set1_pd(K::kHigh), _CMP_LT_OQ));
-        if (_mm256_movemask_pd(in) == 0xf) {
-            _mm_storeu_ps(dst + i, _mm256_cvtpd_ps(K::vector(x)));
-        } else {
-            for (int j = i; j < i + 4; ++j) one(j);
-        }
+        if (_mm256_movemask_pd(in) != 0xf) return false;
+        _mm_storeu_ps(dst + i, _mm256_cvtpd_ps(K::vector(x)));
+        return true;
     });
     return zamStatusOk;
 }
@@ -47,30 +55,24 @@ zamStatus exp32(const Zam32f* src, Zam32f* dst, int len) {
         float x = src[i];
         dst[i] = K::covered(x) ? K::scalar(x) : Zam32f(elem::exp(double(x)));
     };
-    for_each_block<8>(dst, len, one, [&](int i) {
+    blocks<8>(dst, len, one, [&](int i) {
         __m256 x = _mm256_loadu_ps(src + i);
-        if (K::covered(x)) {
-            _mm256_storeu_ps(dst + i, K::vector(x));
-        } else {
-            for (int j = i; j < i + 8; ++j) one(j);
-        }
+        if (!K::covered(x)) return false;
+        _mm256_storeu_ps(dst + i, K::vector(x));
+        return true;
     });
     return zamStatusOk;
 }
 
 // Double precision four at a time through the lane-wise kernels of
-// elem_vec.h, which give the scalar kernel's bits; a group holding an
-// argument the vector form does not cover runs element by element.
+// elem_vec.h, which give the scalar kernel's bits.
 template <class V, double (*Fn)(double)> zamStatus apply64v(const Zam64f* src, Zam64f* dst, int len) {
     if (zamStatus s = check_args(len, src, dst)) return s;
-    auto one = [&](int i) { dst[i] = Fn(src[i]); };
-    for_each_block<4>(dst, len, one, [&](int i) {
+    blocks<4>(dst, len, [&](int i) { dst[i] = Fn(src[i]); }, [&](int i) {
         __m256d x = _mm256_loadu_pd(src + i);
-        if (V::covered(x)) {
-            _mm256_storeu_pd(dst + i, V::eval(x));
-        } else {
-            for (int j = i; j < i + 4; ++j) one(j);
-        }
+        if (!V::covered(x)) return false;
+        _mm256_storeu_pd(dst + i, V::eval(x));
+        return true;
     });
     return zamStatusOk;
 }
