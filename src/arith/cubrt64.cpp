@@ -14,6 +14,11 @@ using sincos_dd::from_bits;
 using sincos_dd::to_bits;
 using sincos_dd::two_prod;
 
+// The cubic through cbrt at the four Chebyshev nodes of [1, 8]; its
+// relative error on [1, 8) is below 1.32%.
+constexpr double kGuess[] = {0.001627495338033107, -0.03402605365290508, 0.32883645446314835, 0.716734641860441};
+inline double guess(double m) { return ((kGuess[0] * m + kGuess[1]) * m + kGuess[2]) * m + kGuess[3]; }
+
 inline double cbrt_d(double x) {
     if (x == 0 || x != x || x - x != 0) return x;  // zeros, NaN, infinities
     bool neg = x < 0;
@@ -23,9 +28,10 @@ inline double cbrt_d(double x) {
     int e = int(to_bits(x) >> 52) - 1023;
     int q = e >= 0 ? e / 3 : -((-e + 2) / 3);  // floor(e / 3)
     double m = from_bits(to_bits(x) - (uint64_t(int64_t(3 * q)) << 52));  // in [1, 8)
-    // a linear guess within 15%, then quadratic convergence to about an ulp
-    double t = 0.7 + 0.2 * m;
-    for (int k = 0; k < 5; ++k) t -= (t * t * t - m) / (3.0 * t * t);
+    // a cubic guess within 1.4%, then three Newton steps (the relative error
+    // squares at each: 1.7e-4, 2.9e-8, 1e-15)
+    double t = guess(m);
+    for (int k = 0; k < 3; ++k) t -= (t * t * t - m) / (3.0 * t * t);
     // t^3 - m with the error of t^3 kept: the final step is accurate to far
     // below an ulp, and the subtraction below rounds once
     sincos_dd::Pair t2 = two_prod(t, t);
@@ -60,8 +66,9 @@ inline bool cbrt4(const double* src, double* dst) {
     __m128i s0 = _mm_slli_epi64(_mm_cvtepi32_epi64(q3), 52), s1 = _mm_slli_epi64(_mm_cvtepi32_epi64(_mm_srli_si128(q3, 8)), 52);
     __m256d m = _mm256_castsi256_pd(
         _mm256_insertf128_si256(_mm256_castsi128_si256(_mm_sub_epi64(b0, s0)), _mm_sub_epi64(b1, s1), 1));
-    __m256d t = _mm256_add_pd(c(0.7), _mm256_mul_pd(c(0.2), m));
-    for (int k = 0; k < 5; ++k) {
+    __m256d t = c(kGuess[0]);
+    for (int k = 1; k < 4; ++k) t = _mm256_add_pd(_mm256_mul_pd(t, m), c(kGuess[k]));
+    for (int k = 0; k < 3; ++k) {
         __m256d f = _mm256_sub_pd(_mm256_mul_pd(_mm256_mul_pd(t, t), t), m);
         t = _mm256_sub_pd(t, _mm256_div_pd(f, _mm256_mul_pd(_mm256_mul_pd(c(3.0), t), t)));
     }
