@@ -16,7 +16,7 @@ namespace {
 
 template <class F> std::vector<F> ramp(int n, double lo, double hi) {
     std::vector<F> v(static_cast<size_t>(n));
-    for (int i = 0; i < n; ++i) v[size_t(i)] = F(lo + (hi - lo) * ((i * 7919) % n) / n);
+    for (int i = 0; i < n; ++i) v[size_t(i)] = F(lo + (hi - lo) * double((int64_t(i) * 7919) % n) / n);
     return v;
 }
 

@@ -1,46 +1,66 @@
-// Single-precision Exp and Ln, four elements at a time in double precision.
-// Each result is formed in double to about 1e-11 relative error and rounded
-// once to single precision, so it is within an ulp; scalar and vector steps
-// run the same operations and give the same bits. Arguments the reduction
-// does not cover (non-finite, non-positive for ln) go to the scalar kernels
-// of elem_kernel.h.
+// Single-precision kernels of Exp (in single precision with one exact
+// split), Ln and Arctan (in double, rounded once), each within an ulp; scalar
+// and vector steps run the same operations and give the same bits.
+// Arguments a kernel does not cover (non-finite, extremes, non-positive for
+// ln) go to the double kernels of elem_kernel.h.
 #pragma once
 
 #include <immintrin.h>
+
+#include <cstdint>
+#include <cstring>
 
 #include "elem_kernel.h"
 
 namespace zams::elem32 {
 
-// e^x = 2^k e^r, k = round(x / ln2), |r| <= ln2 / 2, e^r by its Taylor
-// series to degree 9 (remainder below 1e-11 relative).
-struct ExpD {
-    static constexpr double kLog2e = 1.4426950408889634074, kLn2Hi = 6.93147180369123816490e-01,
-                            kLn2Lo = 1.90821492927058770002e-10;
-    static constexpr double c[] = {1.0 / 362880, 1.0 / 40320, 1.0 / 5040, 1.0 / 720, 1.0 / 120,
-                                   1.0 / 24,     1.0 / 6,     0.5,        1.0,        1.0};
-    // finite x with e^x a normal double in single-precision reach
-    static constexpr double kLow = -110.0, kHigh = 90.0;
-    static bool covered(double x) { return x > kLow && x < kHigh; }
-    static double scalar(double x) {
-        double k = _mm_cvtsd_f64(_mm_round_sd(_mm_setzero_pd(), _mm_set_sd(x * kLog2e), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
-        double r = (x - k * kLn2Hi) - k * kLn2Lo;
-        double p = c[0];
-        for (int i = 1; i < 10; ++i) p = p * r + c[i];
-        int ki = _mm_cvttsd_si32(_mm_set_sd(k));
-        return p * elem::from_bits(uint64_t(int64_t(ki + 1023)) << 52);
+// e^x = 2^k e^r for -86 < x < 88, eight elements at a time in single
+// precision: k = round(x log2 e), r = x - k ln2 as rh + rl, where rh = x -
+// k C1 is exact (C1 holds 17 bits of ln2 and |k| < 2^7; x and k C1 are within
+// a factor of two) and rl = -k C2 carries the rest. Then
+//   e^r = (1 + rh) + rl + r^2 (1/2 + r P(r)),
+// with 1 + rh split exactly into S + e, so that the only large rounding is
+// the last addition; P is a degree-4 minimax fit (tools/fit_elem32.py,
+// relative error of e^r below 2^-30.5 with its single-precision
+// coefficients). The sum is within 0.8 ulp, and the scaling by 2^k is exact
+// because every result in this range is normal.
+struct ExpF {
+    static constexpr float kLog2e = 0x1.715476p+0f, kC1 = 0x1.62e4p-1f, kC2 = 0x1.7f7d1cp-20f;
+    static constexpr float c[] = {0x1.55553cp-3f, 0x1.5554eep-5f, 0x1.11376ap-7f, 0x1.6d466cp-10f, 0x1.6c3164p-13f};
+    static constexpr float kLow = -86.0f, kHigh = 88.0f;
+    static bool covered(float x) { return x > kLow && x < kHigh; }
+    static float scalar(float x) {
+        float k = _mm_cvtss_f32(_mm_round_ss(_mm_setzero_ps(), _mm_set_ss(x * kLog2e), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+        float rh = x - k * kC1, rl = -(k * kC2), r = rh + rl;
+        float p = c[4];
+        for (int i = 3; i >= 0; --i) p = p * r + c[i];
+        float q = (r * r) * (0.5f + r * p);
+        float big = 1.0f + rh, e = rh - (big - 1.0f);
+        float y = big + (e + (rl + q));
+        int32_t scale = int32_t(k * 8388608.0f + 1065353216.0f);  // (k + 127) 2^23: the bits of 2^k
+        float sc;
+        std::memcpy(&sc, &scale, 4);
+        return y * sc;
     }
-    static __m256d vector(__m256d x) {
-        __m256d k = _mm256_round_pd(_mm256_mul_pd(x, _mm256_set1_pd(kLog2e)), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
-        __m256d r = _mm256_sub_pd(_mm256_sub_pd(x, _mm256_mul_pd(k, _mm256_set1_pd(kLn2Hi))),
-                                  _mm256_mul_pd(k, _mm256_set1_pd(kLn2Lo)));
-        __m256d p = _mm256_set1_pd(c[0]);
-        for (int i = 1; i < 10; ++i) p = _mm256_add_pd(_mm256_mul_pd(p, r), _mm256_set1_pd(c[i]));
-        __m128i ki = _mm_add_epi32(_mm256_cvttpd_epi32(k), _mm_set1_epi32(1023));
-        __m128i lo = _mm_slli_epi64(_mm_cvtepi32_epi64(ki), 52);
-        __m128i hi = _mm_slli_epi64(_mm_cvtepi32_epi64(_mm_srli_si128(ki, 8)), 52);
-        __m256d scale = _mm256_castsi256_pd(_mm256_insertf128_si256(_mm256_castsi128_si256(lo), hi, 1));
-        return _mm256_mul_pd(p, scale);
+    static bool covered(__m256 x) {
+        __m256 in = _mm256_and_ps(_mm256_cmp_ps(x, _mm256_set1_ps(kLow), _CMP_GT_OQ),
+                                  _mm256_cmp_ps(x, _mm256_set1_ps(kHigh), _CMP_LT_OQ));
+        return _mm256_movemask_ps(in) == 0xff;
+    }
+    static __m256 vector(__m256 x) {
+        __m256 k = _mm256_round_ps(_mm256_mul_ps(x, _mm256_set1_ps(kLog2e)), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+        __m256 rh = _mm256_sub_ps(x, _mm256_mul_ps(k, _mm256_set1_ps(kC1)));
+        __m256 rl = _mm256_xor_ps(_mm256_mul_ps(k, _mm256_set1_ps(kC2)), _mm256_set1_ps(-0.0f));
+        __m256 r = _mm256_add_ps(rh, rl);
+        __m256 p = _mm256_set1_ps(c[4]);
+        for (int i = 3; i >= 0; --i) p = _mm256_add_ps(_mm256_mul_ps(p, r), _mm256_set1_ps(c[i]));
+        __m256 q = _mm256_mul_ps(_mm256_mul_ps(r, r), _mm256_add_ps(_mm256_set1_ps(0.5f), _mm256_mul_ps(r, p)));
+        const __m256 one = _mm256_set1_ps(1.0f);
+        __m256 big = _mm256_add_ps(one, rh), e = _mm256_sub_ps(rh, _mm256_sub_ps(big, one));
+        __m256 y = _mm256_add_ps(big, _mm256_add_ps(e, _mm256_add_ps(rl, q)));
+        __m256i scale = _mm256_cvtps_epi32(_mm256_add_ps(_mm256_mul_ps(k, _mm256_set1_ps(8388608.0f)),
+                                                         _mm256_set1_ps(1065353216.0f)));
+        return _mm256_mul_ps(y, _mm256_castsi256_ps(scale));
     }
 };
 
@@ -82,6 +102,45 @@ struct LnD {
         __m256d p = _mm256_set1_pd(c[0]);
         for (int i = 1; i < 8; ++i) p = _mm256_add_pd(_mm256_mul_pd(p, z), _mm256_set1_pd(c[i]));
         return _mm256_add_pd(_mm256_mul_pd(e, _mm256_set1_pd(kLn2)), _mm256_mul_pd(f, p));
+    }
+};
+
+// atan x for finite single-precision x, in double over four lanes: with a =
+// |x|, a below tan(pi/8) is kept, a up to tan(3pi/8) becomes (a - 1) / (a + 1)
+// (atan a = pi/4 + atan v) and a beyond becomes -1 / a (pi/2 + atan v), all
+// three as (alpha a - beta) / (alpha + beta a) with one division, so that
+// |v| <= tan(pi/8). atan v = v + v^3 P(v^2), P a degree-4 minimax fit with
+// relative error below 2^-30.4 (tools/fit_elem32.py); the sum with the
+// breakpoint's angle loses nothing relative to the result, which is at
+// least |atan v|, so the single-precision result is within 0.52 ulp.
+struct AtanD {
+    static constexpr double kT1 = 0.41421356237309503, kT2 = 2.414213562373095;
+    static constexpr double kPio4 = 0x1.921fb54442d18p-1, kPio2 = 0x1.921fb54442d18p+0;
+    static constexpr double c[] = {-0x1.f1d95ecb00af2p-5, 0x1.b1e86530c8370p-4, -0x1.23b4e4b1e0b33p-3,
+                                   0x1.999193048c161p-3, -0x1.55554922210f2p-2};
+    static constexpr double kLow = -0x1p128, kHigh = 0x1p128;  // every finite single-precision value
+    static bool covered(double x) { return x > kLow && x < kHigh; }
+    static double scalar(double x) {
+        double a = x < 0 ? -x : x;
+        double alpha = a >= kT2 ? 0.0 : 1.0, beta = a >= kT1 ? 1.0 : 0.0;
+        double hi = a >= kT2 ? kPio2 : a >= kT1 ? kPio4 : 0.0;
+        double v = (a * alpha - beta) / (alpha + beta * a), z = v * v;
+        double p = c[0];
+        for (int i = 1; i < 5; ++i) p = p * z + c[i];
+        double r = hi + (v + (v * z) * p);
+        return elem::bits(x) >> 63 ? -r : r;  // -0 keeps its sign
+    }
+    static __m256d vector(__m256d x) {
+        __m256d sign = _mm256_and_pd(x, _mm256_set1_pd(-0.0)), a = _mm256_xor_pd(x, sign);
+        __m256d m1 = _mm256_cmp_pd(a, _mm256_set1_pd(kT1), _CMP_GE_OQ), m2 = _mm256_cmp_pd(a, _mm256_set1_pd(kT2), _CMP_GE_OQ);
+        __m256d alpha = _mm256_andnot_pd(m2, _mm256_set1_pd(1.0)), beta = _mm256_and_pd(m1, _mm256_set1_pd(1.0));
+        __m256d hi = _mm256_blendv_pd(_mm256_and_pd(m1, _mm256_set1_pd(kPio4)), _mm256_set1_pd(kPio2), m2);
+        __m256d v = _mm256_div_pd(_mm256_sub_pd(_mm256_mul_pd(a, alpha), beta), _mm256_add_pd(alpha, _mm256_mul_pd(beta, a)));
+        __m256d z = _mm256_mul_pd(v, v);
+        __m256d p = _mm256_set1_pd(c[0]);
+        for (int i = 1; i < 5; ++i) p = _mm256_add_pd(_mm256_mul_pd(p, z), _mm256_set1_pd(c[i]));
+        __m256d r = _mm256_add_pd(hi, _mm256_add_pd(v, _mm256_mul_pd(_mm256_mul_pd(v, z), p)));
+        return _mm256_xor_pd(r, sign);
     }
 };
 

@@ -97,6 +97,30 @@ TEST(Cubrt64, SpecialValuesInPlaceAndArguments) {
     EXPECT_EQ(v[0], 8.0);
 }
 
+// Four-lane groups of normal numbers, element steps and groups holding a
+// zero, subnormal, infinity or NaN agree with the one-element call.
+TEST(Cubrt64, VectorAndElementStepsAgree) {
+    std::mt19937_64 g(4);
+    std::vector<Zam64f> x;
+    while (x.size() < 500) {
+        uint64_t b = g();
+        double v;
+        std::memcpy(&v, &b, 8);
+        if (std::isnormal(v)) x.push_back(v);
+    }
+    const double odd[] = {0.0, -0.0, 5e-324, -1e-310, INFINITY, -INFINITY, NAN, 0x1p-1022, -0x1.fffffffffffffp1023};
+    for (size_t i = 3; i < x.size(); i += 31) x[i] = odd[(i / 31) % 9];
+    for (int off = 0; off < 5; ++off) {
+        std::vector<Zam64f> y(x.size());
+        ASSERT_EQ(zamsCubrt_64f(x.data() + off, y.data() + off, int(x.size()) - off), zamStatusOk);
+        for (size_t i = size_t(off); i < x.size(); ++i) {
+            Zam64f one;
+            zamsCubrt_64f(&x[i], &one, 1);
+            ASSERT_EQ(zt::bits(y[i]), zt::bits(one)) << x[i] << " at " << i;
+        }
+    }
+}
+
 ZAMS_DIGEST(cubrt64) {
     auto x = samples(3000, 3);
     std::vector<Zam64f> y(x.size());

@@ -53,6 +53,15 @@ std::vector<Zam64f> hard_phases(size_t n, uint32_t seed) {
     return v;
 }
 
+// Phases in the range the four-lane steps take (2^-27 <= |x| < 2^19),
+// including the neighbourhoods of multiples of pi/2 and the range's edges.
+std::vector<Zam64f> common_phases(size_t n, uint32_t seed) {
+    std::vector<Zam64f> v;
+    for (double x : hard_phases(2 * n, seed))
+        if (std::fabs(x) >= 0x1p-27 && std::fabs(x) < 0x1p19 && v.size() < n) v.push_back(x);
+    return v;
+}
+
 std::vector<Zam64f> magnitudes(size_t n, uint32_t seed) {
     auto m = zt::random_reals<Zam64f>(n, seed, -1e3, 1e3);
     for (size_t i = 0; i < n; i += 7) m[i] *= 1e305;  // the scaled product above 2^990
@@ -74,8 +83,9 @@ template <class F> double mpfr_ulps(bool sine, double m, double x, F got) {
 }
 
 TEST(PolarToCart, DoubleWithinAnUlpOfMpfr) {
-    auto x = hard_phases(20000, 1);
-    auto m = magnitudes(x.size(), 2);
+  for (uint32_t seed : {1u, 21u}) {
+    auto x = seed == 1 ? hard_phases(20000, seed) : common_phases(20000, seed);
+    auto m = magnitudes(x.size(), seed + 1);
     std::vector<Zam64fc> y(x.size());
     ASSERT_EQ(zamsPolarToCart_64fc(m.data(), x.data(), y.data(), int(x.size())), zamStatusOk);
     double worst = 0;
@@ -86,10 +96,12 @@ TEST(PolarToCart, DoubleWithinAnUlpOfMpfr) {
     }
     EXPECT_LE(worst, 1.0) << "phase " << x[at] << " magnitude " << m[at];
     EXPECT_GT(worst, 0.4);  // rounding alone reaches this: the measurement saw something
+  }
 }
 
 TEST(PolarToCart, FloatWithinAnUlpOfMpfr) {
-    auto xd = hard_phases(20000, 3);
+  for (uint32_t seed : {3u, 23u}) {
+    auto xd = seed == 3 ? hard_phases(20000, seed) : common_phases(20000, seed);
     std::vector<Zam32f> x, m;
     for (double v : xd)
         if (std::fabs(v) < 3e38) x.push_back(Zam32f(v));
@@ -102,6 +114,7 @@ TEST(PolarToCart, FloatWithinAnUlpOfMpfr) {
         worst = std::max({worst, mpfr_ulps(false, md[i], x[i], re[i]), mpfr_ulps(true, md[i], x[i], im[i])});
     EXPECT_LE(worst, 1.0);
     EXPECT_GT(worst, 0.4);
+  }
 }
 #endif
 
@@ -204,6 +217,53 @@ TEST(PolarToCart, FormsAlignmentAndArguments) {
     EXPECT_EQ(w[0], 7.0);
     EXPECT_EQ(c[0].re, 7.0);
     EXPECT_EQ(f[0], 1.0f);
+}
+
+// Four-lane steps, element steps and groups the vector step declines (a
+// phase outside its range, a magnitude or product its product path does not
+// handle) agree with the one-element call, at every start offset.
+TEST(PolarToCart, VectorAndElementStepsAgree) {
+    auto x = common_phases(400, 31);
+    auto m = magnitudes(x.size(), 32);
+    const double odd[] = {NAN, INFINITY, 1e300, 0x1p19, 1e-30, 0.0};
+    for (size_t i = 5; i < x.size(); i += 37) x[i] = odd[(i / 37) % 6];
+    for (size_t i = 17; i < x.size(); i += 41) m[i] = i % 2 ? NAN : 0.0;
+    int n = int(x.size());
+    std::vector<Zam32f> xf(x.size());
+    auto mf = zt::random_reals<Zam32f>(x.size(), 33, -1e3f, 1e3f);
+    for (int i = 0; i < n; ++i) xf[i] = Zam32f(x[i]);
+    for (size_t i = 2; i < x.size(); i += 29) mf[i] = i % 2 ? NAN : INFINITY;
+    for (int off = 0; off < 5; ++off) {
+        std::vector<Zam64fc> y(x.size());
+        std::vector<Zam32f> re(x.size()), im(x.size());
+        ASSERT_EQ(zamsPolarToCart_64fc(m.data() + off, x.data() + off, y.data() + off, n - off), zamStatusOk);
+        ASSERT_EQ(zamsPolarToCart_32f(mf.data() + off, xf.data() + off, re.data() + off, im.data() + off, n - off), zamStatusOk);
+        for (int i = off; i < n; ++i) {
+            Zam64fc one;
+            Zam32f a, b;
+            zamsPolarToCart_64fc(&m[size_t(i)], &x[size_t(i)], &one, 1);
+            zamsPolarToCart_32f(&mf[size_t(i)], &xf[size_t(i)], &a, &b, 1);
+            ASSERT_EQ(zt::bits(y[size_t(i)].re), zt::bits(one.re)) << x[size_t(i)] << " at " << i;
+            ASSERT_EQ(zt::bits(y[size_t(i)].im), zt::bits(one.im)) << x[size_t(i)] << " at " << i;
+            ASSERT_EQ(zt::bits(re[size_t(i)]), zt::bits(a)) << xf[size_t(i)] << " at " << i;
+            ASSERT_EQ(zt::bits(im[size_t(i)]), zt::bits(b)) << xf[size_t(i)] << " at " << i;
+        }
+    }
+}
+
+ZAMS_DIGEST(polar_to_cart_common) {
+    auto x = common_phases(2000, 41);
+    auto m = magnitudes(x.size(), 42);
+    int n = int(x.size());
+    std::vector<Zam64fc> y(x.size());
+    d.status(zamsPolarToCart_64fc(m.data(), x.data(), y.data(), n));
+    d.add(y);
+    std::vector<Zam32f> xf(x.size()), re(x.size()), im(x.size());
+    auto mf = zt::random_reals<Zam32f>(x.size(), 43, -1e3f, 1e3f);
+    for (int i = 0; i < n; ++i) xf[i] = Zam32f(x[i]);
+    d.status(zamsPolarToCart_32f(mf.data(), xf.data(), re.data(), im.data(), n));
+    d.add(re);
+    d.add(im);
 }
 
 ZAMS_DIGEST(polar_to_cart) {
