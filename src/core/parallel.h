@@ -20,13 +20,17 @@ template <class Kernel> int run_sliced(int len, Team team, Kernel&& kernel) {
     if (n <= 1 || len < n) return kernel(0, len) ? 1 : 0;
     int want = team == Team::All ? n : 2;
 
-    // Every member reads the team size itself, so the slices need no
-    // exchange between threads and the region has no barrier but its end.
     int warnings = 0;
-#pragma omp parallel num_threads(want) shared(warnings)
+    int members = 1, slice = len, rest = 0;
+#pragma omp parallel num_threads(want) shared(warnings, members, slice, rest)
     {
-        int members = omp_get_num_threads();
-        int slice = len / members, rest = len % members;
+#pragma omp master
+        {
+            members = omp_get_num_threads();
+            slice = len / members;
+            rest = len % members;
+        }
+#pragma omp barrier
         int t = omp_get_thread_num();
         int count = slice + (t == members - 1 ? rest : 0);
         if (kernel(t * slice, count)) {
