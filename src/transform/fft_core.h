@@ -610,6 +610,7 @@ template <class F> Plan<F> plan_of(const Hdr<F>* h, int M);
 
 }  // namespace zams::fft
 
+#include "fft_small.h"
 #include "fft_static_tables.h"
 
 namespace zams::fft {
@@ -685,7 +686,11 @@ template <class Build> void* alloc_build(int specSize, int bufSize, Build build,
 // first pass and copy an in-place source to `work` (2^M complex values).
 inline constexpr int kTiledOrder = 13;
 template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F* dst, F* work) {
-    if (pl.M >= kTiledOrder) {
+    if (pl.M <= kSmallMaxOrder && pl.M >= kSmallMinOrder) {
+        small_fft<F, Inv>(src, dst, pl.M);
+    } else if (pl.M > kSmallMaxOrder && pl.M <= kMidMaxOrder) {
+        mid_fft<F, Inv>(src, dst, work, pl.M);
+    } else if (pl.M >= kTiledOrder) {
         if (src != dst) bitrev_tiles(src, dst, pl.M);
         else bitrev_tiles_inplace(dst, pl.M);
         run<F, Inv, true>(Interleaved<F>{dst}, dst, pl);
