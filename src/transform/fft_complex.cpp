@@ -12,11 +12,13 @@ template <class F, bool Inv> zamStatus cfft_c(const F* src, F* dst, const void* 
     const int M = h->order;
     const size_t N = size_t(1) << M;
     const bool scaled = Inv ? h->invOn : h->fwdOn;
-    const Plan<F> pl = plan_of(h, M);
-    if (M <= 6) {
+    if (M <= kSmallMaxOrder && M >= kSmallMinOrder) {
+        small_fft<F, Inv>(src, dst, M);
+    } else if (M <= 6) {
         alignas(32) F tmp[128];
-        cfft_inter<F, Inv>(pl, src, dst, tmp);
+        cfft_inter<F, Inv>(plan_of(h, M), src, dst, tmp);
     } else {
+        const Plan<F> pl = plan_of(h, M);
         WorkBuf wb;
         if (zamStatus e = wb.get(h->work, buf)) return e;
         cfft_inter<F, Inv>(pl, src, dst, reinterpret_cast<F*>(wb.p));

@@ -1,7 +1,11 @@
 // Power-of-two complex FFT: spec header layout, table builders and kernels
 // shared by the complex and real transforms.
 //
-// The transform is a decimation-in-time network on bit-reversed input: a
+// Interleaved transforms of orders 2 to 6 run straight-line code and orders
+// 7 to 11 two levels of it (fft_small.h), natural order in and out. The
+// split kinds, orders 0 and 1 and orders from 12 run the network below.
+//
+// The network is a decimation-in-time one on bit-reversed input: a
 // first pass reads the source in bit-reversed order and runs the twiddle-free
 // radix-4 (even orders) or radix-8 (odd orders) butterflies, then radix-4
 // passes of span L = 4, 16, ... (even) or 8, 32, ... (odd) finish it in place.
@@ -610,6 +614,7 @@ template <class F> Plan<F> plan_of(const Hdr<F>* h, int M);
 
 }  // namespace zams::fft
 
+#include "fft_small.h"
 #include "fft_static_tables.h"
 
 namespace zams::fft {
@@ -680,12 +685,18 @@ template <class Build> void* alloc_build(int specSize, int bufSize, Build build,
     return spec;
 }
 
-// Interleaved transform of a plan, src may be dst. Long transforms first
-// reverse the order in tiles; shorter ones fuse the reversal into the
-// first pass and copy an in-place source to `work` (2^M complex values).
+// Interleaved transform of a plan, src may be dst. Orders up to 11 run the
+// straight-line and two-level code (`work`, 2^M complex values, holds the
+// middle of the two levels). Long transforms first reverse the order in
+// tiles; the rest fuse the reversal into the first pass and copy an
+// in-place source to `work`.
 inline constexpr int kTiledOrder = 13;
 template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F* dst, F* work) {
-    if (pl.M >= kTiledOrder) {
+    if (pl.M <= kSmallMaxOrder && pl.M >= kSmallMinOrder) {
+        small_fft<F, Inv>(src, dst, pl.M);
+    } else if (pl.M > kSmallMaxOrder && pl.M <= kMidMaxOrder) {
+        mid_fft<F, Inv>(src, dst, work, pl.M);
+    } else if (pl.M >= kTiledOrder) {
         if (src != dst) bitrev_tiles(src, dst, pl.M);
         else bitrev_tiles_inplace(dst, pl.M);
         run<F, Inv, true>(Interleaved<F>{dst}, dst, pl);

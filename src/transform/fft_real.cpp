@@ -63,6 +63,43 @@ template <class F> inline typename VT<F>::V load_w(const Recomb<F>& w, size_t k)
     return T::load(t);
 }
 
+// Two pairs at a time in 128-bit vectors (float), the same operations as
+// the wide loop; the short transforms run most of their pairs here.
+template <bool Inv> size_t recombine_pairs(float* d, size_t H, const float* wt, size_t k) {
+    const __m128 half = _mm_set1_ps(0.5f), imneg = _mm_castsi128_ps(_mm_set_epi32(INT32_MIN, 0, INT32_MIN, 0));
+    const __m128 allneg = _mm_set1_ps(-0.0f);
+    for (; k + 1 < H - (k + 1); k += 2) {
+        float* pa = d + 2 * k;
+        float* pb = d + 2 * (H - k - 1);
+        const __m128 A = _mm_loadu_ps(pa);
+        const __m128 b = _mm_loadu_ps(pb);
+        const __m128 Bc = _mm_xor_ps(_mm_shuffle_ps(b, b, 0x4E), imneg);
+        const __m128 wk = _mm_loadu_ps(wt + 2 * k);
+        const __m128 wr = _mm_moveldup_ps(wk);
+        __m128 wi = _mm_movehdup_ps(wk);
+        __m128 lo, hi;
+        if constexpr (!Inv) {
+            const __m128 E = _mm_mul_ps(_mm_add_ps(A, Bc), half);
+            const __m128 D = _mm_mul_ps(_mm_sub_ps(A, Bc), half);
+            const __m128 O = _mm_xor_ps(_mm_shuffle_ps(D, D, 0xB1), imneg);  // -i D
+            const __m128 WO = _mm_addsub_ps(_mm_mul_ps(O, wr), _mm_mul_ps(_mm_shuffle_ps(O, O, 0xB1), wi));
+            lo = _mm_add_ps(E, WO);
+            hi = _mm_blend_ps(_mm_sub_ps(E, WO), _mm_sub_ps(WO, E), 0xA);
+        } else {
+            wi = _mm_xor_ps(wi, allneg);
+            const __m128 E = _mm_add_ps(A, Bc);
+            const __m128 D = _mm_sub_ps(A, Bc);
+            const __m128 V = _mm_addsub_ps(_mm_mul_ps(D, wr), _mm_mul_ps(_mm_shuffle_ps(D, D, 0xB1), wi));
+            const __m128 iV = _mm_xor_ps(_mm_shuffle_ps(V, V, 0xB1), _mm_xor_ps(imneg, allneg));
+            lo = _mm_add_ps(E, iV);
+            hi = _mm_blend_ps(_mm_sub_ps(E, iV), _mm_sub_ps(iV, E), 0xA);
+        }
+        _mm_storeu_ps(pa, lo);
+        _mm_storeu_ps(pb, _mm_shuffle_ps(hi, hi, 0x4E));
+    }
+    return k;
+}
+
 // Returns the first k left for the scalar loop.
 template <class F, bool Inv> size_t recombine_vec(F* d, size_t H, const Recomb<F>& w) {
     using T = VT<F>;
@@ -96,6 +133,8 @@ template <class F, bool Inv> size_t recombine_vec(F* d, size_t H, const Recomb<F
         T::store(pa, lo);
         T::store(pb, reverse_cplx<F>(hi));
     }
+    if constexpr (sizeof(F) == 4)
+        if (!w.coarse) k = recombine_pairs<Inv>(d, H, w.t, k);
     return k;
 }
 
@@ -148,6 +187,10 @@ template <class F> void recombine_inv(F* d, size_t N, const Recomb<F>& w) {
 // The complex transform of order M in place or not, with the call's buffer.
 template <class F, bool Inv> zamStatus half_transform(const Hdr<F>* h, const F* src, F* dst, uint8_t* buf) {
     const int M = h->order - 1;
+    if (M <= kSmallMaxOrder && M >= kSmallMinOrder) {
+        small_fft<F, Inv>(src, dst, M);
+        return zamStatusOk;
+    }
     const Plan<F> pl = plan_of(h, M);
     if (M <= 6) {
         alignas(32) F tmp[128];

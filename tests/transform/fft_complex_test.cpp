@@ -112,6 +112,9 @@ TEST(FftComplex, RoundTripAndBinsUpToOrder16) {
         check_roundtrip<C32f>(order, 1);
         check_roundtrip<C64f>(order, 4);
     }
+    // order 11 is the longest two-level transform
+    check_bins<C32fc>(11);
+    check_bins<C64fc>(11);
     check_bins<C32fc>(sizeof(void*) == 8 ? 16 : 13);
     check_bins<C64f>(sizeof(void*) == 8 ? 15 : 12);
 }

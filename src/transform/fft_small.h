@@ -1,0 +1,231 @@
+// Straight-line transforms of up to 64 points, natural order in and out.
+//
+// With W complex values a vector and N = N1 W points, vector n1 holds the
+// points W n1 .. W n1 + W - 1. An N1-point transform runs across the
+// vectors (every lane its own sequence), each result k1 is multiplied by
+// the lane factors w_N^(l k1), and W-point transforms across transposed
+// groups of W vectors finish it: lane j of result k2 of group g is point
+// g W + j + N1 k2. Every input is loaded before the first store, so the
+// source may be the destination. No bit reversal, no work buffer.
+#pragma once
+
+// Included from fft_core.h behind the vector operations and put_w.
+
+namespace zams::fft {
+
+inline constexpr int kSmallMaxOrder = 6;
+// Smallest order of the straight-line path (float orders 2 and 3 run in
+// double: N1 must hold a group of W).
+inline constexpr int kSmallMinOrder = 2;
+
+// w_N^m for m < N, and the lane factors w_N^(l k1) (k1 < N1, l < W), of
+// every order up to 6, built once with sincospi_ratio.
+template <class F> struct SmallTabs {
+    alignas(32) F root[kSmallMaxOrder + 1][2 << kSmallMaxOrder];
+    alignas(32) F lane[kSmallMaxOrder + 1][2 << kSmallMaxOrder];
+    SmallTabs() {
+        constexpr long long W = VT<F>::W;
+        for (int M = 1; M <= kSmallMaxOrder; ++M) {
+            const long long N = 1LL << M;
+            for (long long m = 0; m < N; ++m) put_w(root[M] + 2 * m, 2 * m, N);
+            if (N < W) continue;
+            for (long long k1 = 0; k1 < N / W; ++k1)
+                for (long long l = 0; l < W; ++l) put_w(lane[M] + 2 * (k1 * W + l), 2 * ((l * k1) % N), N);
+        }
+    }
+};
+template <class F> const SmallTabs<F>& small_tabs() {
+    static const SmallTabs<F> t;
+    return t;
+}
+
+// a * w (a * conj(w) for the inverse) with the parts of w loaded already
+// duplicated: the same operations as cmul, the shuffles left to the loads.
+template <class F, bool Inv>
+inline typename VT<F>::V cmul_parts(typename VT<F>::V a, typename VT<F>::V wr, typename VT<F>::V wi) {
+    using T = VT<F>;
+    if constexpr (Inv) wi = T::xor_(wi, T::allsign());
+    return T::addsub(T::mul(a, wr), T::mul(T::swap(a), wi));
+}
+// w one value in every lane.
+template <class F, bool Inv> inline typename VT<F>::V cmul_bc(typename VT<F>::V a, const F* w) {
+    if constexpr (sizeof(F) == 4) return cmul_parts<F, Inv>(a, _mm256_broadcast_ss(w), _mm256_broadcast_ss(w + 1));
+    else return cmul_parts<F, Inv>(a, _mm256_broadcast_sd(w), _mm256_broadcast_sd(w + 1));
+}
+// w a vector of values from memory (duplicating loads of the parts).
+template <class F, bool Inv> inline typename VT<F>::V cmul_mem(typename VT<F>::V a, const F* w) {
+    if constexpr (sizeof(F) == 4) {
+        return cmul_parts<F, Inv>(a, _mm256_moveldup_ps(_mm256_loadu_ps(w)), _mm256_movehdup_ps(_mm256_loadu_ps(w)));
+    } else {
+        // movddup from w + 1 duplicates the imaginary parts
+        return cmul_parts<F, Inv>(a, _mm256_movedup_pd(_mm256_loadu_pd(w)), _mm256_movedup_pd(_mm256_loadu_pd(w + 1)));
+    }
+}
+
+// y[k] = sum_n x_n w^(nk), k < N, vector by vector (lanes independent),
+// x_n the vector at x + n xs (in vectors), w^m = root[2 m rs]; radix-4
+// decimation in time, radix 2 at the end. The leaves load straight from
+// memory so the data is never copied to the stack first.
+template <class F, bool Inv, int N>
+__attribute__((always_inline)) inline void vdft(const F* x, int xs, typename VT<F>::V* y, const F* root, int rs) {
+    using T = VT<F>;
+    constexpr int S = 2 * T::W;  // floats a vector
+    if constexpr (N == 1) {
+        y[0] = T::load(x);
+    } else if constexpr (N == 2) {
+        const auto a = T::load(x), b = T::load(x + S * xs);
+        y[0] = T::add(a, b);
+        y[1] = T::sub(a, b);
+    } else {
+        constexpr int Q = N / 4;
+#pragma GCC unroll 64
+        for (int r = 0; r < 4; ++r) vdft<F, Inv, Q>(x + S * r * xs, 4 * xs, y + r * Q, root, 4 * rs);
+#pragma GCC unroll 64
+        for (int k = 0; k < Q; ++k) {
+            auto a0 = y[k], a1 = y[Q + k], a2 = y[2 * Q + k], a3 = y[3 * Q + k];
+            if (k != 0) {
+                a1 = cmul_bc<F, Inv>(a1, root + 2 * k * rs);
+                // w^(2k) is -i (forward) or +i exactly when 2k = N/4
+                if (8 * k == N) {
+                    a2 = mul_negi<F>(a2);
+                    if constexpr (Inv) a2 = T::xor_(a2, T::allsign());
+                } else {
+                    a2 = cmul_bc<F, Inv>(a2, root + 4 * k * rs);
+                }
+                a3 = cmul_bc<F, Inv>(a3, root + 6 * k * rs);
+            }
+            const auto c0 = T::add(a0, a2), c1 = T::sub(a0, a2), c2 = T::add(a1, a3);
+            const auto t = mul_negi<F>(T::sub(a1, a3));
+            y[k] = T::add(c0, c2);
+            y[2 * Q + k] = T::sub(c0, c2);
+            y[Q + k] = Inv ? T::sub(c1, t) : T::add(c1, t);
+            y[3 * Q + k] = Inv ? T::add(c1, t) : T::sub(c1, t);
+        }
+    }
+}
+
+template <class F, bool Inv, int M> void small_fft_m(const F* src, F* dst, const SmallTabs<F>& tb) {
+    using T = VT<F>;
+    using V = typename T::V;
+    constexpr int W = T::W, N = 1 << M, N1 = N / W;
+    V y[N1];
+    vdft<F, Inv, N1>(src, 1, y, tb.root[M], W);
+#pragma GCC unroll 64
+    for (int k = 1; k < N1; ++k) y[k] = cmul_mem<F, Inv>(y[k], tb.lane[M] + 2 * W * k);
+#pragma GCC unroll 64
+    for (int g = 0; g < N1; g += W) {
+        if constexpr (W == 4) {
+            V t0 = y[g], t1 = y[g + 1], t2 = y[g + 2], t3 = y[g + 3];
+            FirstVec<F>::transpose(t0, t1, t2, t3);
+            const auto c0 = T::add(t0, t2), c1 = T::sub(t0, t2), c2 = T::add(t1, t3);
+            const auto t = mul_negi<F>(T::sub(t1, t3));
+            T::store(dst + 2 * g, T::add(c0, c2));
+            T::store(dst + 2 * (g + 2 * N1), T::sub(c0, c2));
+            T::store(dst + 2 * (g + N1), Inv ? T::sub(c1, t) : T::add(c1, t));
+            T::store(dst + 2 * (g + 3 * N1), Inv ? T::add(c1, t) : T::sub(c1, t));
+        } else {
+            const V t0 = _mm256_permute2f128_pd(y[g], y[g + 1], 0x20);
+            const V t1 = _mm256_permute2f128_pd(y[g], y[g + 1], 0x31);
+            T::store(dst + 2 * g, T::add(t0, t1));
+            T::store(dst + 2 * (g + N1), T::sub(t0, t1));
+        }
+    }
+}
+
+// The transform of order M (2 <= M <= 6); src may be dst.
+template <class F, bool Inv> void small_fft(const F* src, F* dst, int M) {
+    if constexpr (sizeof(F) == 4) {
+        if (M < 4) {  // 4 or 8 points: in double and back
+            alignas(32) double t[16];
+            const int n = 2 << M;
+            for (int i = 0; i < n; i += 4) _mm256_store_pd(t + i, _mm256_cvtps_pd(_mm_loadu_ps(src + i)));
+            small_fft<double, Inv>(t, t, M);
+            for (int i = 0; i < n; i += 4) _mm_storeu_ps(dst + i, _mm256_cvtpd_ps(_mm256_load_pd(t + i)));
+            return;
+        }
+    }
+    const SmallTabs<F>& tb = small_tabs<F>();
+    switch (M) {
+        case 2: if constexpr (sizeof(F) == 8) small_fft_m<F, Inv, 2>(src, dst, tb); break;
+        case 3: if constexpr (sizeof(F) == 8) small_fft_m<F, Inv, 3>(src, dst, tb); break;
+        case 4: small_fft_m<F, Inv, 4>(src, dst, tb); break;
+        case 5: small_fft_m<F, Inv, 5>(src, dst, tb); break;
+        default: small_fft_m<F, Inv, 6>(src, dst, tb); break;
+    }
+}
+
+}  // namespace zams::fft
+
+namespace zams::fft {
+
+// ------------------------------------------------------------ two levels --
+// N = N1 N2 points, n = n1 + N1 n2, k = k2 + N2 k1. The first level runs
+// N2-point transforms across W columns n1 at a time, multiplies by
+// w_N^(n1 k2) and stores the transposed blocks to t (row n1 holds k2); the
+// second runs N1-point transforms across W columns k2 at a time and stores
+// contiguous vectors of the natural order. Source and destination are read
+// and written once each, so they may be the same array.
+inline constexpr int kMidMaxOrder = 11;
+
+template <class F, int M1, int M2> struct MidTab {
+    static constexpr int N1 = 1 << M1, N2 = 1 << M2;
+    alignas(32) F w[2 * N1 * N2];  // w_N^(n1 k2) at k2 N1 + n1
+    MidTab() {
+        const long long N = 1LL << (M1 + M2);
+        for (long long k2 = 0; k2 < N2; ++k2)
+            for (long long n1 = 0; n1 < N1; ++n1) put_w(w + 2 * (k2 * N1 + n1), 2 * ((n1 * k2) % N), N);
+    }
+};
+template <class F, int M1, int M2> const F* mid_tab() {
+    static const MidTab<F, M1, M2> t;
+    return t.w;
+}
+
+template <class F> inline void transpose_w(typename VT<F>::V* v) {
+    if constexpr (sizeof(F) == 4) {
+        FirstVec<F>::transpose(v[0], v[1], v[2], v[3]);
+    } else {
+        const auto a = _mm256_permute2f128_pd(v[0], v[1], 0x20), b = _mm256_permute2f128_pd(v[0], v[1], 0x31);
+        v[0] = a;
+        v[1] = b;
+    }
+}
+
+template <class F, bool Inv, int M1, int M2> void mid_fft_m(const F* src, F* dst, F* t) {
+    using T = VT<F>;
+    using V = typename T::V;
+    constexpr int W = T::W, N1 = 1 << M1, N2 = 1 << M2;
+    const SmallTabs<F>& tb = small_tabs<F>();
+    const F* tw = mid_tab<F, M1, M2>();
+    for (int g = 0; g < N1; g += W) {
+        V z[N2];
+        vdft<F, Inv, N2>(src + 2 * g, N1 / W, z, tb.root[M2], 1);
+#pragma GCC unroll 64
+        for (int k = 1; k < N2; ++k) z[k] = cmul_mem<F, Inv>(z[k], tw + 2 * (k * N1 + g));
+#pragma GCC unroll 64
+        for (int b = 0; b < N2; b += W) {
+            transpose_w<F>(z + b);
+#pragma GCC unroll 64
+            for (int j = 0; j < W; ++j) T::store(t + 2 * ((g + j) * N2 + b), z[b + j]);
+        }
+    }
+    for (int b = 0; b < N2; b += W) {
+        V y[N1];
+        vdft<F, Inv, N1>(t + 2 * b, N2 / W, y, tb.root[M1], 1);
+#pragma GCC unroll 64
+        for (int k = 0; k < N1; ++k) T::store(dst + 2 * (b + N2 * k), y[k]);
+    }
+}
+
+// Orders 7 to 11 through a buffer t of 2^M complex values.
+template <class F, bool Inv> void mid_fft(const F* src, F* dst, F* t, int M) {
+    switch (M) {
+        case 7: mid_fft_m<F, Inv, 3, 4>(src, dst, t); break;
+        case 8: mid_fft_m<F, Inv, 4, 4>(src, dst, t); break;
+        case 9: mid_fft_m<F, Inv, 4, 5>(src, dst, t); break;
+        case 10: mid_fft_m<F, Inv, 5, 5>(src, dst, t); break;
+        default: mid_fft_m<F, Inv, 5, 6>(src, dst, t); break;
+    }
+}
+
+}  // namespace zams::fft
