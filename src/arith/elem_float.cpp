@@ -6,6 +6,7 @@
 #include "elem_float32.h"
 #include "elem_kernel.h"
 #include "elem_vec.h"
+#include "exp64.h"
 
 namespace zams {
 
@@ -80,6 +81,14 @@ template <class V, double (*Fn)(double)> zamStatus apply64v(const Zam64f* src, Z
     return zamStatusOk;
 }
 
+// e^x in double: the table kernel of exp64.h, four lanes or one, and the
+// classical kernel for arguments outside its range.
+inline double exp_any(double x) { return exp64::covered(x) ? exp64::scalar(x) : elem::exp(x); }
+struct ExpTable {
+    static bool covered(__m256d x) { return exp64::covered(x); }
+    static __m256d eval(__m256d x) { return exp64::vector(x); }
+};
+
 }  // namespace
 
 }  // namespace zams
@@ -94,15 +103,15 @@ template <class V, double (*Fn)(double)> zamStatus apply64v(const Zam64f* src, Z
 
 #define ZAMS_ELEM_VEC(Name, V, fn)                                                                  \
     ZAMS_FN(zamStatus, zams##Name##_64f)(const Zam64f* pSrc, Zam64f* pDst, int len) {              \
-        return zams::apply64v<zams::elemv::V, zams::elem::fn>(pSrc, pDst, len);                    \
+        return zams::apply64v<zams::V, zams::fn>(pSrc, pDst, len);                                 \
     }                                                                                              \
     ZAMS_FN(zamStatus, zams##Name##_64f_I)(Zam64f * pSrcDst, int len) {                            \
-        return zams::apply64v<zams::elemv::V, zams::elem::fn>(pSrcDst, pSrcDst, len);              \
+        return zams::apply64v<zams::V, zams::fn>(pSrcDst, pSrcDst, len);                           \
     }
 
-ZAMS_ELEM_VEC(Exp, Exp, exp)
+ZAMS_ELEM_VEC(Exp, ExpTable, exp_any)
 ZAMS_ELEM_FLOAT(Ln, log)
-ZAMS_ELEM_VEC(Arctan, Atan, atan)
+ZAMS_ELEM_VEC(Arctan, elemv::Atan, elem::atan)
 
 ZAMS_FN(zamStatus, zamsArctan_32f)(const Zam32f* pSrc, Zam32f* pDst, int len) {
     return zams::apply32<zams::elem32::AtanD, zams::elem::atan>(pSrc, pDst, len);

@@ -91,6 +91,21 @@ TEST(Elementary, WithinOneUlpOfMpfr) {
     check_ulps<Zam64f>(zamsArctan_64f, mpfr_atan, bit_samples<Zam64f>(n, 12), "atan64 bits");
     check_ulps<Zam64f>(zamsArctan_64f, mpfr_atan, uniform<Zam64f>(n, 13, -3, 3), "atan64");
 }
+
+// Double e^x where the reduction is most delicate: a few ulps either side of
+// the points where x 128/ln2 crosses a half (the table index changes and |r|
+// is largest), across the whole range and around the kernel's range limit.
+TEST(Elementary, Exp64WithinOneUlpAtIndexChanges) {
+    std::vector<Zam64f> x;
+    const double step = 0.6931471805599453 / 128;
+    for (int n = -130900; n <= 130900; n += 97) {
+        double h = (n + 0.5) * step, ulp = std::nextafter(std::fabs(h), INFINITY) - std::fabs(h);
+        for (int d = -3; d <= 3; ++d) x.push_back(h + d * ulp);
+    }
+    for (double e : {708.0, -708.0})
+        for (int d = -4; d <= 4; ++d) x.push_back(e + d * 0x1p-43);
+    check_ulps<Zam64f>(zamsExp_64f, mpfr_exp, x, "exp64 index changes");
+}
 #endif
 
 TEST(Elementary, SpecialValues) {
