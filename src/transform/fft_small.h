@@ -191,6 +191,17 @@ template <class F> inline void transpose_w(typename VT<F>::V* v) {
     }
 }
 
+// The N2-point transforms of columns g .. g + W - 1 (N1 columns), times
+// w_N^(n1 k2) from the table of mid_tab.
+template <class F, bool Inv, int M1, int M2>
+__attribute__((always_inline)) inline void column_step(const F* src, int g, typename VT<F>::V* z, const SmallTabs<F>& tb,
+                                                       const F* tw) {
+    constexpr int N1 = 1 << M1, N2 = 1 << M2;
+    vdft<F, Inv, N2>(src + 2 * g, N1 / VT<F>::W, z, tb.root[M2], 1);
+#pragma GCC unroll 64
+    for (int k = 1; k < N2; ++k) z[k] = cmul_mem<F, Inv>(z[k], tw + 2 * (k * N1 + g));
+}
+
 template <class F, bool Inv, int M1, int M2> void mid_fft_m(const F* src, F* dst, F* t) {
     using T = VT<F>;
     using V = typename T::V;
@@ -199,9 +210,7 @@ template <class F, bool Inv, int M1, int M2> void mid_fft_m(const F* src, F* dst
     const F* tw = mid_tab<F, M1, M2>();
     for (int g = 0; g < N1; g += W) {
         V z[N2];
-        vdft<F, Inv, N2>(src + 2 * g, N1 / W, z, tb.root[M2], 1);
-#pragma GCC unroll 64
-        for (int k = 1; k < N2; ++k) z[k] = cmul_mem<F, Inv>(z[k], tw + 2 * (k * N1 + g));
+        column_step<F, Inv, M1, M2>(src, g, z, tb, tw);
 #pragma GCC unroll 64
         for (int b = 0; b < N2; b += W) {
             transpose_w<F>(z + b);
@@ -228,7 +237,6 @@ template <class F, bool Inv> void mid_fft(const F* src, F* dst, F* t, int M) {
     }
 }
 
-
 // ---------------------------------------------------------- three levels --
 // Float orders 12 and 13: N = N1 N2, n = n1 + N1 n2, k = k2 + N2 k1, N2 = 2^M2
 // straight-line columns and N1 = 2^M1 rows of the code above. The
@@ -249,10 +257,9 @@ template <class F, bool Inv, int M1, int M2> void big_fft_m(const F* src, F* dst
     const F* tw = mid_tab<F, M1, M2>();
     for (int g = 0; g < N1; g += W) {
         V z[N2];
-        vdft<F, Inv, N2>(src + 2 * g, N1 / W, z, tb.root[M2], 1);
-        T::store(t + 2 * g, z[0]);
+        column_step<F, Inv, M1, M2>(src, g, z, tb, tw);
 #pragma GCC unroll 64
-        for (int k = 1; k < N2; ++k) T::store(t + 2 * (k * N1 + g), cmul_mem<F, Inv>(z[k], tw + 2 * (k * N1 + g)));
+        for (int k = 0; k < N2; ++k) T::store(t + 2 * (k * N1 + g), z[k]);
     }
     alignas(32) F rowbuf[M1 > kSmallMaxOrder ? 2 * N1 : 2];
     for (int b = 0; b < N2; b += W) {
