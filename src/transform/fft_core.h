@@ -1,9 +1,10 @@
 // Power-of-two complex FFT: spec header layout, table builders and kernels
 // shared by the complex and real transforms.
 //
-// Interleaved transforms of orders 2 to 6 run straight-line code and orders
-// 7 to 11 two levels of it (fft_small.h), natural order in and out. The
-// split kinds, orders 0 and 1 and orders from 12 run the network below.
+// Interleaved transforms of orders 2 to 6 run straight-line code, orders
+// 7 to 11 two levels of it and float orders 12 and 13 three (fft_small.h),
+// natural order in and out. The split kinds, orders 0 and 1 and the longer
+// orders run the network below.
 //
 // The network is a decimation-in-time one on bit-reversed input: a
 // first pass reads the source in bit-reversed order and runs the twiddle-free
@@ -696,6 +697,8 @@ template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F*
         small_fft<F, Inv>(src, dst, pl.M);
     } else if (pl.M > kSmallMaxOrder && pl.M <= kMidMaxOrder) {
         mid_fft<F, Inv>(src, dst, work, pl.M);
+    } else if (pl.M > kMidMaxOrder && pl.M <= big_max_order<F>()) {
+        if constexpr (sizeof(F) == 4) big_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M >= kTiledOrder) {
         if (src != dst) bitrev_tiles(src, dst, pl.M);
         else bitrev_tiles_inplace(dst, pl.M);
