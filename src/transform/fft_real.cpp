@@ -203,22 +203,41 @@ template <class F, bool Inv> zamStatus half_transform(const Hdr<F>* h, const F* 
     return zamStatusOk;
 }
 
-template <class F, Fmt Out> zamStatus fwd(const F* src, F* dst, const void* spec, uint8_t* buf, int32_t id) {
+// What both directions read first: the checked spec, the order, the length
+// and the direction's scale (on: scale != 1 applies).
+template <class F> struct RealCall {
+    const Hdr<F>* h;
+    int R;
+    size_t N;
+    bool on;
+    F sc;
+};
+
+template <class F, bool Inv>
+zamStatus real_call(const void* spec, int32_t id, const F* src, const F* dst, RealCall<F>& c) {
     zamStatus s;
-    const Hdr<F>* h = checked<F>(spec, id, s);
-    if (!h) return s;
+    c.h = checked<F>(spec, id, s);
+    if (!c.h) return s;
     if (!src || !dst) return zamStatusNullPointer;
-    const int R = h->order;
-    const size_t N = size_t(1) << R;
-    const F sc = h->fwdOn ? h->scale : F(1);
+    c.R = c.h->order;
+    c.N = size_t(1) << c.R;
+    c.on = (Inv ? c.h->invOn : c.h->fwdOn) != 0;
+    c.sc = c.on ? c.h->scale : F(1);
+    return zamStatusOk;
+}
+
+template <class F, Fmt Out> zamStatus fwd(const F* src, F* dst, const void* spec, uint8_t* buf, int32_t id) {
+    RealCall<F> c;
+    if (zamStatus s = real_call<F, false>(spec, id, src, dst, c)) return s;
+    const auto [h, R, N, on, sc] = c;
     if (R == 0) {
-        dst[0] = h->fwdOn ? src[0] * sc : src[0];
+        dst[0] = on ? src[0] * sc : src[0];
         if (Out == Fmt::Ccs) dst[1] = 0;
         return zamStatusOk;
     }
     if (zamStatus e = half_transform<F, false>(h, src, dst, buf)) return e;
     recombine_fwd(dst, N, recomb_of(h, R));
-    if (h->fwdOn) scale_n(dst, N, sc);
+    if (on) scale_n(dst, N, sc);
     const F nyq = dst[1];
     if (Out == Fmt::Pack) {
         std::memmove(dst + 1, dst + 2, (N - 2) * sizeof(F));
@@ -232,15 +251,11 @@ template <class F, Fmt Out> zamStatus fwd(const F* src, F* dst, const void* spec
 }
 
 template <class F, Fmt In> zamStatus inv(const F* src, F* dst, const void* spec, uint8_t* buf, int32_t id) {
-    zamStatus s;
-    const Hdr<F>* h = checked<F>(spec, id, s);
-    if (!h) return s;
-    if (!src || !dst) return zamStatusNullPointer;
-    const int R = h->order;
-    const size_t N = size_t(1) << R;
-    const F sc = h->invOn ? h->scale : F(1);
+    RealCall<F> c;
+    if (zamStatus s = real_call<F, true>(spec, id, src, dst, c)) return s;
+    const auto [h, R, N, on, sc] = c;
     if (R == 0) {
-        dst[0] = h->invOn ? src[0] * sc : src[0];
+        dst[0] = on ? src[0] * sc : src[0];
         return zamStatusOk;
     }
     // A caller without a buffer gets one before anything is written.
@@ -260,7 +275,7 @@ template <class F, Fmt In> zamStatus inv(const F* src, F* dst, const void* spec,
     }
     recombine_inv(dst, N, recomb_of(h, R));
     half_transform<F, true>(h, dst, dst, b);
-    if (h->invOn) scale_n(dst, N, sc);
+    if (on) scale_n(dst, N, sc);
     return zamStatusOk;
 }
 
