@@ -4,10 +4,7 @@
 
 #include "digest.h"
 #include "math_util.h"
-
-#ifdef ZAMS_TEST_MPFR
-#include <mpfr.h>
-#endif
+#include "mpfr_ulps.h"
 
 namespace {
 
@@ -31,18 +28,7 @@ std::vector<Zam64f> samples(size_t n, uint32_t seed) {
 
 double ulps(Zam64f x, Zam64f got) {
 #ifdef ZAMS_TEST_MPFR
-    mpfr_t a, e, g;
-    mpfr_inits2(200, a, e, g, (mpfr_ptr)nullptr);
-    mpfr_set_d(a, x, MPFR_RNDN);
-    mpfr_cbrt(e, a, MPFR_RNDN);
-    mpfr_set_d(g, got, MPFR_RNDN);
-    mpfr_sub(g, g, e, MPFR_RNDN);
-    mpfr_abs(g, g, MPFR_RNDN);
-    long ex = mpfr_zero_p(e) ? -1021 : mpfr_get_exp(e);  // results are never subnormal
-    mpfr_mul_2si(g, g, -(ex - 53), MPFR_RNDN);
-    double out = mpfr_get_d(g, MPFR_RNDN);
-    mpfr_clears(a, e, g, (mpfr_ptr)nullptr);
-    return out;
+    return mpfr_ulps(mpfr_cbrt, x, got);
 #else
     return mt::ulp_diff(got, std::cbrt((long double)x));  // x87 long double: 11 bits to spare
 #endif

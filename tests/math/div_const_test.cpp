@@ -128,39 +128,6 @@ TEST(DivCRev16u, QuotientsZerosAndZeroConstant) {
     EXPECT_EQ(q[2], 1);
 }
 
-TEST(DivCParallel, SameResultsOnOneAndTwoThreads) {
-    for (int thr : {1024, 2048, 4096}) {
-        for (int len : {thr - 1, thr, thr + 5}) {
-            auto x = zt::random_ints<Zam16s>(size_t(len), 6);
-            auto u = zt::random_ints<Zam16u>(size_t(len), 7);
-            for (auto& v : u) v = v == 0 ? 1 : v;
-            u[size_t(len) - 1] = 0;
-            auto run = [&](int threads, std::vector<Zam16s>& a, std::vector<Zam8u>& b, std::vector<Zam16u>& c,
-                           std::vector<Zam16sc>& e) {
-                mt::Threads t(threads);
-                std::vector<int> st;
-                st.push_back(zamsDivC_16s_Sfs(x.data(), -3, a.data(), len, -2));
-                st.push_back(zamsDivC_8u_Sfs(reinterpret_cast<Zam8u*>(x.data()), 9, b.data(), len, 1));
-                st.push_back(zamsDivCRev_16u(u.data(), 40000, c.data(), len));
-                st.push_back(zamsDivC_16sc_Sfs(reinterpret_cast<Zam16sc*>(x.data()), {5, 3}, e.data(), len / 2, 0));
-                return st;
-            };
-            std::vector<Zam16s> a1(static_cast<size_t>(len)), a2 = a1;
-            std::vector<Zam8u> b1(static_cast<size_t>(len)), b2 = b1;
-            std::vector<Zam16u> c1(static_cast<size_t>(len)), c2 = c1;
-            std::vector<Zam16sc> e1(static_cast<size_t>(len) / 2), e2 = e1;
-            auto s1 = run(1, a1, b1, c1, e1);
-            auto s2 = run(2, a2, b2, c2, e2);
-            EXPECT_EQ(s1, s2);
-            EXPECT_EQ(s2[2], zamStatusWarnDivByZero);
-            EXPECT_EQ(a1, a2);
-            EXPECT_EQ(b1, b2);
-            EXPECT_EQ(c1, c2);
-            EXPECT_EQ(0, std::memcmp(e1.data(), e2.data(), e1.size() * sizeof(Zam16sc)));
-        }
-    }
-}
-
 ZAMS_DIGEST(div_const) {
     auto x = zt::random_ints<Zam16s>(1000, 51);
     auto w = zt::random_ints<Zam64s>(500, 52);

@@ -84,32 +84,6 @@ TEST(DivFloat, ComplexQuotients) {
     EXPECT_EQ(od.im, 0.0);
 }
 
-TEST(DivFloatParallel, SameResultsOnOneAndTwoThreads) {
-    for (int thr : {1024, 4096}) {
-        for (int len : {thr - 1, thr, thr + 1}) {
-            auto a = zt::random_reals<Zam32f>(2 * size_t(len), 7);
-            auto b = zt::random_reals<Zam32f>(2 * size_t(len), 8);
-            auto run = [&](int threads) {
-                mt::Threads t(threads);
-                std::vector<Zam32f> y(4 * size_t(len));
-                std::vector<Zam64f> z(4 * size_t(len));
-                zamsDiv_32f(a.data(), b.data(), y.data(), len);
-                zamsDivCRev_32f(a.data(), -2.0f, y.data() + len, len);
-                zamsDiv_32fc(reinterpret_cast<Zam32fc*>(a.data()), reinterpret_cast<Zam32fc*>(b.data()),
-                             reinterpret_cast<Zam32fc*>(y.data() + 2 * len), len);
-                std::vector<Zam64f> ad(a.begin(), a.end()), bd(b.begin(), b.end());
-                zamsDiv_64f(ad.data(), bd.data(), z.data(), len);
-                zamsDiv_64fc(reinterpret_cast<Zam64fc*>(ad.data()), reinterpret_cast<Zam64fc*>(bd.data()),
-                             reinterpret_cast<Zam64fc*>(z.data() + 2 * len), len);
-                std::vector<uint8_t> all(reinterpret_cast<uint8_t*>(y.data()), reinterpret_cast<uint8_t*>(y.data() + y.size()));
-                all.insert(all.end(), reinterpret_cast<uint8_t*>(z.data()), reinterpret_cast<uint8_t*>(z.data() + z.size()));
-                return all;
-            };
-            EXPECT_EQ(run(1), run(2)) << len;
-        }
-    }
-}
-
 ZAMS_DIGEST(div_float) {
     auto a = zt::random_reals<Zam32f>(2000, 61);
     auto b = zt::random_reals<Zam32f>(2000, 62);

@@ -13,27 +13,6 @@
 namespace {
 
 #ifdef ZAMS_TEST_MPFR
-// Error of `got` in ulps of the exact f(x) in type F (ulps of the smallest
-// normal for subnormal results), measured with 200-bit MPFR.
-template <class F> double mpfr_ulps(int (*fn)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t), F x, F got) {
-    mpfr_t a, e;
-    mpfr_inits2(200, a, e, (mpfr_ptr)nullptr);
-    mpfr_set_d(a, double(x), MPFR_RNDN);
-    fn(e, a, MPFR_RNDN);
-    double out;
-    if (mpfr_nan_p(e)) {
-        out = std::isnan(got) ? 0 : 1e9;
-    } else if (mpfr_inf_p(e) || std::isinf(got)) {
-        // exact infinity, or a finite value beyond the type's range
-        F want = F(mpfr_get_d(e, MPFR_RNDN));
-        out = want == got ? 0 : 1e9;
-    } else {
-        out = ulps_from_exact(e, got);
-    }
-    mpfr_clears(a, e, (mpfr_ptr)nullptr);
-    return out;
-}
-
 template <class F> std::vector<F> bit_samples(size_t n, uint32_t seed) {
     std::mt19937_64 g(seed);
     std::vector<F> v;

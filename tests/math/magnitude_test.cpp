@@ -3,42 +3,40 @@
 
 #include "digest.h"
 #include "math_util.h"
-
-#ifdef ZAMS_TEST_MPFR
-#include <mpfr.h>
-#endif
+#include "mpfr_ulps.h"
 
 namespace {
 
 long double mag_ld(long double a, long double b) { return std::sqrt(a * a + b * b); }
 
+// Interleaved and split forms within an ulp of long double at several
+// alignments; p holds pairs of parts.
+template <class C, class P>
+void within_an_ulp(zamStatus (*ci)(const C*, P*, int), zamStatus (*split)(const P*, const P*, P*, int), const std::vector<P>& p) {
+    const size_t n = p.size() / 2;
+    std::vector<C> x(n);
+    std::memcpy(x.data(), p.data(), n * sizeof(C));
+    std::vector<P> re(n), im(n);
+    for (size_t i = 0; i < n; ++i) re[i] = x[i].re, im[i] = x[i].im;
+    for (size_t off : {0, 1, 2, 3, 5}) {
+        zt::Guarded<P> y(n - off, off * 4), z(n - off, off * 8 + 4);
+        ASSERT_EQ(ci(x.data() + off, y.data(), int(n - off)), zamStatusOk);
+        ASSERT_EQ(split(re.data() + off, im.data() + off, z.data(), int(n - off)), zamStatusOk);
+        for (size_t i = 0; i < n - off; ++i) {
+            ASSERT_LE(mt::ulp_diff(y[i], mag_ld(re[i + off], im[i + off])), 1.0) << i;
+            ASSERT_LE(mt::ulp_diff(z[i], mag_ld(re[i + off], im[i + off])), 1.0) << i;
+        }
+        ASSERT_TRUE(y.guards_intact() && z.guards_intact());
+    }
+}
+
 TEST(Magnitude, FloatWithinAnUlpAtEveryAlignment) {
     auto p = zt::random_reals<Zam32f>(2000, 1, -1e3f, 1e3f);
     for (int i = 0; i < 2000; i += 11) p[i] *= 1e35f, p[i + 1] *= 1e-42f;
-    std::vector<Zam32fc> x(1000);
-    std::memcpy(x.data(), p.data(), 8000);
-    for (size_t off : {0, 1, 2, 3, 5}) {
-        zt::Guarded<Zam32f> y(1000 - off, off * 4);
-        ASSERT_EQ(zamsMagnitude_32fc(x.data() + off, y.data(), int(1000 - off)), zamStatusOk);
-        for (size_t i = 0; i < 1000 - off; ++i)
-            ASSERT_LE(mt::ulp_diff(y[i], mag_ld(x[i + off].re, x[i + off].im)), 1.0) << i;
-        ASSERT_TRUE(y.guards_intact());
-    }
-    std::vector<Zam32f> re(1000), im(1000), y(1000);
-    for (int i = 0; i < 1000; ++i) re[i] = x[i].re, im[i] = x[i].im;
-    ASSERT_EQ(zamsMagnitude_32f(re.data(), im.data(), y.data(), 1000), zamStatusOk);
-    for (int i = 0; i < 1000; ++i) ASSERT_LE(mt::ulp_diff(y[i], mag_ld(re[i], im[i])), 1.0);
-
+    within_an_ulp<Zam32fc, Zam32f>(zamsMagnitude_32fc, zamsMagnitude_32f, p);
     auto q = zt::random_reals<Zam64f>(2000, 2, -1e3, 1e3);
     for (int i = 0; i < 2000; i += 11) q[i] *= 1e305, q[i + 1] *= 1e-310, q[i + 3] *= 1e-300;
-    std::vector<Zam64fc> xd(1000);
-    std::vector<Zam64f> yd(1000), rd(1000), id(1000);
-    std::memcpy(xd.data(), q.data(), 16000);
-    ASSERT_EQ(zamsMagnitude_64fc(xd.data(), yd.data(), 1000), zamStatusOk);
-    for (int i = 0; i < 1000; ++i) ASSERT_LE(mt::ulp_diff(yd[i], mag_ld(xd[i].re, xd[i].im)), 1.0) << i;
-    for (int i = 0; i < 1000; ++i) rd[i] = xd[i].re, id[i] = xd[i].im;
-    ASSERT_EQ(zamsMagnitude_64f(rd.data(), id.data(), yd.data(), 1000), zamStatusOk);
-    for (int i = 0; i < 1000; ++i) ASSERT_LE(mt::ulp_diff(yd[i], mag_ld(rd[i], id[i])), 1.0) << i;
+    within_an_ulp<Zam64fc, Zam64f>(zamsMagnitude_64fc, zamsMagnitude_64f, q);
 }
 
 TEST(Magnitude, SpecialValues) {
@@ -113,24 +111,6 @@ TEST(PowerSpectr, SumsOfSquares) {
 }
 
 #ifdef ZAMS_TEST_MPFR
-// Error of atan2 results in ulps of the exact angle (200-bit MPFR).
-template <class F> double atan2_ulps(F y, F x, F got) {
-    mpfr_t a, b, e, g;
-    mpfr_inits2(200, a, b, e, g, (mpfr_ptr)nullptr);
-    mpfr_set_d(a, double(y), MPFR_RNDN);
-    mpfr_set_d(b, double(x), MPFR_RNDN);
-    mpfr_atan2(e, a, b, MPFR_RNDN);
-    mpfr_set_d(g, double(got), MPFR_RNDN);
-    mpfr_sub(g, g, e, MPFR_RNDN);
-    mpfr_abs(g, g, MPFR_RNDN);
-    long ex = mpfr_zero_p(e) ? std::numeric_limits<F>::min_exponent : mpfr_get_exp(e);
-    if (ex < std::numeric_limits<F>::min_exponent) ex = std::numeric_limits<F>::min_exponent;
-    mpfr_mul_2si(g, g, -(ex - std::numeric_limits<F>::digits), MPFR_RNDN);
-    double out = mpfr_get_d(g, MPFR_RNDN);
-    mpfr_clears(a, b, e, g, (mpfr_ptr)nullptr);
-    return out;
-}
-
 TEST(Phase, WithinUlpsOfMpfr) {
     auto p = zt::random_reals<Zam32f>(40000, 6, -10.0f, 10.0f);
     for (int i = 0; i + 2 < 40000; i += 7) p[i] *= 1e-30f, p[i + 2] *= 1e25f;
@@ -139,14 +119,14 @@ TEST(Phase, WithinUlpsOfMpfr) {
     std::memcpy(x.data(), p.data(), sizeof(Zam32fc) * 20000);
     ASSERT_EQ(zamsPhase_32fc(x.data(), y.data(), 20000), zamStatusOk);
     double worst = 0;
-    for (int i = 0; i < 20000; ++i) worst = std::max(worst, atan2_ulps(x[i].im, x[i].re, y[i]));
+    for (int i = 0; i < 20000; ++i) worst = std::max(worst, mpfr_ulps(mpfr_atan2, x[i].im, x[i].re, y[i]));
     EXPECT_LE(worst, 1.0);
     EXPECT_GT(worst, 0.4);
     std::vector<Zam64f> re(20000), im(20000), z(20000);
     for (int i = 0; i < 20000; ++i) re[i] = double(p[2 * i]) * 1.1, im[i] = double(p[2 * i + 1]) / 3.0;
     ASSERT_EQ(zamsPhase_64f(re.data(), im.data(), z.data(), 20000), zamStatusOk);
     worst = 0;
-    for (int i = 0; i < 20000; ++i) worst = std::max(worst, atan2_ulps(im[i], re[i], z[i]));
+    for (int i = 0; i < 20000; ++i) worst = std::max(worst, mpfr_ulps(mpfr_atan2, im[i], re[i], z[i]));
     EXPECT_LE(worst, 2.0);
     EXPECT_GT(worst, 0.4);
 }
@@ -201,26 +181,6 @@ TEST(Phase, SpecialValuesAndCartToPolar) {
     EXPECT_EQ(zamsCartToPolar_32fc(c, m.data(), nullptr, 300), zamStatusNullPointer);
     EXPECT_EQ(zamsCartToPolar_64f(pd.data(), pd.data(), md.data(), phd.data(), 0), zamStatusBadLength);
     EXPECT_EQ(zamsPhase_32fc(c, nullptr, 3), zamStatusNullPointer);
-}
-
-TEST(MagnitudeParallel, SameResultsOnOneAndTwoThreads) {
-    for (int len : {2047, 2048, 2049, 5001}) {
-        auto p = zt::random_reals<Zam32f>(2 * size_t(len), 4);
-        auto q = zt::random_ints<Zam16s>(2 * size_t(len), 5);
-        auto run = [&](int threads) {
-            mt::Threads t(threads);
-            std::vector<Zam32f> a(static_cast<size_t>(len));
-            std::vector<Zam16s> b(static_cast<size_t>(len)), c(static_cast<size_t>(len));
-            zamsMagnitude_32fc(reinterpret_cast<Zam32fc*>(p.data()), a.data(), len);
-            zamsMagnitude_16sc_Sfs(reinterpret_cast<Zam16sc*>(q.data()), b.data(), len, 2);
-            zamsMagnitude_16s_Sfs(q.data(), q.data() + len, c.data(), len, -1);
-            std::vector<uint8_t> all(reinterpret_cast<uint8_t*>(a.data()), reinterpret_cast<uint8_t*>(a.data() + len));
-            all.insert(all.end(), reinterpret_cast<uint8_t*>(b.data()), reinterpret_cast<uint8_t*>(b.data() + len));
-            all.insert(all.end(), reinterpret_cast<uint8_t*>(c.data()), reinterpret_cast<uint8_t*>(c.data() + len));
-            return all;
-        };
-        EXPECT_EQ(run(1), run(2)) << len;
-    }
 }
 
 ZAMS_DIGEST(magnitude) {

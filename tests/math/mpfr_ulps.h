@@ -2,6 +2,7 @@
 #pragma once
 
 #ifdef ZAMS_TEST_MPFR
+#include <cmath>
 #include <limits>
 
 #include <mpfr.h>
@@ -21,6 +22,36 @@ template <class F> double ulps_from_exact(mpfr_srcptr e, F got) {
     mpfr_mul_2si(g, g, -(ex - p), MPFR_RNDN);
     double out = mpfr_get_d(g, MPFR_RNDN);
     mpfr_clear(g);
+    return out;
+}
+
+// The same for a result meant to be exact: NaN for NaN, an infinity (or a
+// value beyond the type's range) met exactly.
+template <class F> double ulps_or_special(mpfr_srcptr e, F got) {
+    if (mpfr_nan_p(e)) return std::isnan(got) ? 0 : 1e9;
+    if (mpfr_inf_p(e) || std::isinf(got)) return F(mpfr_get_d(e, MPFR_RNDN)) == got ? 0 : 1e9;
+    return ulps_from_exact(e, got);
+}
+
+// Error of got against fn(x) and fn(y, x) evaluated with 200-bit MPFR.
+template <class F> double mpfr_ulps(int (*fn)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t), double x, F got) {
+    mpfr_t a, e;
+    mpfr_inits2(200, a, e, (mpfr_ptr)nullptr);
+    mpfr_set_d(a, x, MPFR_RNDN);
+    fn(e, a, MPFR_RNDN);
+    double out = ulps_or_special(e, got);
+    mpfr_clears(a, e, (mpfr_ptr)nullptr);
+    return out;
+}
+template <class F>
+double mpfr_ulps(int (*fn)(mpfr_ptr, mpfr_srcptr, mpfr_srcptr, mpfr_rnd_t), double y, double x, F got) {
+    mpfr_t a, b, e;
+    mpfr_inits2(200, a, b, e, (mpfr_ptr)nullptr);
+    mpfr_set_d(a, y, MPFR_RNDN);
+    mpfr_set_d(b, x, MPFR_RNDN);
+    fn(e, a, b, MPFR_RNDN);
+    double out = ulps_or_special(e, got);
+    mpfr_clears(a, b, e, (mpfr_ptr)nullptr);
     return out;
 }
 #endif

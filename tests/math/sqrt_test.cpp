@@ -29,17 +29,11 @@ TEST(Sqrt, FloatMatchesIeeeAtEveryLengthAndAlignment) {
 
 TEST(Sqrt, FloatSpecialValues) {
     const float inf = INFINITY;
-    Zam32f x[] = {-0.0f, 0.0f, -1.0f, inf, -inf, NAN, 1e-45f, 4.0f};
-    Zam32f y[8];
+    Zam32f x[] = {-0.0f, 0.0f, -1.0f, inf, -inf, NAN, 1e-45f, 4.0f}, y[8];
+    const Zam32f want[] = {-0.0f, 0.0f, NAN, inf, NAN, NAN, std::sqrt(1e-45f), 2.0f};
     ASSERT_EQ(zamsSqrt_32f(x, y, 8), zamStatusOk);
-    EXPECT_EQ(zt::bits(y[0]), zt::bits(-0.0f));
-    EXPECT_EQ(zt::bits(y[1]), zt::bits(0.0f));
-    EXPECT_TRUE(std::isnan(y[2]));
-    EXPECT_EQ(y[3], inf);
-    EXPECT_TRUE(std::isnan(y[4]));
-    EXPECT_TRUE(std::isnan(y[5]));
-    EXPECT_EQ(y[6], std::sqrt(1e-45f));
-    EXPECT_EQ(y[7], 2.0f);
+    for (int i = 0; i < 8; ++i)
+        EXPECT_TRUE(std::isnan(want[i]) ? std::isnan(y[i]) : zt::bits(y[i]) == zt::bits(want[i])) << x[i];
     EXPECT_EQ(zamsSqrt_32f(x, nullptr, 8), zamStatusNullPointer);
     EXPECT_EQ(zamsSqrt_64f_I(nullptr, 0), zamStatusNullPointer);
     EXPECT_EQ(zamsSqrt_64f(reinterpret_cast<Zam64f*>(x), reinterpret_cast<Zam64f*>(y), 0), zamStatusBadLength);
@@ -200,49 +194,6 @@ TEST(SqrtComplex, Integer16scParts) {
             ASSERT_EQ(y[i].re, mt::clamp_to<Zam16s>(mt::Wide(std::rint(std::fmin(re, 1e9L))))) << i << " sf " << sf;
             ASSERT_EQ(y[i].im, mt::clamp_to<Zam16s>(mt::Wide(std::rint(std::fmax(std::fmin(im, 1e9L), -1e9L)))))
                 << i << " sf " << sf;
-        }
-    }
-}
-
-// One and two threads agree around each threshold; a negative element only
-// in the second slice still warns.
-TEST(SqrtParallel, SameResultsOnOneAndTwoThreads) {
-    for (int thr : {256, 512, 1024, 2048, 4096}) {
-        for (int len : {thr - 1, thr, thr + 1}) {
-            auto s = zt::random_ints<Zam16s>(size_t(len), 8);
-            for (auto& v : s) v = Zam16s(v < 0 ? -(v + 1) : v);
-            s[size_t(len) - 1] = -5;
-            auto w = zt::random_ints<Zam64s>(size_t(len), 9);
-            for (auto& v : w) v = v < 0 ? -(v + 1) : v;
-            w[size_t(len) - 2] = -1;
-            auto f = zt::random_reals<Zam32f>(size_t(len), 10, 0.0f, 100.0f);
-            std::vector<Zam32fc> fc(static_cast<size_t>(len));
-            std::memcpy(fc.data(), zt::random_reals<Zam32f>(2 * size_t(len), 11).data(), fc.size() * sizeof(Zam32fc));
-            auto run = [&](int threads) {
-                mt::Threads t(threads);
-                std::vector<Zam16s> a(static_cast<size_t>(len)), b(static_cast<size_t>(len));
-                std::vector<Zam64s> c(static_cast<size_t>(len));
-                std::vector<Zam32f> d(static_cast<size_t>(len));
-                std::vector<Zam32fc> e(static_cast<size_t>(len));
-                std::vector<int> st = {zamsSqrt_16s_Sfs(s.data(), a.data(), len, -3),
-                                       zamsSqrt_64s16s_Sfs(w.data(), b.data(), len, 20),
-                                       zamsSqrt_64s_Sfs(w.data(), c.data(), len, 1),
-                                       zamsSqrt_32f(f.data(), d.data(), len),
-                                       zamsSqrt_32fc(fc.data(), e.data(), len)};
-                std::vector<uint8_t> all;
-                auto put = [&](const void* p, size_t n) {
-                    all.insert(all.end(), static_cast<const uint8_t*>(p), static_cast<const uint8_t*>(p) + n);
-                };
-                put(a.data(), a.size() * 2), put(b.data(), b.size() * 2), put(c.data(), c.size() * 8);
-                put(d.data(), d.size() * 4), put(e.data(), e.size() * 8), put(st.data(), st.size() * 4);
-                return all;
-            };
-            auto one = run(1), two = run(2);
-            EXPECT_EQ(one, two) << "len " << len;
-            mt::Threads t(2);
-            std::vector<Zam16s> a(static_cast<size_t>(len));
-            EXPECT_EQ(zamsSqrt_16s_Sfs(s.data(), a.data(), len, 0), zamStatusWarnSqrtNegative);
-            EXPECT_EQ(zamsSqrt_64s16s_Sfs(w.data(), a.data(), len, 0), zamStatusWarnSqrtNegative);
         }
     }
 }

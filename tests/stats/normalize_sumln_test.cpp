@@ -138,9 +138,7 @@ TEST(Normalize, RealIsRoundedDifferenceOverDivisor) {
     auto rg = [&](Zam64f x) { return Zam64f((x - gs) / gd); };
     zt::sweep_unary<Zam32f, Zam32f>([&](const Zam32f* s, Zam32f* d, int n) { return zamsNormalize_32f(s, d, n, fs, fd); }, rf, f);
     zt::sweep_unary<Zam64f, Zam64f>([&](const Zam64f* s, Zam64f* d, int n) { return zamsNormalize_64f(s, d, n, gs, gd); }, rg, g);
-    zt::SweepOptions o;
-    o.max_len = 70;
-    o.in_place = false;
+    zt::SweepOptions o{.max_len = 70, .in_place = false};
     zt::sweep_unary<Zam32f, Zam32f>(in_place<Zam32f>([&](Zam32f* d, int n) { return zamsNormalize_32f_I(d, n, fs, fd); }), rf, f, o);
     zt::sweep_unary<Zam64f, Zam64f>(in_place<Zam64f>([&](Zam64f* d, int n) { return zamsNormalize_64f_I(d, n, gs, gd); }), rg, g, o);
 }
@@ -165,9 +163,7 @@ TEST(Normalize, ComplexSinglePrecision) {
     };
     WithinFloatUlp eq;
     zt::sweep_unary<Zam32fc, Zam32fc>([&](const Zam32fc* p, Zam32fc* q, int n) { return zamsNormalize_32fc(p, q, n, s, dv); }, ref, x, {}, eq);
-    zt::SweepOptions o;
-    o.max_len = 50;
-    o.in_place = false;
+    zt::SweepOptions o{.max_len = 50, .in_place = false};
     zt::sweep_unary<Zam32fc, Zam32fc>(in_place<Zam32fc>([&](Zam32fc* d, int n) { return zamsNormalize_32fc_I(d, n, s, dv); }), ref, x, o, eq);
     // A purely real divisor gives the real quotients.
     Zam32fc one{7, -3}, out;
@@ -193,11 +189,9 @@ TEST(Normalize, ComplexDoublePrecision) {
             LD a = e.re - s.re, b = e.im - s.im, c = dv.re, d = dv.im, den = c * c + d * d;
             return Zam64fc{double((a * c + b * d) / den), double((b * c - a * d) / den)};
         };
-        zt::SweepOptions o;
-        o.max_len = 60;
+        zt::SweepOptions o{.max_len = 60};
         zt::sweep_unary<Zam64fc, Zam64fc>([&](const Zam64fc* p, Zam64fc* q, int n) { return zamsNormalize_64fc(p, q, n, s, dv); }, ref, x, o, NearDouble{});
-        o.in_place = false;
-        o.max_len = 20;
+        o = {.max_len = 20, .in_place = false};
         zt::sweep_unary<Zam64fc, Zam64fc>(in_place<Zam64fc>([&](Zam64fc* d, int n) { return zamsNormalize_64fc_I(d, n, s, dv); }), ref, x, o, NearDouble{});
     }
     // Divisors whose squared magnitude leaves the double range.
@@ -259,9 +253,7 @@ TEST(Normalize, IntegerScaledQuotient) {
 
     auto ref = [](Zam16s x) { return int_ref(int32_t(x) + 5, -3, -2); };
     zt::sweep_unary<Zam16s, Zam16s>([](const Zam16s* s, Zam16s* d, int n) { return zamsNormalize_16s_Sfs(s, d, n, -5, -3, -2); }, ref, v);
-    zt::SweepOptions o2;
-    o2.max_len = 50;
-    o2.in_place = false;
+    zt::SweepOptions o2{.max_len = 50, .in_place = false};
     zt::sweep_unary<Zam16s, Zam16s>(in_place<Zam16s>([](Zam16s* d, int n) { return zamsNormalize_16s_ISfs(d, n, -5, -3, -2); }), ref, v, o2);
 }
 
@@ -281,11 +273,9 @@ TEST(Normalize, IntegerComplexPartsApart) {
         }
     auto ref = [&](Zam16sc e) { return Zam16sc{int_ref(e.re - sub.re, 7, 1), int_ref(e.im - sub.im, 7, 1)}; };
     auto eq = [](const Zam16sc& a, const Zam16sc& b) { return a.re == b.re && a.im == b.im; };
-    zt::SweepOptions o;
-    o.max_len = 100;
+    zt::SweepOptions o{.max_len = 100};
     zt::sweep_unary<Zam16sc, Zam16sc>([&](const Zam16sc* s, Zam16sc* d, int n) { return zamsNormalize_16sc_Sfs(s, d, n, sub, 7, 1); }, ref, x, o, eq);
-    o.in_place = false;
-    o.max_len = 30;
+    o = {.max_len = 30, .in_place = false};
     zt::sweep_unary<Zam16sc, Zam16sc>(in_place<Zam16sc>([&](Zam16sc* d, int n) { return zamsNormalize_16sc_ISfs(d, n, sub, 7, 1); }), ref, x, o, eq);
 }
 

@@ -223,8 +223,7 @@ TEST(ConvertHalf, EveryLengthAndAlignment) {
     std::vector<Zam32f> f(100);
     for (int i = 0; i < 100; ++i) f[i] = ffrom(half_to_float(h[i].bits)) * (1.0f + 0x1p-13f);
     auto s = zt::random_ints<Zam16s>(100, 6);
-    zt::SweepOptions o;
-    o.max_len = 100;
+    zt::SweepOptions o{.max_len = 100};
     both_paths([&] {
         zt::sweep_unary<Zam16f, Zam32f>(zamsConvert_16f32f, [](Zam16f v) { return ffrom(half_to_float(v.bits)); }, h, o);
         zt::sweep_unary<Zam32f, Zam16f>([](const Zam32f* a, Zam16f* b, int n) { return zamsConvert_32f16f(a, b, n, zamRoundNearestEven); },

@@ -79,8 +79,7 @@ TEST(ConvertInt, PointersThenLength) {
 // ---- widening: every length and alignment ----
 
 TEST(ConvertInt, Widening) {
-    zt::SweepOptions o;
-    o.max_len = 120;
+    zt::SweepOptions o{.max_len = 120};
     zt::sweep_unary<Zam8s, Zam16s>(zamsConvert_8s16s, [](Zam8s x) { return Zam16s(x); }, zt::random_ints<Zam8s>(o.max_len, 1), o);
     zt::sweep_unary<Zam16s, Zam32s>(zamsConvert_16s32s, [](Zam16s x) { return Zam32s(x); }, zt::random_ints<Zam16s>(o.max_len, 2), o);
     auto p = random24(o.max_len, 3);
@@ -89,8 +88,7 @@ TEST(ConvertInt, Widening) {
 }
 
 TEST(ConvertInt, SmallIntegersToFloat) {
-    zt::SweepOptions o;
-    o.max_len = 120;
+    zt::SweepOptions o{.max_len = 120};
     zt::sweep_unary<Zam8s, Zam32f>(zamsConvert_8s32f, [](Zam8s x) { return float(x); }, zt::random_ints<Zam8s>(o.max_len, 4), o);
     zt::sweep_unary<Zam8u, Zam32f>(zamsConvert_8u32f, [](Zam8u x) { return float(x); }, zt::random_ints<Zam8u>(o.max_len, 5), o);
     zt::sweep_unary<Zam16s, Zam32f>(zamsConvert_16s32f, [](Zam16s x) { return float(x); }, zt::random_ints<Zam16s>(o.max_len, 6), o);
@@ -105,8 +103,7 @@ TEST(ConvertInt, SmallIntegersToFloat) {
 // ---- wide integers to floating point, with and without a scale ----
 
 TEST(ConvertInt, WideIntegersToFloat) {
-    zt::SweepOptions o;
-    o.max_len = 100;
+    zt::SweepOptions o{.max_len = 100};
     zt::sweep_unary<Zam32s, Zam32f>(zamsConvert_32s32f, [](Zam32s x) { return float((long double)x); },
                                     zt::random_ints<Zam32s>(o.max_len, 9), o);
     zt::sweep_unary<Zam32s, Zam64f>(zamsConvert_32s64f, [](Zam32s x) { return double(x); }, zt::random_ints<Zam32s>(o.max_len, 10), o);
@@ -165,8 +162,7 @@ TEST(ConvertInt, NarrowWithScale) {
         check_vec(x, w24, [&](auto s, P24* d, int n) { return zamsConvert_32s24s_Sfs(s, raw(d), n, sf); }, "32s24s " + at);
         check_vec(u, w24u, [&](auto s, P24* d, int n) { return zamsConvert_32u24u_Sfs(s, raw(d), n, sf); }, "32u24u " + at);
     }
-    zt::SweepOptions o;
-    o.max_len = 90;
+    zt::SweepOptions o{.max_len = 90};
     zt::sweep_unary<Zam32s, Zam16s>(zamsConvert_32s16s, [](Zam32s v) { return Zam16s(sat(v, -32768, 32767)); }, x, o);
     zt::sweep_unary<Zam32s, P24>([](const Zam32s* s, P24* d, int n) { return zamsConvert_32s24s_Sfs(s, raw(d), n, 3); },
                                  [](Zam32s v) { return p24(int32_t(sat(scaled(v, 3, 1), -8388608, 8388607))); }, x, o);
@@ -189,8 +185,7 @@ TEST(ConvertInt, Narrow16s8sModesAndScales) {
             check_vec(x, w, [&](auto s, auto d, int n) { return zamsConvert_16s8s_Sfs(s, d, n, zamRoundMode(mode), sf); },
                       "mode " + std::to_string(mode) + " sf " + std::to_string(sf));
         }
-    zt::SweepOptions o;
-    o.max_len = 80;
+    zt::SweepOptions o{.max_len = 80};
     zt::sweep_unary<Zam16s, Zam8s>([](const Zam16s* s, Zam8s* d, int n) { return zamsConvert_16s8s_Sfs(s, d, n, zamRoundHalfAway, 3); },
                                    [](Zam16s v) { return Zam8s(sat(scaled(v, 3, 2), -128, 127)); }, x, o);
 }
@@ -205,8 +200,7 @@ TEST(ConvertInt, Narrow64s32sModesAndScales) {
             check_vec(x, w, [&](auto s, auto d, int n) { return zamsConvert_64s32s_Sfs(s, d, n, zamRoundMode(mode), sf); },
                       "mode " + std::to_string(mode) + " sf " + std::to_string(sf));
         }
-    zt::SweepOptions o;
-    o.max_len = 90;
+    zt::SweepOptions o{.max_len = 90};
     zt::sweep_unary<Zam64s, Zam32s>([](const Zam64s* s, Zam32s* d, int n) { return zamsConvert_64s32s_Sfs(s, d, n, zamRoundNearestEven, 20); },
                                     [](Zam64s v) { return Zam32s(sat(scaled(v, 20, 1), INT32_MIN, INT32_MAX)); }, x, o);
 }

@@ -151,8 +151,7 @@ TEST(ConvertRound, DocumentedValues) {
 TEST(ConvertRound, EveryLengthAndAlignment) {
     auto x = floats(100, 4);
     auto xd = doubles(100, 5);
-    zt::SweepOptions o;
-    o.max_len = 100;
+    zt::SweepOptions o{.max_len = 100};
     zt::sweep_unary<Zam32f, Zam16s>([](const Zam32f* s, Zam16s* d, int n) { return zamsConvert_32f16s_Sfs(s, d, n, zamRoundHalfAway, -2); },
                                     [](Zam32f v) { return Zam16s(model(v, -2, R::Away, -32768, 32767, 32767)); }, x, o);
     zt::sweep_unary<Zam32f, Zam8u>([](const Zam32f* s, Zam8u* d, int n) { return zamsConvert_32f8u_Sfs(s, d, n, zamRoundNearestEven, 5); },
@@ -187,52 +186,40 @@ TEST(ConvertRound, PointersLengthAndUnsignedLength) {
     EXPECT_EQ(w[0], 7);
 }
 
-// The processor's rounding direction is the caller's again after every call,
-// and the results do not depend on it.
+// One call under the rounding direction csr: it leaves the direction as it
+// found it and its results (scale factor 1) do not depend on it.
+template <class S, class D>
+void under_direction(unsigned csr, zamStatus (*fn)(const S*, D*, int, zamRoundMode, int), const std::vector<S>& x,
+                     int mode, R rule, long double lo, long double hi, long double nan) {
+    const unsigned saved = _mm_getcsr();
+    std::vector<D> y(x.size());
+    _mm_setcsr(csr);
+    zamStatus st = fn(x.data(), y.data(), int(x.size()), zamRoundMode(mode), 1);
+    const unsigned after = _mm_getcsr();
+    _mm_setcsr(saved);
+    ASSERT_EQ(st, zamStatusOk);
+    EXPECT_EQ(after, csr);
+    for (size_t i = 0; i < x.size(); ++i)
+        ASSERT_EQ(y[i], D(model(x[i], 1, rule, lo, hi, nan))) << "mode " << mode << " element " << i;
+}
+
 TEST(ConvertRound, CallerRoundingDirectionKept) {
     auto x = floats(64, 6);
     auto xd = doubles(64, 7);
-    const unsigned saved = _mm_getcsr();
     for (unsigned dir : {0u, 1u, 2u, 3u}) {
-        const unsigned csr = (saved & ~0x6000u) | dir << 13;
+        SCOPED_TRACE("direction " + std::to_string(dir));
+        const unsigned csr = (_mm_getcsr() & ~0x6000u) | dir << 13;
         for (int mode : {0, 1, 2, 5}) {
-            std::vector<Zam8s> y8(64);
-            std::vector<Zam8u> u8(64);
-            std::vector<Zam16s> y16(64), z16(64);
-            std::vector<Zam16u> u16(64);
-            std::vector<Zam32s> y32(64), z32(64);
-            std::vector<Zam64s> y64(64);
-            zamStatus st[8];
-            _mm_setcsr(csr);
-            st[0] = zamsConvert_32f8s_Sfs(x.data(), y8.data(), 64, zamRoundMode(mode), 1);
-            EXPECT_EQ(_mm_getcsr(), csr);
-            st[1] = zamsConvert_32f8u_Sfs(x.data(), u8.data(), 64, zamRoundMode(mode), 1);
-            EXPECT_EQ(_mm_getcsr(), csr);
-            st[2] = zamsConvert_32f16s_Sfs(x.data(), y16.data(), 64, zamRoundMode(mode), 1);
-            EXPECT_EQ(_mm_getcsr(), csr);
-            st[3] = zamsConvert_32f16u_Sfs(x.data(), u16.data(), 64, zamRoundMode(mode), 1);
-            EXPECT_EQ(_mm_getcsr(), csr);
-            st[4] = zamsConvert_32f32s_Sfs(x.data(), y32.data(), 64, zamRoundMode(mode), 1);
-            EXPECT_EQ(_mm_getcsr(), csr);
-            st[5] = zamsConvert_64f16s_Sfs(xd.data(), z16.data(), 64, zamRoundMode(mode), 1);
-            st[6] = zamsConvert_64f32s_Sfs(xd.data(), z32.data(), 64, zamRoundMode(mode), 1);
-            st[7] = zamsConvert_64f64s_Sfs(xd.data(), y64.data(), 64, zamRoundMode(mode), 1);
-            EXPECT_EQ(_mm_getcsr(), csr);
-            _mm_setcsr(saved);
-            for (zamStatus s : st) ASSERT_EQ(s, zamStatusOk);
             R r = usual(mode), r64 = mode == 2 ? R::Away : mode == 1 ? R::Even : R::Zero;
-            for (int i = 0; i < 64; ++i) {
-                SCOPED_TRACE("direction " + std::to_string(dir) + " mode " + std::to_string(mode) + " element " + std::to_string(i));
-                ASSERT_EQ(y8[i], Zam8s(model(x[i], 1, r, -128, 127, 127)));
-                ASSERT_EQ(u8[i], Zam8u(model(x[i], 1, r, 0, 255, 255)));
-                ASSERT_EQ(y16[i], Zam16s(model(x[i], 1, r, -32768, 32767, 32767)));
-                ASSERT_EQ(u16[i], Zam16u(model(x[i], 1, r, 0, 65535, 65535)));
-                ASSERT_EQ(y32[i], Zam32s(model(x[i], 1, r, INT32_MIN, INT32_MAX, INT32_MAX)));
-                ASSERT_EQ(z16[i], Zam16s(model(xd[i], 1, r, -32768, 32767, 32767)));
-                ASSERT_EQ(z32[i], Zam32s(model(xd[i], 1, r, INT32_MIN, INT32_MAX, INT32_MIN)));
-                ASSERT_EQ(y64[i], Zam64s(model(xd[i], 1, r64, (long double)INT64_MIN, (long double)INT64_MAX,
-                                               (long double)INT64_MAX)));
-            }
+            under_direction(csr, zamsConvert_32f8s_Sfs, x, mode, r, -128, 127, 127);
+            under_direction(csr, zamsConvert_32f8u_Sfs, x, mode, r, 0, 255, 255);
+            under_direction(csr, zamsConvert_32f16s_Sfs, x, mode, r, -32768, 32767, 32767);
+            under_direction(csr, zamsConvert_32f16u_Sfs, x, mode, r, 0, 65535, 65535);
+            under_direction(csr, zamsConvert_32f32s_Sfs, x, mode, r, INT32_MIN, INT32_MAX, INT32_MAX);
+            under_direction(csr, zamsConvert_64f16s_Sfs, xd, mode, r, -32768, 32767, 32767);
+            under_direction(csr, zamsConvert_64f32s_Sfs, xd, mode, r, INT32_MIN, INT32_MAX, INT32_MIN);
+            under_direction(csr, zamsConvert_64f64s_Sfs, xd, mode, r64, (long double)INT64_MIN, (long double)INT64_MAX,
+                            (long double)INT64_MAX);
         }
     }
 }
