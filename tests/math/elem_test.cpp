@@ -136,7 +136,8 @@ TEST(Elementary, InPlaceAndAlignment) {
 
 // Vector groups, scalar steps and groups holding an argument outside the
 // vector reduction (NaN, infinities, extremes, non-positive) all agree with
-// the one-element call, at every start offset (head and tail lengths).
+// the one-element call, at every start offset (head and tail lengths): a
+// special argument leaves its neighbours' bits alone.
 template <class F> void steps_agree(zamStatus (*fn)(const F*, F*, int), const std::vector<F>& x, const char* what) {
     const int n = int(x.size());
     for (int off = 0; off < 9; ++off) {
@@ -161,41 +162,12 @@ TEST(Elementary, VectorAndScalarStepsAgree) {
     auto d = zt::random_reals<Zam64f>(600, 17, -3.0, 3.0);
     auto e = zt::random_reals<Zam64f>(600, 18, -720.0, 720.0);
     const Zam64f oddd[] = {NAN, INFINITY, -INFINITY, 0.0, -0.0, 1e-300, 0x1p-29, 1e30, -1e300, 709.9, -745.0, 0.3465735902799726,
-                           0x1.62e42ffffffffp-2};
-    for (int i = 0; i < 600; i += 23) d[size_t(i)] = e[size_t((i + 11) % 600)] = oddd[(i / 23) % 13];
+                           0x1.62e42ffffffffp-2, 1e-310, 800.0};
+    for (int i = 0; i < 600; i += 23) d[size_t(i)] = e[size_t((i + 11) % 600)] = oddd[(i / 23) % 15];
     for (auto* v : {&d, &e}) {
         steps_agree<Zam64f>(zamsExp_64f, *v, "exp64");
         steps_agree<Zam64f>(zamsArctan_64f, *v, "atan64");
     }
-}
-
-// One special argument in a group leaves the other elements' bits as they
-// are without it.
-template <class F>
-void neighbours_alone(zamStatus (*fn)(const F*, F*, int), const std::vector<F>& x, std::initializer_list<F> specials) {
-    const int n = int(x.size());
-    std::vector<F> clean(x.size()), y(x.size());
-    ASSERT_EQ(fn(x.data(), clean.data(), n), zamStatusOk);
-    for (F sp : specials) {
-        for (int j : {0, 13, 35, n - 1}) {
-            auto z = x;
-            z[size_t(j)] = sp;
-            ASSERT_EQ(fn(z.data(), y.data(), n), zamStatusOk);
-            for (int i = 0; i < n; ++i) {
-                if (i == j) continue;
-                ASSERT_EQ(zt::bits(y[size_t(i)]), zt::bits(clean[size_t(i)])) << sp << " at " << j;
-            }
-        }
-    }
-}
-
-TEST(Elementary, SpecialValueLeavesNeighboursAlone) {
-    auto x = zt::random_reals<Zam32f>(64, 19, -20.0f, 20.0f);
-    auto d = zt::random_reals<Zam64f>(64, 20, -20.0, 20.0);
-    for (auto fn : {zamsExp_32f, zamsArctan_32f})
-        neighbours_alone<Zam32f>(fn, x, {NAN, INFINITY, -INFINITY, 1e-40f, -100.0f, 3e38f});
-    for (auto fn : {zamsExp_64f, zamsArctan_64f})
-        neighbours_alone<Zam64f>(fn, d, {NAN, INFINITY, -1e300, 1e-310, 800.0});
 }
 
 // Ln_16s over every source and scale factor against long double.

@@ -143,7 +143,6 @@ TEST(ConvertSplit, ChannelLayoutsAndLengths) {
 TEST(ConvertSplit, CheckOrders) {
     Zam16s x[4] = {1, 2, 3, 4};
     Zam32f a[2] = {9, 9}, b[2] = {9, 9};
-    Zam32f* pd[2] = {a, b};
     Zam32f* half_null[2] = {a, nullptr};
     // Split: source, then counts, then the table, then each pointer in it.
     EXPECT_EQ(zamsSplitScaled_16s32f_D2L(nullptr, nullptr, 0, 0), zamStatusNullPointer);
@@ -164,7 +163,6 @@ TEST(ConvertSplit, CheckOrders) {
     EXPECT_EQ(zamsJoinScaled_32f16s_D2L(ps_null, 2, 2, y), zamStatusNullPointer);
     EXPECT_EQ(zamsJoinScaled_32f24s_D2L(ps_null, 2, 1, reinterpret_cast<Zam8u*>(y)), zamStatusNullPointer);
     for (Zam16s v : y) EXPECT_EQ(v, 7);
-    (void)pd;
 }
 
 ZAMS_DIGEST(convert_split) {

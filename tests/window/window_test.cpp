@@ -102,25 +102,36 @@ TEST(Window, OnesMatchFormulaAndAreSymmetric) {
     ones_match_formula(fns_32f(), 2e-7L, big);
 }
 
+template <class C, class P> std::vector<C> complex_of(const std::vector<P>& v) {
+    std::vector<C> c(v.size() / 2);
+    for (size_t i = 0; i < c.size(); ++i) c[i] = {v[2 * i], v[2 * i + 1]};
+    return c;
+}
+
+// Each part of a complex result equals the real member applied to that part.
+template <class C, class P> void parts_agree(const Fns<C>& fc, const Fns<P>& fr, W w, const std::vector<C>& x, float a) {
+    const int len = int(x.size());
+    std::vector<P> re(len), im(len), r(len), i2(len);
+    for (int n = 0; n < len; ++n) re[n] = x[n].re, im[n] = x[n].im;
+    std::vector<C> z(len);
+    ASSERT_EQ(fc.call(w, x.data(), z.data(), len, a), zamStatusOk);
+    ASSERT_EQ(fr.call(w, re.data(), r.data(), len, a), zamStatusOk);
+    ASSERT_EQ(fr.call(w, im.data(), i2.data(), len, a), zamStatusOk);
+    for (int n = 0; n < len; ++n) ASSERT_TRUE(z[n].re == r[n] && z[n].im == i2[n]) << kNames[w] << " " << n;
+}
+
 // The integer and complex members use the same coefficients: 16-bit
-// results are the nearest integers (ties to even) to x w, and each part of
-// a complex result equals the real member applied to that part.
+// results are the nearest integers (ties to even) to x w, and complex
+// results are the real member applied to each part.
 TEST(Window, IntegerAndComplexAgreeWithRealMembers) {
     const int len = 157;
     auto ints = zt::random_ints<Zam16s>(len, 3);
-    auto re = zt::random_reals<Zam64f>(len, 4), im = zt::random_reals<Zam64f>(len, 5);
-    std::vector<Zam16sc> ci(len);
-    std::vector<Zam64fc> cd(len);
-    std::vector<Zam32fc> cf(len);
-    std::vector<Zam32f> re32(len), im32(len);
-    for (int i = 0; i < len; ++i) {
-        ci[i] = {ints[i], Zam16s(ints[len - 1 - i] / 3)};
-        cd[i] = {re[i], im[i]};
-        re32[i] = float(re[i]), im32[i] = float(im[i]);
-        cf[i] = {re32[i], im32[i]};
-    }
-    auto f16 = fns_16s(); auto f16c = fns_16sc(); auto f32 = fns_32f(); auto f32c = fns_32fc(); auto f64 = fns_64f(); auto f64c = fns_64fc();
-    std::vector<Zam64f> one(len, 1.0), win(len), r(len), i2(len);
+    auto ci = complex_of<Zam16sc>(zt::random_ints<Zam16s>(2 * len, 13));
+    auto cf = complex_of<Zam32fc>(zt::random_reals<Zam32f>(2 * len, 4));
+    auto cd = complex_of<Zam64fc>(zt::random_reals<Zam64f>(2 * len, 5));
+    auto f16 = fns_16s();
+    auto f64 = fns_64f();
+    std::vector<Zam64f> one(len, 1.0), win(len);
     for (int w = 0; w < Count; ++w) {
         float a = alpha_for(W(w), len);
         ASSERT_EQ(f64.call(W(w), one.data(), win.data(), len, a), zamStatusOk);
@@ -128,20 +139,9 @@ TEST(Window, IntegerAndComplexAgreeWithRealMembers) {
         ASSERT_EQ(f16.call(W(w), ints.data(), y.data(), len, a), zamStatusOk);
         for (int n = 0; n < len; ++n)  // Blackman with alpha 0.3 peaks slightly above 1: saturation
             ASSERT_LE(std::abs(y[n] - std::clamp(std::nearbyint(ints[n] * win[n]), -32768.0, 32767.0)), 1) << kNames[w];
-        std::vector<Zam16sc> yc(len);
-        ASSERT_EQ(f16c.call(W(w), ci.data(), yc.data(), len, a), zamStatusOk);
-        for (int n = 0; n < len; ++n) ASSERT_EQ(yc[n].re, y[n]) << kNames[w];
-        std::vector<Zam64fc> zd(len);
-        ASSERT_EQ(f64c.call(W(w), cd.data(), zd.data(), len, a), zamStatusOk);
-        ASSERT_EQ(f64.call(W(w), re.data(), r.data(), len, a), zamStatusOk);
-        ASSERT_EQ(f64.call(W(w), im.data(), i2.data(), len, a), zamStatusOk);
-        for (int n = 0; n < len; ++n) ASSERT_TRUE(zd[n].re == r[n] && zd[n].im == i2[n]) << kNames[w];
-        std::vector<Zam32fc> zf(len);
-        std::vector<Zam32f> rf(len), imf(len);
-        ASSERT_EQ(f32c.call(W(w), cf.data(), zf.data(), len, a), zamStatusOk);
-        ASSERT_EQ(f32.call(W(w), re32.data(), rf.data(), len, a), zamStatusOk);
-        ASSERT_EQ(f32.call(W(w), im32.data(), imf.data(), len, a), zamStatusOk);
-        for (int n = 0; n < len; ++n) ASSERT_TRUE(zf[n].re == rf[n] && zf[n].im == imf[n]) << kNames[w];
+        parts_agree(fns_16sc(), f16, W(w), ci, a);
+        parts_agree(fns_32fc(), fns_32f(), W(w), cf, a);
+        parts_agree(fns_64fc(), f64, W(w), cd, a);
     }
     // Ties go to even: Hann of length 5 is {0, 0.5, 1, 0.5, 0}.
     Zam16s t[5] = {9, 3, 7, 5, 9};
@@ -168,12 +168,6 @@ template <class T> void in_place_agrees(const Fns<T>& f, const std::vector<T>& x
             ASSERT_EQ(std::memcmp(b.data(), out.data(), len * sizeof(T)), 0) << kNames[w];
             ASSERT_TRUE(a.guards_intact() && b.guards_intact());
         }
-}
-
-template <class C, class P> std::vector<C> complex_of(const std::vector<P>& v) {
-    std::vector<C> c(v.size() / 2);
-    for (size_t i = 0; i < c.size(); ++i) c[i] = {v[2 * i], v[2 * i + 1]};
-    return c;
 }
 
 TEST(Window, InPlaceFormsAgree) {
