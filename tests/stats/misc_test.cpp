@@ -45,7 +45,6 @@ TEST(MaxOrder, BitsOfTheLargestMagnitude) {
         Zam64f d[2] = {0.5 * v, v};
         ASSERT_EQ(zamsMaxOrder_64f(d, 2, &o), zamStatusOk);
         EXPECT_EQ(o, e) << v;
-        EXPECT_EQ(o, v == 0 ? 0 : std::ilogb(v) + 1);
     }
     Zam32f f[3] = {1.5f, -6.0f, 1e-40f};
     ASSERT_EQ(zamsMaxOrder_32f(f, 3, &o), zamStatusOk);
