@@ -1,0 +1,167 @@
+// Scaled products of 32-bit parts in 64-bit lanes: Mul and MulC on 32s
+// (pmuldq gives the exact signed 32x32 -> 64 products of the even lanes)
+// and the 32sc products (ac - bd, ad + bc in 64 bits). Four parts a step.
+//
+// The rule on a 64-bit lane x, exactly as in scaled.h:
+// - right by k (1..63): q = floor(x / 2^k) by an arithmetic shift built from
+//   a logical one (x xor its sign mask, shifted, xor the mask again), then
+//   q + ((rem + 2^(k-1) - 1 + (q & 1)) >> k) with rem = x mod 2^k: the sum
+//   stays below 2^(k+1), so the logical shift neither overflows nor errs;
+// - left by k: x is clamped to [-2^31, 2^31] first (beyond it the result
+//   saturates either way), then shifted by at most 31, which cannot
+//   overflow; a factor at the bound shifts by 31, so any nonzero x saturates;
+// - then saturation to 32 bits by two 64-bit compares.
+//
+// Of the complex sums only ad + bc = 2^63 (every part -2^31) leaves 64
+// bits; it wraps to INT64_MIN, which no other sum reaches, and those lanes
+// take the rule's result for 2^63.
+#pragma once
+
+#include <immintrin.h>
+
+#include <cstddef>
+#include <cstdint>
+
+namespace zams::scaled::lanes64 {
+
+template <ScaleKind K> struct Rule64 {
+    __m128i cnt, mask, bias, one, lo, hi, clo, chi;
+    explicit Rule64(int sf) {
+        const int k = K == ScaleKind::One || K == ScaleKind::Pos ? sf
+                      : K == ScaleKind::Bound                    ? 31
+                      : K == ScaleKind::Neg                      ? (-sf < 31 ? -sf : 31)
+                                                                 : 0;
+        cnt = _mm_cvtsi32_si128(k);
+        const uint64_t m = k > 0 ? (uint64_t(1) << k) - 1 : 0;
+        mask = _mm_set1_epi64x(int64_t(m));
+        bias = _mm_set1_epi64x(k > 1 ? int64_t((uint64_t(1) << (k - 1)) - 1) : 0);
+        one = _mm_set1_epi64x(1);
+        lo = _mm_set1_epi64x(INT32_MIN);
+        hi = _mm_set1_epi64x(INT32_MAX);
+        clo = _mm_set1_epi64x(-(int64_t(1) << 31));
+        chi = _mm_set1_epi64x(int64_t(1) << 31);
+    }
+    static __m128i sign(__m128i x) { return _mm_srai_epi32(_mm_shuffle_epi32(x, 0xF5), 31); }
+    static __m128i pick(__m128i x, __m128i y, __m128i m) { return _mm_blendv_epi8(x, y, m); }
+    __m128i saturate(__m128i x) const {
+        x = pick(x, hi, _mm_cmpgt_epi64(x, hi));
+        return pick(x, lo, _mm_cmpgt_epi64(lo, x));
+    }
+    // The result in the low 32 bits of each lane (sign-extended).
+    __m128i operator()(__m128i x) const {
+        if constexpr (K == ScaleKind::One || K == ScaleKind::Pos) {
+            const __m128i s = sign(x);
+            const __m128i q = _mm_xor_si128(_mm_srl_epi64(_mm_xor_si128(x, s), cnt), s);
+            const __m128i t = _mm_add_epi64(_mm_add_epi64(_mm_and_si128(x, mask), bias), _mm_and_si128(q, one));
+            return saturate(_mm_add_epi64(q, _mm_srl_epi64(t, cnt)));
+        } else if constexpr (K == ScaleKind::Neg || K == ScaleKind::Bound) {
+            x = pick(x, chi, _mm_cmpgt_epi64(x, chi));
+            x = pick(x, clo, _mm_cmpgt_epi64(clo, x));
+            return saturate(_mm_sll_epi64(x, cnt));
+        } else {
+            return saturate(x);
+        }
+    }
+};
+
+// Results of the even lanes (e) and the odd ones (o) into four 32-bit lanes.
+inline __m128i merge(__m128i e, __m128i o) { return _mm_blend_epi16(e, _mm_slli_epi64(o, 32), 0xCC); }
+inline __m128i load(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
+inline __m128i odd(__m128i x) { return _mm_srli_epi64(x, 32); }
+
+// Products a * b of 32s, b a source or a constant.
+template <class B> struct Prod {
+    const Zam32s* a;
+    const B& b;
+    static constexpr bool pairs = false;
+    template <class R> __m128i operator()(ptrdiff_t j, const R& rule) const {
+        const __m128i x = load(a + j);
+        if constexpr (std::is_same_v<B, In<Zam32s>>) {
+            const __m128i y = load(b.p + j);
+            return merge(rule(_mm_mul_epi32(x, y)), rule(_mm_mul_epi32(odd(x), odd(y))));
+        } else {
+            const __m128i y = _mm_set1_epi32(int32_t(b.re));
+            return merge(rule(_mm_mul_epi32(x, y)), rule(_mm_mul_epi32(odd(x), y)));
+        }
+    }
+};
+
+// Complex products of 32sc, two elements a step; bstep 0: a constant.
+struct CProd {
+    const CMul<I128, Zam32sc, Zam32sc>& s;
+    __m128i cst, imin, big;
+    static constexpr bool pairs = true;
+    CProd(const CMul<I128, Zam32sc, Zam32sc>& s_, int sf)
+        : s(s_),
+          cst(_mm_setr_epi32(s_.b->re, s_.b->im, s_.b->re, s_.b->im)),
+          imin(_mm_set1_epi64x(INT64_MIN)),
+          big(_mm_set1_epi64x(rule<Zam32s>(I128{uint64_t(1) << 63, 0}, sf))) {}
+    template <class R> __m128i operator()(ptrdiff_t j, const R& rule) const {
+        const __m128i x = load(s.a + (j >> 1));
+        const __m128i y = s.bstep ? load(s.b + (j >> 1)) : cst;
+        const __m128i ys = _mm_shuffle_epi32(y, 0xB1);
+        const __m128i re = _mm_sub_epi64(_mm_mul_epi32(x, y), _mm_mul_epi32(odd(x), odd(y)));
+        const __m128i im = _mm_add_epi64(_mm_mul_epi32(x, ys), _mm_mul_epi32(odd(x), odd(ys)));
+        const __m128i imr = _mm_blendv_epi8(rule(im), big, _mm_cmpeq_epi64(im, imin));
+        return merge(rule(re), imr);
+    }
+};
+
+// The scalar rule on parts [from, to), a pair at a time where a part reads
+// both parts of its element (in place, the pair is read before it is written).
+template <ScaleKind K, class S> void scalar(Zam32s* d, ptrdiff_t from, ptrdiff_t to, int sf, const S& s) {
+    if constexpr (pairs_v<S>) {
+        for (ptrdiff_t j = from; j < to; j += 2) {
+            const auto re = s.r(j), im = s.r(j + 1);
+            d[j] = rule<Zam32s>(re, sf);
+            d[j + 1] = rule<Zam32s>(im, sf);
+        }
+    } else {
+        for (ptrdiff_t j = from; j < to; ++j) d[j] = rule<Zam32s, K>(s.r(j), sf);
+    }
+}
+
+// Scalar steps until d is 16-byte aligned (whole elements), four parts a
+// vector step, scalar tail.
+template <ScaleKind K, class S, class V> void drive(Zam32s* d, ptrdiff_t n, int sf, const S& s, const V& vec) {
+    const Rule64<K> r(sf);
+    ptrdiff_t j = ptrdiff_t((16 - reinterpret_cast<uintptr_t>(d) % 16) % 16 / sizeof(Zam32s));
+    if (V::pairs) j = (j + 1) & ~ptrdiff_t(1);
+    if (j > n) j = n;
+    scalar<K>(d, 0, j, sf, s);
+    for (; j + 4 <= n; j += 4) _mm_storeu_si128(reinterpret_cast<__m128i*>(d + j), vec(j, r));
+    scalar<K>(d, j, n, sf, s);
+}
+
+template <class Kern> bool kinds(ScaleKind k, int sf, int max_pos, Kern kern) {
+    using K = ScaleKind;
+    switch (k) {
+        case K::None: kern(std::integral_constant<K, K::None>{}); return true;
+        case K::One: kern(std::integral_constant<K, K::One>{}); return true;
+        case K::Pos:
+            if (sf > max_pos) return false;
+            kern(std::integral_constant<K, K::Pos>{});
+            return true;
+        case K::Neg: kern(std::integral_constant<K, K::Neg>{}); return true;
+        case K::Bound: kern(std::integral_constant<K, K::Bound>{}); return true;
+        default: return false;
+    }
+}
+
+template <class D, class S> bool run(D*, ptrdiff_t, int, ScaleKind, const S&) { return false; }
+
+template <class B> bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const Bin<F::Mul, In<Zam32s>, B>& s) {
+    if constexpr (std::is_same_v<B, In<Zam32s>> || std::is_same_v<B, Const<Zam32s>>) {
+        const Prod<B> v{s.a.p, s.b};
+        return kinds(k, sf, 62, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
+    } else {
+        return false;
+    }
+}
+
+inline bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const CMul<I128, Zam32sc, Zam32sc>& s) {
+    const CProd v(s, sf);
+    return kinds(k, sf, 63, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
+}
+
+}  // namespace zams::scaled::lanes64
