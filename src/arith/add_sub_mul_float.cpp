@@ -14,13 +14,20 @@ namespace {
 
 // Vector traits over the base scalar of a sample type; a complex vector
 // holds P = L / 2 interleaved elements.
+// Eight all-ones words then eight zero words: the 32 bytes from word 8 - k
+// select the first k of eight 32-bit lanes (or k/2 of four 64-bit ones).
+// Selection is bitwise: a blendv would be rewritten into a branch a lane
+// (AVX has no 256-bit integer compare for the compiler's form of it).
+alignas(64) constexpr int32_t kFirstMask[16] = {-1, -1, -1, -1, -1, -1, -1, -1, 0, 0, 0, 0, 0, 0, 0, 0};
+inline __m256 first_mask(int from) {
+    return _mm256_loadu_ps(reinterpret_cast<const float*>(kFirstMask + from));
+}
+
 template <class S> struct Lanes;
 template <> struct Lanes<float> : Avx<float> {
-    // x in the first k lanes, y in the rest, by bitwise selection (a blendv
-    // would be rewritten into a branch a lane: AVX has no 256-bit integer
-    // compare for the compiler's form of it).
+    // x in the first k lanes, y in the rest (k in 0..8).
     static V first(V x, V y, int k) {
-        const V m = _mm256_cmp_ps(_mm256_setr_ps(0, 1, 2, 3, 4, 5, 6, 7), _mm256_set1_ps(float(k)), _CMP_LT_OQ);
+        const V m = first_mask(8 - k);
         return _mm256_or_ps(_mm256_and_ps(m, x), _mm256_andnot_ps(m, y));
     }
     static void stream(float* p, V v) { _mm256_stream_ps(p, v); }
@@ -35,7 +42,7 @@ template <> struct Lanes<float> : Avx<float> {
 };
 template <> struct Lanes<double> : Avx<double> {
     static V first(V x, V y, int k) {
-        const V m = _mm256_cmp_pd(_mm256_setr_pd(0, 1, 2, 3), _mm256_set1_pd(double(k)), _CMP_LT_OQ);
+        const V m = _mm256_castps_pd(first_mask(8 - 2 * k));
         return _mm256_or_pd(_mm256_and_pd(m, x), _mm256_andnot_pd(m, y));
     }
     static void stream(double* p, V v) { _mm256_stream_pd(p, v); }
