@@ -1,6 +1,7 @@
-// Scaled products of 32-bit parts in 64-bit lanes: Mul and MulC on 32s
-// (pmuldq gives the exact signed 32x32 -> 64 products of the even lanes)
-// and the 32sc products (ac - bd, ad + bc in 64 bits). Four parts a step.
+// Scaled products of 32-bit parts in 64-bit lanes, four parts a step (pmuldq
+// gives the exact signed 32x32 -> 64 products of the even lanes): Mul and
+// MulC on 32s, Mul_16s32s, Mul_32s32sc, AddProduct into 32s, and the 32sc
+// products (ac - bd, ad + bc in 64 bits).
 //
 // The rule on a 64-bit lane x, exactly as in scaled.h:
 // - right by k (1..63): q = floor(x / 2^k) by an arithmetic shift built from
@@ -69,20 +70,56 @@ inline __m128i merge(__m128i e, __m128i o) { return _mm_blend_epi16(e, _mm_slli_
 inline __m128i load(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
 inline __m128i odd(__m128i x) { return _mm_srli_epi64(x, 32); }
 
-// Products a * b of 32s, b a source or a constant.
-template <class B> struct Prod {
-    const Zam32s* a;
+// Parts j..j+3 of an operand as four 32-bit lanes.
+inline __m128i load32(const In<Zam32s>& x, ptrdiff_t j) { return load(x.p + j); }
+inline __m128i load32(const In<Zam16s>& x, ptrdiff_t j) {
+    return _mm_cvtepi16_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(x.p + j)));
+}
+inline __m128i load32(const Const<Zam32s>& x, ptrdiff_t) { return _mm_set1_epi32(int32_t(x.re)); }
+
+// The exact products of four parts: the even ones in e, the odd ones in o.
+inline void products64(__m128i x, __m128i y, __m128i& e, __m128i& o) {
+    e = _mm_mul_epi32(x, y);
+    o = _mm_mul_epi32(odd(x), odd(y));
+}
+
+// a * b for 32s or 16s parts, b a source or a real constant.
+template <class A, class B> struct Prod {
+    const A& a;
     const B& b;
     static constexpr bool pairs = false;
     template <class R> __m128i operator()(ptrdiff_t j, const R& rule) const {
-        const __m128i x = load(a + j);
-        if constexpr (std::is_same_v<B, In<Zam32s>>) {
-            const __m128i y = load(b.p + j);
-            return merge(rule(_mm_mul_epi32(x, y)), rule(_mm_mul_epi32(odd(x), odd(y))));
-        } else {
-            const __m128i y = _mm_set1_epi32(int32_t(b.re));
-            return merge(rule(_mm_mul_epi32(x, y)), rule(_mm_mul_epi32(odd(x), y)));
-        }
+        __m128i e, o;
+        products64(load32(a, j), load32(b, j), e, o);
+        return merge(rule(e), rule(o));
+    }
+};
+
+// c + a * b: c's parts sign-extended to 64 bits and added to the products.
+template <class A, class C> struct ProdAcc {
+    const A& a;
+    const A& b;
+    const C& c;
+    static constexpr bool pairs = false;
+    template <class R> __m128i operator()(ptrdiff_t j, const R& rule) const {
+        __m128i e, o;
+        products64(load32(a, j), load32(b, j), e, o);
+        const __m128i z = load32(c, j);
+        e = _mm_add_epi64(e, _mm_cvtepi32_epi64(_mm_shuffle_epi32(z, 0x08)));
+        o = _mm_add_epi64(o, _mm_cvtepi32_epi64(_mm_shuffle_epi32(z, 0x0D)));
+        return merge(rule(e), rule(o));
+    }
+};
+
+// A real 32s vector times a complex one: each real factor serves both parts.
+struct RProd {
+    const RMul<Zam32s, Zam32sc>& s;
+    static constexpr bool pairs = true;
+    template <class R> __m128i operator()(ptrdiff_t j, const R& rule) const {
+        const __m128i r = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(s.a + (j >> 1)));
+        __m128i e, o;
+        products64(_mm_unpacklo_epi32(r, r), load(s.b + (j >> 1)), e, o);
+        return merge(rule(e), rule(o));
     }
 };
 
@@ -109,15 +146,17 @@ struct CProd {
 
 // The scalar rule on parts [from, to), a pair at a time where a part reads
 // both parts of its element (in place, the pair is read before it is written).
+template <ScaleKind K> Zam32s one(int64_t r, int sf) { return rule<Zam32s, K>(r, sf); }
+template <ScaleKind K> Zam32s one(I128 r, int sf) { return rule<Zam32s>(r, sf); }
 template <ScaleKind K, class S> void scalar(Zam32s* d, ptrdiff_t from, ptrdiff_t to, int sf, const S& s) {
     if constexpr (pairs_v<S>) {
         for (ptrdiff_t j = from; j < to; j += 2) {
             const auto re = s.r(j), im = s.r(j + 1);
-            d[j] = rule<Zam32s>(re, sf);
-            d[j + 1] = rule<Zam32s>(im, sf);
+            d[j] = one<K>(re, sf);
+            d[j + 1] = one<K>(im, sf);
         }
     } else {
-        for (ptrdiff_t j = from; j < to; ++j) d[j] = rule<Zam32s, K>(s.r(j), sf);
+        for (ptrdiff_t j = from; j < to; ++j) d[j] = one<K>(s.r(j), sf);
     }
 }
 
@@ -148,15 +187,34 @@ template <class Kern> bool kinds(ScaleKind k, int sf, int max_pos, Kern kern) {
     }
 }
 
+// Runs s into d where these kernels serve it; false otherwise. The factor
+// limits: the rounding shift serves up to 63, every family here but the
+// complex product zeroes (or is exact to zero) above 62.
 template <class D, class S> bool run(D*, ptrdiff_t, int, ScaleKind, const S&) { return false; }
 
-template <class B> bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const Bin<F::Mul, In<Zam32s>, B>& s) {
-    if constexpr (std::is_same_v<B, In<Zam32s>> || std::is_same_v<B, Const<Zam32s>>) {
-        const Prod<B> v{s.a.p, s.b};
+template <class X> constexpr bool part32 = std::is_same_v<X, In<Zam32s>> || std::is_same_v<X, In<Zam16s>>;
+
+template <class A, class B> bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const Bin<F::Mul, A, B>& s) {
+    if constexpr (part32<A> && (part32<B> || std::is_same_v<B, Const<Zam32s>>)) {
+        const Prod<A, B> v{s.a, s.b};
         return kinds(k, sf, 62, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
     } else {
         return false;
     }
+}
+
+template <class A> bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const MulAcc<A, A, In<Zam32s>>& s) {
+    if constexpr (part32<A>) {
+        const ProdAcc<A, In<Zam32s>> v{s.a, s.b, s.c};
+        return kinds(k, sf, 62, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
+    } else {
+        return false;
+    }
+}
+
+inline bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const RMul<Zam32s, Zam32sc>& s) {
+    const RProd v{s};
+    return kinds(k, sf, 62, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
 }
 
 inline bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const CMul<I128, Zam32sc, Zam32sc>& s) {
