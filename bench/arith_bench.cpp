@@ -28,13 +28,15 @@ template <class T, class Op> __attribute__((noinline, optimize("no-tree-vectoriz
     for (int i = 0; i < n; ++i) z[i] = scaled_loop<T>(op(x[i], y[i]), sf);
 }
 
-// The complex product, scaled part by part.
-__attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_cmul(const Zam16sc* x, const Zam16sc* y,
-                                                                           Zam16sc* z, int n, int sf) {
+// The complex product, scaled part by part (P: the part type). For 32sc the
+// sums are taken in 64 bits: the one sum that leaves them (2^63) is not in
+// the data.
+template <class P, class C>
+__attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_cmul(const C* x, const C* y, C* z, int n, int sf) {
     for (int i = 0; i < n; ++i) {
         const int64_t re = int64_t(x[i].re) * y[i].re - int64_t(x[i].im) * y[i].im;
         const int64_t im = int64_t(x[i].re) * y[i].im + int64_t(x[i].im) * y[i].re;
-        z[i] = {scaled_loop<Zam16s>(re, sf), scaled_loop<Zam16s>(im, sf)};
+        z[i] = {scaled_loop<P>(re, sf), scaled_loop<P>(im, sf)};
     }
 }
 
@@ -42,17 +44,6 @@ __attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_cmul(const 
 __attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_const(const Zam32s* x, Zam32s c, Zam32s* z,
                                                                             int n, int sf) {
     for (int i = 0; i < n; ++i) z[i] = scaled_loop<Zam32s>(int64_t(x[i]) * c, sf);
-}
-
-// The 32sc product, scaled part by part; the sums are taken in 64 bits with
-// the one sum that leaves them (2^63) left out of the data.
-__attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_cmul32(const Zam32sc* x, const Zam32sc* y,
-                                                                             Zam32sc* z, int n, int sf) {
-    for (int i = 0; i < n; ++i) {
-        const int64_t re = int64_t(x[i].re) * y[i].re - int64_t(x[i].im) * y[i].im;
-        const int64_t im = int64_t(x[i].re) * y[i].im + int64_t(x[i].im) * y[i].re;
-        z[i] = {scaled_loop<Zam32s>(re, sf), scaled_loop<Zam32s>(im, sf)};
-    }
 }
 
 }  // namespace
@@ -130,7 +121,7 @@ ZAMS_BENCH(arith_scaled) {
         for (int i = 0; i < n; ++i) p[i] = {x[i], Zam16s(i * 31)}, q[i] = {y[i], Zam16s(-i * 17)};
         b.row("Mul_16sc_Sfs sf15", n, n * 12.0,
               {{"zams", [&] { zamsMul_16sc_Sfs(p.data(), q.data(), r.data(), n, 15); }},
-               {"scalar", [&] { scalar_cmul(p.data(), q.data(), r.data(), n, 15); }},
+               {"scalar", [&] { scalar_cmul<Zam16s>(p.data(), q.data(), r.data(), n, 15); }},
                {"memcpy", [&] { std::memcpy(r.data(), p.data(), n * sizeof(Zam16sc)); }}});
         b.row("Add_32s_Sfs sf1", n, n * 12.0,
               {{"zams", [&] { zamsAdd_32s_Sfs(u.data(), v.data(), w.data(), n, 1); }},
@@ -152,7 +143,7 @@ ZAMS_BENCH(arith_scaled) {
         for (int i = 0; i < n; ++i) e[i] = {u[i], v[i]}, f[i] = {v[i], -u[i] / 3};
         b.row("Mul_32sc_Sfs sf31", n, n * 24.0,
               {{"zams", [&] { zamsMul_32sc_Sfs(e.data(), f.data(), h.data(), n, 31); }},
-               {"scalar", [&] { scalar_cmul32(e.data(), f.data(), h.data(), n, 31); }},
+               {"scalar", [&] { scalar_cmul<Zam32s>(e.data(), f.data(), h.data(), n, 31); }},
                {"memcpy", [&] { std::memcpy(h.data(), e.data(), n * sizeof(Zam32sc)); }}});
     }
 }

@@ -83,30 +83,23 @@ inline void products64(__m128i x, __m128i y, __m128i& e, __m128i& o) {
     o = _mm_mul_epi32(odd(x), odd(y));
 }
 
-// a * b for 32s or 16s parts, b a source or a real constant.
-template <class A, class B> struct Prod {
+// a * b for 32s or 16s parts, b a source or a real constant; with C, plus
+// c's parts sign-extended to 64 bits (c + a * b).
+struct NoAcc {};
+inline constexpr NoAcc kNoAcc{};
+template <class A, class B, class C = NoAcc> struct Prod {
     const A& a;
     const B& b;
-    static constexpr bool pairs = false;
-    template <class R> __m128i operator()(ptrdiff_t j, const R& rule) const {
-        __m128i e, o;
-        products64(load32(a, j), load32(b, j), e, o);
-        return merge(rule(e), rule(o));
-    }
-};
-
-// c + a * b: c's parts sign-extended to 64 bits and added to the products.
-template <class A, class C> struct ProdAcc {
-    const A& a;
-    const A& b;
     const C& c;
     static constexpr bool pairs = false;
     template <class R> __m128i operator()(ptrdiff_t j, const R& rule) const {
         __m128i e, o;
         products64(load32(a, j), load32(b, j), e, o);
-        const __m128i z = load32(c, j);
-        e = _mm_add_epi64(e, _mm_cvtepi32_epi64(_mm_shuffle_epi32(z, 0x08)));
-        o = _mm_add_epi64(o, _mm_cvtepi32_epi64(_mm_shuffle_epi32(z, 0x0D)));
+        if constexpr (!std::is_same_v<C, NoAcc>) {
+            const __m128i z = load32(c, j);
+            e = _mm_add_epi64(e, _mm_cvtepi32_epi64(_mm_shuffle_epi32(z, 0x08)));
+            o = _mm_add_epi64(o, _mm_cvtepi32_epi64(_mm_shuffle_epi32(z, 0x0D)));
+        }
         return merge(rule(e), rule(o));
     }
 };
@@ -172,21 +165,6 @@ template <ScaleKind K, class S, class V> void drive(Zam32s* d, ptrdiff_t n, int 
     scalar<K>(d, j, n, sf, s);
 }
 
-template <class Kern> bool kinds(ScaleKind k, int sf, int max_pos, Kern kern) {
-    using K = ScaleKind;
-    switch (k) {
-        case K::None: kern(std::integral_constant<K, K::None>{}); return true;
-        case K::One: kern(std::integral_constant<K, K::One>{}); return true;
-        case K::Pos:
-            if (sf > max_pos) return false;
-            kern(std::integral_constant<K, K::Pos>{});
-            return true;
-        case K::Neg: kern(std::integral_constant<K, K::Neg>{}); return true;
-        case K::Bound: kern(std::integral_constant<K, K::Bound>{}); return true;
-        default: return false;
-    }
-}
-
 // Runs s into d where these kernels serve it; false otherwise. The factor
 // limits: the rounding shift serves up to 63, every family here but the
 // complex product zeroes (or is exact to zero) above 62.
@@ -196,8 +174,8 @@ template <class X> constexpr bool part32 = std::is_same_v<X, In<Zam32s>> || std:
 
 template <class A, class B> bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const Bin<F::Mul, A, B>& s) {
     if constexpr (part32<A> && (part32<B> || std::is_same_v<B, Const<Zam32s>>)) {
-        const Prod<A, B> v{s.a, s.b};
-        return kinds(k, sf, 62, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
+        const Prod<A, B> v{s.a, s.b, kNoAcc};
+        return lanes::by_kind<true>(k, sf, 62, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
     } else {
         return false;
     }
@@ -205,8 +183,8 @@ template <class A, class B> bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k
 
 template <class A> bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const MulAcc<A, A, In<Zam32s>>& s) {
     if constexpr (part32<A>) {
-        const ProdAcc<A, In<Zam32s>> v{s.a, s.b, s.c};
-        return kinds(k, sf, 62, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
+        const Prod<A, A, In<Zam32s>> v{s.a, s.b, s.c};
+        return lanes::by_kind<true>(k, sf, 62, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
     } else {
         return false;
     }
@@ -214,12 +192,12 @@ template <class A> bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const M
 
 inline bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const RMul<Zam32s, Zam32sc>& s) {
     const RProd v{s};
-    return kinds(k, sf, 62, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
+    return lanes::by_kind<true>(k, sf, 62, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
 }
 
 inline bool run(Zam32s* d, ptrdiff_t n, int sf, ScaleKind k, const CMul<I128, Zam32sc, Zam32sc>& s) {
     const CProd v(s, sf);
-    return kinds(k, sf, 63, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
+    return lanes::by_kind<true>(k, sf, 63, [&](auto K) { drive<K.value>(d, n, sf, s, v); });
 }
 
 }  // namespace zams::scaled::lanes64
