@@ -4,7 +4,9 @@
 // products (ac - bd, ad + bc in 64 bits).
 //
 // The rule on a 64-bit lane x, exactly as in scaled.h:
-// - right by k (1..63): q = floor(x / 2^k) by an arithmetic shift built from
+// - right by k (1..62) where |x| <= 2^62 + 2^32: (x + 2^(k-1) - 1 + bit k of
+//   x) >> k as one logical shift of the sum offset by 2^63 (see Rule64);
+// - right by k (1..63), any x: q = floor(x / 2^k) by an arithmetic shift built from
 //   a logical one (x xor its sign mask, shifted, xor the mask again), then
 //   q + ((rem + 2^(k-1) - 1 + (q & 1)) >> k) with rem = x mod 2^k: the sum
 //   stays below 2^(k+1), so the logical shift neither overflows nor errs;
@@ -25,8 +27,8 @@
 
 namespace zams::scaled::lanes64 {
 
-template <ScaleKind K> struct Rule64 {
-    __m128i cnt, mask, bias, one, lo, hi, clo, chi;
+template <ScaleKind K, bool Wide> struct Rule64 {
+    __m128i cnt, mask, bias, one, lo, hi, clo, chi, off, unoff;
     explicit Rule64(int sf) {
         const int k = K == ScaleKind::One || K == ScaleKind::Pos ? sf
                       : K == ScaleKind::Bound                    ? 31
@@ -35,7 +37,10 @@ template <ScaleKind K> struct Rule64 {
         cnt = _mm_cvtsi32_si128(k);
         const uint64_t m = k > 0 ? (uint64_t(1) << k) - 1 : 0;
         mask = _mm_set1_epi64x(int64_t(m));
-        bias = _mm_set1_epi64x(k > 1 ? int64_t((uint64_t(1) << (k - 1)) - 1) : 0);
+        const uint64_t b = k > 1 ? (uint64_t(1) << (k - 1)) - 1 : 0;
+        bias = _mm_set1_epi64x(int64_t(b));
+        off = _mm_set1_epi64x(int64_t(b + (uint64_t(1) << 63)));
+        unoff = _mm_set1_epi64x(k > 0 && k < 64 ? int64_t(uint64_t(1) << (63 - k)) : 0);
         one = _mm_set1_epi64x(1);
         lo = _mm_set1_epi64x(INT32_MIN);
         hi = _mm_set1_epi64x(INT32_MAX);
@@ -50,7 +55,13 @@ template <ScaleKind K> struct Rule64 {
     }
     // The result in the low 32 bits of each lane (sign-extended).
     __m128i operator()(__m128i x) const {
-        if constexpr (K == ScaleKind::One || K == ScaleKind::Pos) {
+        if constexpr ((K == ScaleKind::One || K == ScaleKind::Pos) && !Wide) {
+            // |x| <= 2^62 + 2^32: x + 2^63 + bias + (bit k of x) stays below
+            // 2^64, so one logical shift rounds; 2^(63-k) takes the offset off.
+            const __m128i odd = _mm_and_si128(_mm_srl_epi64(x, cnt), one);
+            const __m128i t = _mm_add_epi64(_mm_add_epi64(x, off), odd);
+            return saturate(_mm_sub_epi64(_mm_srl_epi64(t, cnt), unoff));
+        } else if constexpr (K == ScaleKind::One || K == ScaleKind::Pos) {
             const __m128i s = sign(x);
             const __m128i q = _mm_xor_si128(_mm_srl_epi64(_mm_xor_si128(x, s), cnt), s);
             const __m128i t = _mm_add_epi64(_mm_add_epi64(_mm_and_si128(x, mask), bias), _mm_and_si128(q, one));
@@ -91,7 +102,7 @@ template <class A, class B, class C = NoAcc> struct Prod {
     const A& a;
     const B& b;
     const C& c;
-    static constexpr bool pairs = false;
+    static constexpr bool pairs = false, wide = false;
     template <class R> __m128i operator()(ptrdiff_t j, const R& rule) const {
         __m128i e, o;
         products64(load32(a, j), load32(b, j), e, o);
@@ -107,7 +118,7 @@ template <class A, class B, class C = NoAcc> struct Prod {
 // A real 32s vector times a complex one: each real factor serves both parts.
 struct RProd {
     const RMul<Zam32s, Zam32sc>& s;
-    static constexpr bool pairs = true;
+    static constexpr bool pairs = true, wide = false;
     template <class R> __m128i operator()(ptrdiff_t j, const R& rule) const {
         const __m128i r = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(s.a + (j >> 1)));
         __m128i e, o;
@@ -120,7 +131,7 @@ struct RProd {
 struct CProd {
     const CMul<I128, Zam32sc, Zam32sc>& s;
     __m128i cst, imin, big;
-    static constexpr bool pairs = true;
+    static constexpr bool pairs = true, wide = true;
     CProd(const CMul<I128, Zam32sc, Zam32sc>& s_, int sf)
         : s(s_),
           cst(_mm_setr_epi32(s_.b->re, s_.b->im, s_.b->re, s_.b->im)),
@@ -156,7 +167,7 @@ template <ScaleKind K, class S> void scalar(Zam32s* d, ptrdiff_t from, ptrdiff_t
 // Scalar steps until d is 16-byte aligned (whole elements), four parts a
 // vector step, scalar tail.
 template <ScaleKind K, class S, class V> void drive(Zam32s* d, ptrdiff_t n, int sf, const S& s, const V& vec) {
-    const Rule64<K> r(sf);
+    const Rule64<K, V::wide> r(sf);
     ptrdiff_t j = ptrdiff_t((16 - reinterpret_cast<uintptr_t>(d) % 16) % 16 / sizeof(Zam32s));
     if (V::pairs) j = (j + 1) & ~ptrdiff_t(1);
     if (j > n) j = n;
