@@ -122,12 +122,21 @@ void each(T* d, int len, Apart&& apart, Scalar&& sc, Vector&& ve) {
         }
         _mm_sfence();
     } else {
-        for (; i + 4 * P <= len; i += 4 * P) {
-            const auto v0 = ve(i), v1 = ve(i + P), v2 = ve(i + 2 * P), v3 = ve(i + 3 * P);
-            st(d + i, v0);
-            st(d + i + P, v1);
-            st(d + i + 2 * P, v2);
-            st(d + i + 3 * P, v3);
+        if constexpr (is_complex_v<T>) {
+            // Complex products two a step: four took more instructions.
+            for (; i + 2 * P <= len; i += 2 * P) {
+                const auto v0 = ve(i), v1 = ve(i + P);
+                st(d + i, v0);
+                st(d + i + P, v1);
+            }
+        } else {
+            for (; i + 4 * P <= len; i += 4 * P) {
+                const auto v0 = ve(i), v1 = ve(i + P), v2 = ve(i + 2 * P), v3 = ve(i + 3 * P);
+                st(d + i, v0);
+                st(d + i + P, v1);
+                st(d + i + 2 * P, v2);
+                st(d + i + 3 * P, v3);
+            }
         }
     }
     for (; i + P <= len; i += P) st(d + i, ve(i));
