@@ -16,8 +16,9 @@ namespace {
 // The rounding rule of the scaled integer functions, element by element: the
 // scalar floor the vector kernels are measured against.
 template <class T> inline T scaled_loop(int64_t s, int sf) {
-    if (sf > 0) s = (s + (int64_t(1) << (sf - 1)) - 1 + ((s >> sf) & 1)) >> sf;
     constexpr int64_t lo = std::numeric_limits<T>::min(), hi = std::numeric_limits<T>::max();
+    if (sf > 0) s = (s + (int64_t(1) << (sf - 1)) - 1 + ((s >> sf) & 1)) >> sf;
+    if (sf < 0) s = (s < lo - 1 ? lo - 1 : (s > hi + 1 ? hi + 1 : s)) * (int64_t(1) << -sf);
     return T(s > hi ? hi : (s < lo ? lo : s));
 }
 
@@ -27,14 +28,22 @@ template <class T, class Op> __attribute__((noinline, optimize("no-tree-vectoriz
     for (int i = 0; i < n; ++i) z[i] = scaled_loop<T>(op(x[i], y[i]), sf);
 }
 
-// The complex product, scaled part by part.
-__attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_cmul(const Zam16sc* x, const Zam16sc* y,
-                                                                           Zam16sc* z, int n, int sf) {
+// The complex product, scaled part by part (P: the part type). For 32sc the
+// sums are taken in 64 bits: the one sum that leaves them (2^63) is not in
+// the data.
+template <class P, class C>
+__attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_cmul(const C* x, const C* y, C* z, int n, int sf) {
     for (int i = 0; i < n; ++i) {
         const int64_t re = int64_t(x[i].re) * y[i].re - int64_t(x[i].im) * y[i].im;
         const int64_t im = int64_t(x[i].re) * y[i].im + int64_t(x[i].im) * y[i].re;
-        z[i] = {scaled_loop<Zam16s>(re, sf), scaled_loop<Zam16s>(im, sf)};
+        z[i] = {scaled_loop<P>(re, sf), scaled_loop<P>(im, sf)};
     }
+}
+
+// A vector times a constant, scaled.
+__attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_const(const Zam32s* x, Zam32s c, Zam32s* z,
+                                                                            int n, int sf) {
+    for (int i = 0; i < n; ++i) z[i] = scaled_loop<Zam32s>(int64_t(x[i]) * c, sf);
 }
 
 }  // namespace
@@ -102,6 +111,8 @@ ZAMS_BENCH(arith_scaled) {
             u[i] = Zam32s(i * 2654435761u), v[i] = Zam32s(i * 40503u + 3);
         }
         auto add = [](int64_t a, int64_t b) { return a + b; };
+        auto sub = [](int64_t a, int64_t b) { return a - b; };
+        auto mul = [](int64_t a, int64_t b) { return a * b; };
         b.row("Add_8u_Sfs sf0", n, n * 3.0,
               {{"zams", [&] { zamsAdd_8u_Sfs(x.data(), y.data(), z.data(), n, 0); }},
                {"scalar", [&] { scalar_loop(x.data(), y.data(), z.data(), n, 0, add); }},
@@ -110,12 +121,30 @@ ZAMS_BENCH(arith_scaled) {
         for (int i = 0; i < n; ++i) p[i] = {x[i], Zam16s(i * 31)}, q[i] = {y[i], Zam16s(-i * 17)};
         b.row("Mul_16sc_Sfs sf15", n, n * 12.0,
               {{"zams", [&] { zamsMul_16sc_Sfs(p.data(), q.data(), r.data(), n, 15); }},
-               {"scalar", [&] { scalar_cmul(p.data(), q.data(), r.data(), n, 15); }},
+               {"scalar", [&] { scalar_cmul<Zam16s>(p.data(), q.data(), r.data(), n, 15); }},
                {"memcpy", [&] { std::memcpy(r.data(), p.data(), n * sizeof(Zam16sc)); }}});
         b.row("Add_32s_Sfs sf1", n, n * 12.0,
               {{"zams", [&] { zamsAdd_32s_Sfs(u.data(), v.data(), w.data(), n, 1); }},
                {"scalar", [&] { scalar_loop(u.data(), v.data(), w.data(), n, 1, add); }},
                {"memcpy", [&] { std::memcpy(w.data(), u.data(), n * sizeof(Zam32s)); }}});
+        b.row("Sub_32s_Sfs sf-3", n, n * 12.0,
+              {{"zams", [&] { zamsSub_32s_Sfs(u.data(), v.data(), w.data(), n, -3); }},
+               {"scalar", [&] { scalar_loop(v.data(), u.data(), w.data(), n, -3, sub); }},
+               {"memcpy", [&] { std::memcpy(w.data(), u.data(), n * sizeof(Zam32s)); }}});
+        b.row("Mul_32s_Sfs sf20", n, n * 12.0,
+              {{"zams", [&] { zamsMul_32s_Sfs(u.data(), v.data(), w.data(), n, 20); }},
+               {"scalar", [&] { scalar_loop(u.data(), v.data(), w.data(), n, 20, mul); }},
+               {"memcpy", [&] { std::memcpy(w.data(), u.data(), n * sizeof(Zam32s)); }}});
+        b.row("MulC_32s_Sfs sf0", n, n * 8.0,
+              {{"zams", [&] { zamsMulC_32s_Sfs(u.data(), -7, w.data(), n, 0); }},
+               {"scalar", [&] { scalar_const(u.data(), -7, w.data(), n, 0); }},
+               {"memcpy", [&] { std::memcpy(w.data(), u.data(), n * sizeof(Zam32s)); }}});
+        std::vector<Zam32sc> e(n), f(n), h(n);
+        for (int i = 0; i < n; ++i) e[i] = {u[i], v[i]}, f[i] = {v[i], -u[i] / 3};
+        b.row("Mul_32sc_Sfs sf31", n, n * 24.0,
+              {{"zams", [&] { zamsMul_32sc_Sfs(e.data(), f.data(), h.data(), n, 31); }},
+               {"scalar", [&] { scalar_cmul<Zam32s>(e.data(), f.data(), h.data(), n, 31); }},
+               {"memcpy", [&] { std::memcpy(h.data(), e.data(), n * sizeof(Zam32sc)); }}});
     }
 }
 

@@ -14,13 +14,20 @@ namespace {
 
 // Vector traits over the base scalar of a sample type; a complex vector
 // holds P = L / 2 interleaved elements.
+// Eight all-ones words then eight zero words: the 32 bytes from word 8 - k
+// select the first k of eight 32-bit lanes (or k/2 of four 64-bit ones).
+// Selection is bitwise: a blendv would be rewritten into a branch a lane
+// (AVX has no 256-bit integer compare for the compiler's form of it).
+alignas(64) constexpr int32_t kFirstMask[16] = {-1, -1, -1, -1, -1, -1, -1, -1, 0, 0, 0, 0, 0, 0, 0, 0};
+inline __m256 first_mask(int from) {
+    return _mm256_loadu_ps(reinterpret_cast<const float*>(kFirstMask + from));
+}
+
 template <class S> struct Lanes;
 template <> struct Lanes<float> : Avx<float> {
-    // x in the first k lanes, y in the rest, by bitwise selection (a blendv
-    // would be rewritten into a branch a lane: AVX has no 256-bit integer
-    // compare for the compiler's form of it).
+    // x in the first k lanes, y in the rest (k in 0..8).
     static V first(V x, V y, int k) {
-        const V m = _mm256_cmp_ps(_mm256_setr_ps(0, 1, 2, 3, 4, 5, 6, 7), _mm256_set1_ps(float(k)), _CMP_LT_OQ);
+        const V m = first_mask(8 - k);
         return _mm256_or_ps(_mm256_and_ps(m, x), _mm256_andnot_ps(m, y));
     }
     static void stream(float* p, V v) { _mm256_stream_ps(p, v); }
@@ -35,7 +42,7 @@ template <> struct Lanes<float> : Avx<float> {
 };
 template <> struct Lanes<double> : Avx<double> {
     static V first(V x, V y, int k) {
-        const V m = _mm256_cmp_pd(_mm256_setr_pd(0, 1, 2, 3), _mm256_set1_pd(double(k)), _CMP_LT_OQ);
+        const V m = _mm256_castps_pd(first_mask(8 - 2 * k));
         return _mm256_or_pd(_mm256_and_pd(m, x), _mm256_andnot_pd(m, y));
     }
     static void stream(double* p, V v) { _mm256_stream_pd(p, v); }
@@ -90,9 +97,10 @@ template <class T, class V> void st(T* p, V v) { Lanes<base_t<T>>::store(reinter
 // the elements before the destination's 32-byte boundary and the last one
 // the elements after the body, each merged with the destination's current
 // contents, so in place the elements that others compute are written back
-// unchanged. Long calls whose destination overlaps no source (`apart`)
-// store the body non-temporally.
-template <class T, class Scalar, class Vector> void each(T* d, int len, bool apart, Scalar&& sc, Vector&& ve) {
+// unchanged. Long calls whose destination overlaps no source (`apart()`,
+// asked only of long calls) store the body non-temporally.
+template <class T, class Apart, class Scalar, class Vector>
+void each(T* d, int len, Apart&& apart, Scalar&& sc, Vector&& ve) {
     using Ln = Lanes<base_t<T>>;
     constexpr int P = Ln::L / (is_complex_v<T> ? 2 : 1), per = Ln::L / P;  // lanes an element
     if (len < P) {
@@ -104,7 +112,7 @@ template <class T, class Scalar, class Vector> void each(T* d, int len, bool apa
         const auto v = ve(0);
         st(d, Ln::first(v, ld(d), i * per));
     }
-    if (apart && size_t(len) * sizeof(T) >= kStreamMinBytes && reinterpret_cast<uintptr_t>(d + i) % 32 == 0) {
+    if (size_t(len) * sizeof(T) >= kStreamMinBytes && reinterpret_cast<uintptr_t>(d + i) % 32 == 0 && apart()) {
         auto* q = reinterpret_cast<base_t<T>*>(d);
         _mm_sfence();  // the head's store before the streamed ones that overlap it
         for (; i + 2 * P <= len; i += 2 * P) {
@@ -114,16 +122,24 @@ template <class T, class Scalar, class Vector> void each(T* d, int len, bool apa
         }
         _mm_sfence();
     } else {
-        for (; i + 2 * P <= len; i += 2 * P) {
-            const auto v0 = ve(i), v1 = ve(i + P);
-            st(d + i, v0);
-            st(d + i + P, v1);
+        if constexpr (is_complex_v<T>) {
+            // Complex products two a step: four took more instructions.
+            for (; i + 2 * P <= len; i += 2 * P) {
+                const auto v0 = ve(i), v1 = ve(i + P);
+                st(d + i, v0);
+                st(d + i + P, v1);
+            }
+        } else {
+            for (; i + 4 * P <= len; i += 4 * P) {
+                const auto v0 = ve(i), v1 = ve(i + P), v2 = ve(i + 2 * P), v3 = ve(i + 3 * P);
+                st(d + i, v0);
+                st(d + i + P, v1);
+                st(d + i + 2 * P, v2);
+                st(d + i + 3 * P, v3);
+            }
         }
     }
-    if (i + P <= len) {
-        st(d + i, ve(i));
-        i += P;
-    }
+    for (; i + P <= len; i += P) st(d + i, ve(i));
     if (i < len) {
         const int j = len - P;
         const auto v = ve(j);
@@ -138,13 +154,13 @@ template <class T> bool apart(const T* d, int len, const void* a, size_t asz) {
 // d = a op b (Sub: b - a, the second source less the first).
 template <Op O, class T> zamStatus vv(const T* a, const T* b, T* d, int len) {
     if (zamStatus s = check_args(len, a, b, d)) return s;
-    const bool ap = apart(d, len, a, sizeof(T)) && apart(d, len, b, sizeof(T));
+    const auto ap = [=] { return apart(d, len, a, sizeof(T)) && apart(d, len, b, sizeof(T)); };
     if constexpr (O == Op::Sub) {
-        each(d, len, ap, [&](int i) { d[i] = apply<O>(b[i], a[i]); },
-             [&](int i) { return apply_v<O, T>(ld(b + i), ld(a + i)); });
+        each(d, len, ap, [=](int i) { d[i] = apply<O>(b[i], a[i]); },
+             [=](int i) { return apply_v<O, T>(ld(b + i), ld(a + i)); });
     } else {
-        each(d, len, ap, [&](int i) { d[i] = apply<O>(a[i], b[i]); },
-             [&](int i) { return apply_v<O, T>(ld(a + i), ld(b + i)); });
+        each(d, len, ap, [=](int i) { d[i] = apply<O>(a[i], b[i]); },
+             [=](int i) { return apply_v<O, T>(ld(a + i), ld(b + i)); });
     }
     return zamStatusOk;
 }
@@ -153,13 +169,13 @@ template <Op O, class T> zamStatus vv(const T* a, const T* b, T* d, int len) {
 template <Op O, bool Rev, class T> zamStatus vc(const T* a, T val, T* d, int len) {
     if (zamStatus s = check_args(len, a, d)) return s;
     const auto c = Lanes<base_t<T>>::splat(val);
-    const bool ap = apart(d, len, a, sizeof(T));
+    const auto ap = [=] { return apart(d, len, a, sizeof(T)); };
     if constexpr (Rev) {
-        each(d, len, ap, [&](int i) { d[i] = apply<O>(val, a[i]); },
-             [&](int i) { return apply_v<O, T>(c, ld(a + i)); });
+        each(d, len, ap, [=](int i) { d[i] = apply<O>(val, a[i]); },
+             [=](int i) { return apply_v<O, T>(c, ld(a + i)); });
     } else {
-        each(d, len, ap, [&](int i) { d[i] = apply<O>(a[i], val); },
-             [&](int i) { return apply_v<O, T>(ld(a + i), c); });
+        each(d, len, ap, [=](int i) { d[i] = apply<O>(a[i], val); },
+             [=](int i) { return apply_v<O, T>(ld(a + i), c); });
     }
     return zamStatusOk;
 }
@@ -167,8 +183,8 @@ template <Op O, bool Rev, class T> zamStatus vc(const T* a, T val, T* d, int len
 // d += a * b.
 template <class T> zamStatus addprod(const T* a, const T* b, T* d, int len) {
     if (zamStatus s = check_args(len, a, b, d)) return s;
-    each(d, len, false, [&](int i) { d[i] = add(d[i], mul(a[i], b[i])); },
-         [&](int i) { return apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), ld(b + i))); });
+    each(d, len, [] { return false; }, [=](int i) { d[i] = add(d[i], mul(a[i], b[i])); },
+         [=](int i) { return apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), ld(b + i))); });
     return zamStatusOk;
 }
 
@@ -176,8 +192,8 @@ template <class T> zamStatus addprod(const T* a, const T* b, T* d, int len) {
 template <class T> zamStatus addprodc(const T* a, T val, T* d, int len) {
     if (zamStatus s = check_args(len, a, d)) return s;
     const auto c = Lanes<base_t<T>>::splat(val);
-    each(d, len, false, [&](int i) { d[i] = add(d[i], mul(a[i], val)); },
-         [&](int i) { return apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), c)); });
+    each(d, len, [] { return false; }, [=](int i) { d[i] = add(d[i], mul(a[i], val)); },
+         [=](int i) { return apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), c)); });
     return zamStatusOk;
 }
 
@@ -185,9 +201,9 @@ template <class T> zamStatus addprodc(const T* a, T val, T* d, int len) {
 template <class R, class C> zamStatus mul_real_cplx(const R* r, const C* c, C* d, int len) {
     if (zamStatus s = check_args(len, r, c, d)) return s;
     using Ln = Lanes<R>;
-    each(d, len, apart(d, len, r, sizeof(R)) && apart(d, len, c, sizeof(C)),
-         [&](int i) { d[i] = {r[i] * c[i].re, r[i] * c[i].im}; },
-         [&](int i) { return Ln::mul(Ln::pairs(r + i), ld(c + i)); });
+    each(d, len, [=] { return apart(d, len, r, sizeof(R)) && apart(d, len, c, sizeof(C)); },
+         [=](int i) { d[i] = {r[i] * c[i].re, r[i] * c[i].im}; },
+         [=](int i) { return Ln::mul(Ln::pairs(r + i), ld(c + i)); });
     return zamStatusOk;
 }
 

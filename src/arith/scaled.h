@@ -342,6 +342,7 @@ template <class D, ScaleKind K, class S> void vector_k(D* d, ptrdiff_t n, int sf
 }  // namespace zams::scaled
 
 #include "scaled_lanes.h"
+#include "scaled_wide.h"
 
 namespace zams::scaled {
 
@@ -350,6 +351,7 @@ namespace zams::scaled {
 // stream has them and the rounding bias cannot overflow 32 bits.
 template <class D, class S> void run(D* d, ptrdiff_t n, int sf, ScaleKind k, const S& s) {
     if (lanes::run(d, n, sf, k, s)) return;
+    if (lanes64::run(d, n, sf, k, s)) return;
     if constexpr (S::vec) {
         const bool pos_fits = sf < 31 && S::max_abs + (int64_t(1) << (sf > 0 ? sf - 1 : 0)) <= INT32_MAX;
         switch (k) {

@@ -1,6 +1,6 @@
-// Scaled Add and Sub on 8- and 16-bit elements in lanes of their own width
-// (sixteen bytes or eight words a step), for the kinds None, One and Pos;
-// 8u also for Neg and Bound. They compute exactly the rule of scaled.h:
+// Scaled Add and Sub on 8-, 16- and 32-bit elements in lanes of their own
+// width (sixteen bytes a step), for the kinds None, One and Pos; 8u and 32s
+// also for Neg and Bound. They compute exactly the rule of scaled.h:
 //
 // - None is the saturating instruction itself (paddsw, psubusb, ...).
 // - 8u: the sum or difference of two bytes is exact in a 16-bit lane.
@@ -189,16 +189,25 @@ template <ScaleKind K, F f, class A, class B> void bytes(Zam8u* d, ptrdiff_t n, 
 // 32s elements: the same scheme as words() in 32-bit lanes. None adds with
 // wrap-around and takes the bound by the sign of x where the signs say the
 // result overflowed (the sign bit of the overflow word picks the lane).
+// Neg and Bound work in double, where every step is exact: the 33-bit sum,
+// its product by 2^k (k <= 32; at the bound, 32 saturates any nonzero sum),
+// the clamp to the 32-bit range and the conversion of an integer.
 template <ScaleKind K, F f, class A, class B> void dwords(Zam32s* d, ptrdiff_t n, int sf, const Bin<f, A, B>& s) {
     const __m128i one = _mm_set1_epi32(1), smax = _mm_set1_epi32(INT32_MAX), smin = _mm_set1_epi32(INT32_MIN);
     const int k = K == ScaleKind::Pos ? sf - 1 : 1;
     const __m128i cnt = _mm_cvtsi32_si128(k);
     const __m128i mask = _mm_set1_epi32(int32_t((uint32_t(1) << k) - 1));
     const __m128i bias = _mm_set1_epi32(int32_t((uint32_t(1) << (k - 1)) - 1));
+    const __m256d scale = _mm256_set1_pd(double(int64_t(1) << (K == ScaleKind::Bound ? 32 : (sf < 0 ? -sf : 0))));
+    const __m256d dlo = _mm256_set1_pd(double(INT32_MIN)), dhi = _mm256_set1_pd(double(INT32_MAX));
     drive<Zam32s, K>(d, n, sf, s, [&](ptrdiff_t j) {
         const __m128i x = Operand<A>::load(s.a, j), y = Operand<B>::load(s.b, j);
         __m128i r;
-        if constexpr (K == ScaleKind::None) {
+        if constexpr (K == ScaleKind::Neg || K == ScaleKind::Bound) {
+            const __m256d xd = _mm256_cvtepi32_pd(x), yd = _mm256_cvtepi32_pd(y);
+            const __m256d v = _mm256_mul_pd(f == F::Add ? _mm256_add_pd(xd, yd) : _mm256_sub_pd(xd, yd), scale);
+            r = _mm256_cvttpd_epi32(_mm256_min_pd(_mm256_max_pd(v, dlo), dhi));
+        } else if constexpr (K == ScaleKind::None) {
             const __m128i w = f == F::Add ? _mm_add_epi32(x, y) : _mm_sub_epi32(x, y);
             const __m128i over = f == F::Add ? _mm_andnot_si128(_mm_xor_si128(x, y), _mm_xor_si128(x, w))
                                              : _mm_and_si128(_mm_xor_si128(x, y), _mm_xor_si128(x, w));
@@ -335,7 +344,7 @@ template <class D, class S> bool run(D* d, ptrdiff_t n, int sf, ScaleKind k, con
             words_mul(d, n, s);
             return true;
         } else if constexpr (std::is_same_v<D, Zam32s>) {
-            return by_kind<false>(k, sf, 32, [&](auto K) { dwords<K.value>(d, n, sf, s); });
+            return by_kind<true>(k, sf, 32, [&](auto K) { dwords<K.value>(d, n, sf, s); });
         } else if constexpr (std::is_same_v<D, Zam8u>) {
             return by_kind<true>(k, sf, 15, [&](auto K) { bytes<K.value>(d, n, sf, s); });
         } else {

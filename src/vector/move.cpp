@@ -18,59 +18,118 @@ constexpr uint64_t kCopyPiece = 0x7FFFFFE0u;
 // whole 64-byte blocks that bypass it.
 constexpr size_t kLargeFill = size_t(2) << 20;
 
-// Pattern bytes for every phase: a store at byte offset o of the fill takes
-// its bytes from buf + o % esize.
+// The element repeated over 16 bytes: one broadcast a power-of-two size,
+// chosen by table (index log2 of the size).
+using Broadcast = __m128i (*)(const uint8_t*);
+template <class W> __m128i broadcast(const uint8_t* p) {
+    W w;
+    std::memcpy(&w, p, sizeof w);
+    if constexpr (sizeof(W) == 1) return _mm_set1_epi8(static_cast<char>(w));
+    else if constexpr (sizeof(W) == 2) return _mm_set1_epi16(static_cast<short>(w));
+    else return _mm_set1_epi32(static_cast<int>(w));
+}
+__m128i broadcast8(const uint8_t* p) {
+    const __m128i x = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
+    return _mm_unpacklo_epi64(x, x);
+}
+__m128i broadcast16(const uint8_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+constexpr Broadcast kBroadcast[5] = {broadcast<uint8_t>, broadcast<uint16_t>, broadcast<uint32_t>, broadcast8,
+                                     broadcast16};
+
+// The pattern in phase 0 (byte i is elem[i % esize]) and, for the aligned
+// body, in the phase of byte offset o: every byte offset that is a multiple
+// of the element size (all that the unaligned stores use) has phase 0.
 struct Pattern {
-    alignas(32) uint8_t buf[96];
-    Pattern(const uint8_t* elem, size_t esize) {
-        // esize is a power of two: a mask, not a division per byte.
-        for (size_t i = 0; i < sizeof buf; i += esize) std::memcpy(buf + i, elem, esize);
+    __m128i p16;
+    __m256i p32;
+    Pattern(const uint8_t* elem, size_t esize)
+        : p16(kBroadcast[__builtin_ctz(unsigned(esize))](elem)), p32(both(p16)) {}
+    static __m256i both(__m128i x) { return _mm256_insertf128_si256(_mm256_castsi128_si256(x), x, 1); }
+    // Bytes o, o+1, ... of the fill (the element size divides 16).
+    __m256i at(size_t o) const {
+        const __m128i idx = _mm_and_si128(_mm_add_epi8(_mm_setr_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15),
+                                                       _mm_set1_epi8(static_cast<char>(o & 15))),
+                                          _mm_set1_epi8(15));
+        return both(_mm_shuffle_epi8(p16, idx));
     }
 };
 
-inline void store32(uint8_t* p, const uint8_t* src) {
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_loadu_si256(reinterpret_cast<const __m256i*>(src)));
+inline void store32(uint8_t* p, __m256i v) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v); }
+inline void store16(uint8_t* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
+
+// Up to 32 bytes: two stores of the widest piece that fits, overlapping in
+// the middle (n is a multiple of the element size, so both are in phase 0).
+inline void fill_short(uint8_t* d, size_t n, __m128i p) {
+    if (n >= 16) {
+        store16(d, p);
+        store16(d + n - 16, p);
+    } else if (n >= 8) {
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(d), p);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(d + n - 8), p);
+    } else if (n >= 4) {
+        const uint32_t w = uint32_t(_mm_cvtsi128_si32(p));
+        std::memcpy(d, &w, 4);
+        std::memcpy(d + n - 4, &w, 4);
+    } else if (n >= 2) {
+        const uint16_t w = uint16_t(_mm_cvtsi128_si32(p));
+        std::memcpy(d, &w, 2);
+        std::memcpy(d + n - 2, &w, 2);
+    } else {
+        *d = uint8_t(_mm_cvtsi128_si32(p));
+    }
 }
 
-// Vector fill: one unaligned store at the start, aligned stores from the
-// next 32-byte boundary, one unaligned store ending at the last byte.
-void fill_plain(uint8_t* d, size_t n, const Pattern& pat, size_t esize) {
-    if (n < 32) {
-        std::memcpy(d, pat.buf, n);
+// Vector fill. Up to 128 bytes: two or four overlapping unaligned stores.
+// Longer: one unaligned store at the start, aligned stores four at a time
+// from the next 32-byte boundary, and the last 128 bytes as four unaligned
+// stores ending at the last byte.
+void fill_plain(uint8_t* d, size_t n, const Pattern& pat) {
+    const __m256i p = pat.p32;
+    if (n <= 32) return fill_short(d, n, pat.p16);
+    if (n <= 64) {
+        store32(d, p);
+        store32(d + n - 32, p);
         return;
     }
-    store32(d, pat.buf);
+    if (n <= 128) {
+        store32(d, p);
+        store32(d + 32, p);
+        store32(d + n - 64, p);
+        store32(d + n - 32, p);
+        return;
+    }
+    store32(d, p);
     size_t o = 32 - (reinterpret_cast<uintptr_t>(d) & 31);
-    const __m256i body = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(pat.buf + (o & (esize - 1))));
+    const __m256i body = pat.at(o);
     for (; o + 128 <= n; o += 128) {
         _mm256_store_si256(reinterpret_cast<__m256i*>(d + o), body);
         _mm256_store_si256(reinterpret_cast<__m256i*>(d + o + 32), body);
         _mm256_store_si256(reinterpret_cast<__m256i*>(d + o + 64), body);
         _mm256_store_si256(reinterpret_cast<__m256i*>(d + o + 96), body);
     }
-    for (; o + 32 <= n; o += 32) _mm256_store_si256(reinterpret_cast<__m256i*>(d + o), body);
-    if (o < n) store32(d + n - 32, pat.buf + ((n - 32) & (esize - 1)));
+    uint8_t* e = d + n;
+    store32(e - 128, p);
+    store32(e - 96, p);
+    store32(e - 64, p);
+    store32(e - 32, p);
 }
 
 // Fill larger than the cache: a 64-byte block at the start, whole 64-byte
 // blocks from the next 64-byte boundary with stores that bypass the cache,
-// then pieces of 32, 16, 8, 4, 2 and 1 bytes.
-void fill_blocks(uint8_t* d, size_t n, const Pattern& pat, size_t esize) {
-    store32(d, pat.buf);
-    store32(d + 32, pat.buf + 32 % esize);
+// then the last 64 bytes as two unaligned stores.
+void fill_blocks(uint8_t* d, size_t n, const Pattern& pat) {
+    const __m256i p = pat.p32;
+    store32(d, p);
+    store32(d + 32, p);
     size_t o = 64 - (reinterpret_cast<uintptr_t>(d) & 63);
-    const __m256i body = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(pat.buf + o % esize));
+    const __m256i body = pat.at(o);
     for (; o + 64 <= n; o += 64) {
         _mm256_stream_si256(reinterpret_cast<__m256i*>(d + o), body);
         _mm256_stream_si256(reinterpret_cast<__m256i*>(d + o + 32), body);
     }
     _mm_sfence();
-    for (size_t piece = 32; piece >= 1; piece /= 2) {
-        if (n - o >= piece) {
-            std::memcpy(d + o, pat.buf + o % esize, piece);
-            o += piece;
-        }
-    }
+    store32(d + n - 64, p);
+    store32(d + n - 32, p);
 }
 
 template <class T> zamStatus copy(const T* src, T* dst, int len) {
@@ -136,16 +195,17 @@ zamStatus copy_bits(const Zam8u* src, int soff, Zam8u* dst, int doff, int len) {
 
 }  // namespace
 
+// Out of line, so that short fills keep a small frame.
+__attribute__((noinline)) void fill_large(uint8_t* d, size_t n, const Pattern& pat) {
+    int cache = 0;
+    if (zamGetMaxCacheSizeB(&cache) == zamCoreOk && n > size_t(cache)) fill_blocks(d, n, pat);
+    else fill_plain(d, n, pat);
+}
+
 void fill_pattern(uint8_t* d, size_t n, const uint8_t* elem, size_t esize) {
-    Pattern pat(elem, esize);
-    if (n > kLargeFill) {
-        int cache = 0;
-        if (zamGetMaxCacheSizeB(&cache) == zamCoreOk && n > size_t(cache)) {
-            fill_blocks(d, n, pat, esize);
-            return;
-        }
-    }
-    fill_plain(d, n, pat, esize);
+    const Pattern pat(elem, esize);
+    if (n > kLargeFill) fill_large(d, n, pat);
+    else fill_plain(d, n, pat);
 }
 
 }  // namespace zams

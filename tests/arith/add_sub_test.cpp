@@ -38,7 +38,7 @@ TEST(ScaledAdd, EveryFactorLengthAndAlignment) {
     st::two_sources<Zam8u, Zam8u, Zam8u>(TWO(Add, 8u), add_m<Zam8u>(), {0, 1, 4, -3});
     st::two_sources<Zam16s, Zam16s, Zam16s>(TWO(Add, 16s), add_m<Zam16s>(), {0, 1, 5, -4});
     st::two_sources<Zam16u, Zam16u, Zam16u>(TWO(Add, 16u), add_m<Zam16u>(), {0, 2, -20}, 3);
-    st::two_sources<Zam32s, Zam32s, Zam32s>(TWO(Add, 32s), add_m<Zam32s>(), {0, 7}, 7);
+    st::two_sources<Zam32s, Zam32s, Zam32s>(TWO(Add, 32s), add_m<Zam32s>(), {0, 7, -4}, 7);
     st::two_sources<Zam16sc, Zam16sc, Zam16sc>(TWO(Add, 16sc), add_m<Zam16sc>(), {3}, 5);
     st::two_sources<Zam32sc, Zam32sc, Zam32sc>(TWO(Add, 32sc), add_m<Zam32sc>(), {-2}, 11);
     st::two_sources<Zam64s, Zam64s, Zam64s>(zamsAdd_64s_Sfs, nullptr, add_m<Zam64s>(), {1}, 11);
@@ -48,7 +48,7 @@ TEST(ScaledSub, EveryFactorLengthAndAlignment) {
     st::two_sources<Zam8u, Zam8u, Zam8u>(TWO(Sub, 8u), sub_m<Zam8u>(), {0, 1, -2}, 2);
     st::two_sources<Zam16s, Zam16s, Zam16s>(TWO(Sub, 16s), sub_m<Zam16s>(), {0, 3, -1}, 2);
     st::two_sources<Zam16u, Zam16u, Zam16u>(TWO(Sub, 16u), sub_m<Zam16u>(), {1, -5}, 3);
-    st::two_sources<Zam32s, Zam32s, Zam32s>(TWO(Sub, 32s), sub_m<Zam32s>(), {2}, 7);
+    st::two_sources<Zam32s, Zam32s, Zam32s>(TWO(Sub, 32s), sub_m<Zam32s>(), {2, -31}, 7);
     st::two_sources<Zam16sc, Zam16sc, Zam16sc>(TWO(Sub, 16sc), sub_m<Zam16sc>(), {0}, 5);
     st::two_sources<Zam32sc, Zam32sc, Zam32sc>(TWO(Sub, 32sc), sub_m<Zam32sc>(), {5}, 11);
 }

@@ -1,5 +1,7 @@
 // Scaled Mul, MulC, the mixed-width products and AddProduct against the
 // long double model.
+#include <random>
+
 #include "digest.h"
 #include "scaled_model.h"
 
@@ -24,9 +26,9 @@ template <class C> auto cmul_m() {
 TEST(ScaledMul, EveryFactorLengthAndAlignment) {
     st::two_sources<Zam8u, Zam8u, Zam8u>(TWO(Mul, 8u), mul_m<Zam8u, Zam8u>(), {0, 1, 6, -3});
     st::two_sources<Zam16s, Zam16s, Zam16s>(TWO(Mul, 16s), mul_m<Zam16s, Zam16s>(), {0, 1, 15, 30, -2});
-    st::two_sources<Zam32s, Zam32s, Zam32s>(TWO(Mul, 32s), mul_m<Zam32s, Zam32s>(), {31}, 7);
+    st::two_sources<Zam32s, Zam32s, Zam32s>(TWO(Mul, 32s), mul_m<Zam32s, Zam32s>(), {31, -3}, 7);
     st::two_sources<Zam16sc, Zam16sc, Zam16sc>(TWO(Mul, 16sc), cmul_m<Zam16sc>(), {15}, 5);
-    st::two_sources<Zam32sc, Zam32sc, Zam32sc>(TWO(Mul, 32sc), cmul_m<Zam32sc>(), {33}, 11);
+    st::two_sources<Zam32sc, Zam32sc, Zam32sc>(TWO(Mul, 32sc), cmul_m<Zam32sc>(), {33, -2}, 11);
 }
 
 TEST(ScaledMul, MixedWidths) {
@@ -47,6 +49,49 @@ TEST(ScaledMulC, EveryFactorAndConstant) {
     st::constant<Zam16sc, Zam16sc>(TWO(MulC, 16sc), cmul_m<Zam16sc>(),
                                    {{-32768, -32768}, {32767, -32768}, {0, 1}, {3, -2}}, {0, 16});
     st::constant<Zam32sc, Zam32sc>(TWO(MulC, 32sc), cmul_m<Zam32sc>(), {{INT32_MIN, INT32_MIN}, {-5, 7}}, {40});
+}
+
+// 32-bit products at exact ties and one step either side, at every factor
+// the 64-bit lane kernels serve: a = +-2^e and b = q 2^t + 2^(t-1) + delta
+// put the tie at factor e + t. Complex: (a, 0) times (b, b') gives two
+// products of the same form.
+TEST(ScaledMul, ProductsOf32BitPartsAtTies) {
+    std::mt19937_64 g(11);
+    const int n = 37;
+    for (int sf = 1; sf <= 62; ++sf) {
+        const int e = sf - 1 < 30 ? sf - 1 : 30, t = sf - e;
+        std::vector<Zam32s> a(n), b(n), d(n);
+        std::vector<Zam32sc> ca(n), cb(n), cd(n);
+        auto tie = [&] {
+            const int64_t q = int64_t(g() % 64) - 32, delta = int64_t(g() % 3) - 1;
+            const int64_t v = (q << t) + (int64_t(1) << (t - 1)) + delta;
+            return Zam32s(v < INT32_MIN ? INT32_MIN : (v > INT32_MAX ? INT32_MAX : v));
+        };
+        for (int i = 0; i < n; ++i) {
+            a[i] = Zam32s(g() & 1 ? -(int64_t(1) << e) : (int64_t(1) << e));
+            b[i] = tie();
+            ca[i] = {a[i], 0};
+            cb[i] = {tie(), tie()};
+        }
+        ASSERT_EQ(zamsMul_32s_Sfs(a.data(), b.data(), d.data(), n, sf), zamStatusOk);
+        ASSERT_EQ(zamsMul_32sc_Sfs(ca.data(), cb.data(), cd.data(), n, sf), zamStatusOk);
+        for (int i = 0; i < n; ++i) {
+            ASSERT_EQ(d[i], scale<Zam32s>(ld(a[i]) * b[i], sf)) << "sf " << sf << " " << a[i] << " * " << b[i];
+            ASSERT_TRUE(st::same(cd[i], cmul_m<Zam32sc>()(ca[i], cb[i], sf))) << "sf " << sf << " i " << i;
+        }
+    }
+}
+
+// (-2^31 - 2^31 i)^2 = 2^63 i leaves 64 bits: inside vectors, at every factor.
+TEST(ScaledMul, ComplexSumBeyond64BitsInsideVectors) {
+    const int n = 13;
+    std::vector<Zam32sc> a(n, Zam32sc{INT32_MIN, INT32_MIN}), d(n);
+    a[3] = {INT32_MIN, INT32_MAX};
+    a[8] = {5, -7};
+    for (int sf = -40; sf <= 70; ++sf) {
+        ASSERT_EQ(zamsMul_32sc_Sfs(a.data(), a.data(), d.data(), n, sf), zamStatusOk);
+        for (int i = 0; i < n; ++i) ASSERT_TRUE(st::same(d[i], cmul_m<Zam32sc>()(a[i], a[i], sf))) << sf << " " << i;
+    }
 }
 
 // pSrcDst starts as c: c + a * b, scaled.

@@ -100,6 +100,28 @@ TEST(Move, SetAndZeroEveryWidthAndAlignment) {
     check(Zam64fc{1.25, -2.5}, zamsSet_64fc, zamsZero_64fc);
 }
 
+// Byte lengths through every short-fill class and the long fill's aligned
+// body and overlapping last stores, at every start offset.
+TEST(Move, SetEveryByteLengthToSixHundred) {
+    for (int len = 1; len <= 600; ++len) {
+        for (size_t off = 0; off < 64; ++off) {
+            zt::Guarded<Zam8u> d(len, off);
+            ASSERT_EQ(zamsSet_8u(0x5B, d.data(), len), zamStatusOk);
+            for (int i = 0; i < len; ++i) ASSERT_EQ(d[i], 0x5B) << len << " " << off << " " << i;
+            ASSERT_TRUE(d.guards_intact()) << len << " " << off;
+        }
+    }
+    for (int len = 1; len <= 300; len += 7) {
+        for (size_t off = 0; off < 64; ++off) {
+            zt::Guarded<Zam16sc> d(len, off);
+            const Zam16sc v{-2, 0x1357};
+            ASSERT_EQ(zamsSet_16sc(v, d.data(), len), zamStatusOk);
+            for (int i = 0; i < len; ++i) ASSERT_TRUE(d[i].re == -2 && d[i].im == 0x1357) << len << " " << off;
+            ASSERT_TRUE(d.guards_intact()) << len << " " << off;
+        }
+    }
+}
+
 TEST(Move, FillAboveTwoMebibytesWithinCache) {
     // Above 2 MiB the fill asks for the cache size; this machine's cache is
     // larger, so the plain fill serves (the cache-bypassing path is tested
