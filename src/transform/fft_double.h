@@ -1,4 +1,4 @@
-// Double-precision complex transforms of orders 7 to 13: self-sorting
+// Double-precision complex transforms of orders 9 to 13: self-sorting
 // passes of radix 8 or 16, natural order in and out, no bit reversal.
 //
 // A pass sees s interleaved sequences of length n = N / s (sequence q holds
@@ -16,32 +16,31 @@
 // ones of fft_small.h; with R at most 16 a 256-bit vector of two points
 // keeps them near the register count of the 64-bit target.
 //
-// Passes go source -> work -> destination -> work ...; the last pass reads
-// and writes the same positions, so an odd count ends with it in place on
-// the destination. The source is read only by the first pass, so it may be
-// the destination. The work buffer holds 2^M complex values.
+// Passes alternate between the destination and the work buffer (2^M
+// complex values); the last pass reads and writes the same positions, so
+// it may run in place on the destination. The source is read only by the
+// first pass, so it may be the destination. Radix-16 passes whose points lie
+// 4 KB apart (order 12) lose to four radix-8 passes on cache-set conflicts.
 #pragma once
 
 // Included from fft_core.h behind fft_small.h (vdft, cmul_bc, cmul_mem).
 
 namespace zams::fft {
 
-inline constexpr int kDblMinOrder = 7;
+inline constexpr int kDblMinOrder = 9;
 inline constexpr int kDblMaxOrder = 13;
 
 // Radices of the passes of each order, first pass first (0 ends a list).
 inline constexpr int kDblRadix[kDblMaxOrder + 1][4] = {
-    {}, {}, {}, {}, {}, {}, {},
-    {16, 8, 0, 0},    // 7
-    {16, 16, 0, 0},   // 8
+    {}, {}, {}, {}, {}, {}, {}, {}, {},
     {8, 8, 8, 0},     // 9
     {16, 8, 8, 0},    // 10
     {16, 16, 8, 0},   // 11
-    {8, 8, 8, 8},  // 12
+    {8, 8, 8, 8},     // 12
     {16, 8, 8, 8},    // 13
 };
 
-inline constexpr int log2_of(int r) { return r == 4 ? 2 : r == 8 ? 3 : r == 16 ? 4 : 5; }
+inline constexpr int log2_of(int r) { return r == 8 ? 3 : 4; }
 
 // w_N^j for j < N, and the first pass's factors in reading order.
 template <int M> struct DblTab {
@@ -109,37 +108,32 @@ template <bool Inv, int R> void dbl_pass(const double* x, double* y, int N, int 
 
 template <bool Inv> void dbl_pass_r(int R, const double* x, double* y, int N, int s, const double* root) {
     switch (R) {
-        case 4: dbl_pass<Inv, 4>(x, y, N, s, root); break;
         case 8: dbl_pass<Inv, 8>(x, y, N, s, root); break;
-        case 32: dbl_pass<Inv, 32>(x, y, N, s, root); break;
         default: dbl_pass<Inv, 16>(x, y, N, s, root); break;
     }
 }
 
+// Even counts out of place start in the destination and end with the last
+// pass in place there; in place, and odd counts, start in the work buffer.
 template <bool Inv, int M> void dbl_fft_m(const double* src, double* dst, double* work) {
     constexpr int N = 1 << M;
     constexpr const int* rad = kDblRadix[M];
-    constexpr int P = rad[3] ? 4 : rad[2] ? 3 : 2;
+    constexpr int P = rad[3] ? 4 : 3;
     const DblTab<M>& tb = dbl_tab<M>();
-    // even count: src -> work -> dst (-> work -> dst); odd: the last in place on dst
-    dbl_first<Inv, rad[0]>(src, work, N, tb.first);
-    double* x = work;
-    double* y = dst;
+    double* x = ((P & 1) || src == dst) ? work : dst;
+    dbl_first<Inv, rad[0]>(src, x, N, tb.first);
     int s = rad[0];
     for (int i = 1; i < P; ++i) {
-        if (i == P - 1 && (P & 1)) y = x;  // odd count: the last pass in place on dst
+        double* y = (i == P - 1 || x == work) ? dst : work;
         dbl_pass_r<Inv>(rad[i], x, y, N, s, tb.root);
         s *= rad[i];
         x = y;
-        y = (y == dst) ? work : dst;
     }
 }
 
-// Orders 7 to 13; src may be dst, work holds 2^M complex values.
+// Orders 9 to 13; src may be dst, work holds 2^M complex values.
 template <bool Inv> void dbl_fft(const double* src, double* dst, double* work, int M) {
     switch (M) {
-        case 7: dbl_fft_m<Inv, 7>(src, dst, work); break;
-        case 8: dbl_fft_m<Inv, 8>(src, dst, work); break;
         case 9: dbl_fft_m<Inv, 9>(src, dst, work); break;
         case 10: dbl_fft_m<Inv, 10>(src, dst, work); break;
         case 11: dbl_fft_m<Inv, 11>(src, dst, work); break;
