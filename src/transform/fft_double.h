@@ -1,4 +1,4 @@
-// Double-precision complex transforms of orders 10 to 13: self-sorting
+// Double-precision complex transforms of orders 9 to 13: self-sorting
 // passes of radix 8 or 16, natural order in and out, no bit reversal.
 //
 // A pass sees s interleaved sequences of length n = N / s (sequence q holds
@@ -27,12 +27,13 @@
 
 namespace zams::fft {
 
-inline constexpr int kDblMinOrder = 10;
+inline constexpr int kDblMinOrder = 9;
 inline constexpr int kDblMaxOrder = 13;
 
 // Radices of the passes of each order, first pass first (0 ends a list).
 inline constexpr int kDblRadix[kDblMaxOrder + 1][4] = {
-    {}, {}, {}, {}, {}, {}, {}, {}, {}, {},
+    {}, {}, {}, {}, {}, {}, {}, {}, {},
+    {8, 8, 8, 0},     // 9
     {16, 8, 8, 0},    // 10
     {16, 16, 8, 0},   // 11
     {8, 8, 8, 8},     // 12
@@ -62,9 +63,9 @@ template <int M> const DblTab<M>& dbl_tab() {
 }
 
 // The first pass of N points, radix R, x to y.
-template <bool Inv, int R> void dbl_first(const double* x, double* y, int N, const double* tw) {
+template <bool Inv, int R, int N> void dbl_first(const double* x, double* y, const double* tw) {
     using T = VT<double>;
-    const int m = N / R;
+    constexpr int m = N / R;
     const double* rt = small_tabs<double>().root[log2_of(R)];
     for (int p = 0; p < m; p += 2, tw += 4 * (R - 1)) {
         typename T::V c[R];
@@ -81,10 +82,10 @@ template <bool Inv, int R> void dbl_first(const double* x, double* y, int N, con
 }
 
 // A later pass over s >= 2 sequences, radix R, x to y (x == y when m = 1).
-template <bool Inv, int R> void dbl_pass(const double* x, double* y, int N, int s, const double* root) {
+template <bool Inv, int R, int N, int s> void dbl_pass(const double* x, double* y, const double* root) {
     using T = VT<double>;
-    const int m = N / (s * R);
-    const int xs = s * m / 2;
+    constexpr int m = N / (s * R);
+    constexpr int xs = s * m / 2;
     const double* rt = small_tabs<double>().root[log2_of(R)];
     for (int q = 0; q < s; q += 2) {
         typename T::V c[R];
@@ -105,12 +106,7 @@ template <bool Inv, int R> void dbl_pass(const double* x, double* y, int N, int 
     }
 }
 
-template <bool Inv> void dbl_pass_r(int R, const double* x, double* y, int N, int s, const double* root) {
-    switch (R) {
-        case 8: dbl_pass<Inv, 8>(x, y, N, s, root); break;
-        default: dbl_pass<Inv, 16>(x, y, N, s, root); break;
-    }
-}
+constexpr int dbl_stride(int M, int i) { return i == 0 ? 1 : dbl_stride(M, i - 1) * kDblRadix[M][i - 1]; }
 
 // Even counts out of place start in the destination and end with the last
 // pass in place there; in place, and odd counts, start in the work buffer.
@@ -120,19 +116,21 @@ template <bool Inv, int M> void dbl_fft_m(const double* src, double* dst, double
     constexpr int P = rad[3] ? 4 : 3;
     const DblTab<M>& tb = dbl_tab<M>();
     double* x = ((P & 1) || src == dst) ? work : dst;
-    dbl_first<Inv, rad[0]>(src, x, N, tb.first);
-    int s = rad[0];
-    for (int i = 1; i < P; ++i) {
-        double* y = (i == P - 1 || x == work) ? dst : work;
-        dbl_pass_r<Inv>(rad[i], x, y, N, s, tb.root);
-        s *= rad[i];
+    dbl_first<Inv, rad[0], N>(src, x, tb.first);
+    auto step = [&]<int I>() {
+        double* y = (I == P - 1 || x == work) ? dst : work;
+        dbl_pass<Inv, rad[I], N, dbl_stride(M, I)>(x, y, tb.root);
         x = y;
-    }
+    };
+    step.template operator()<1>();
+    step.template operator()<2>();
+    if constexpr (P > 3) step.template operator()<3>();
 }
 
-// Orders 10 to 13; src may be dst, work holds 2^M complex values.
+// Orders 9 to 13; src may be dst, work holds 2^M complex values.
 template <bool Inv> void dbl_fft(const double* src, double* dst, double* work, int M) {
     switch (M) {
+        case 9: dbl_fft_m<Inv, 9>(src, dst, work); break;
         case 10: dbl_fft_m<Inv, 10>(src, dst, work); break;
         case 11: dbl_fft_m<Inv, 11>(src, dst, work); break;
         case 12: dbl_fft_m<Inv, 12>(src, dst, work); break;

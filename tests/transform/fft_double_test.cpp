@@ -1,5 +1,5 @@
 // Double complex transforms of orders 11 to 13 (the self-sorting passes;
-// order 10 is checked against the naive DFT in fft_complex_test):
+// orders 9 and 10 are checked against the naive DFT in fft_complex_test):
 // whole spectra against a long double radix-2 FFT, both directions, in
 // place and not, unaligned, with a work buffer of exactly the reported size.
 #include "fft_kinds.h"
