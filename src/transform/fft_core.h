@@ -616,6 +616,7 @@ template <class F> Plan<F> plan_of(const Hdr<F>* h, int M);
 }  // namespace zams::fft
 
 #include "fft_small.h"
+#include "fft_double.h"
 #include "fft_static_tables.h"
 
 namespace zams::fft {
@@ -695,6 +696,8 @@ inline constexpr int kTiledOrder = 13;
 template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F* dst, F* work) {
     if (pl.M <= kSmallMaxOrder && pl.M >= kSmallMinOrder) {
         small_fft<F, Inv>(src, dst, pl.M);
+    } else if (sizeof(F) == 8 && pl.M >= kDblMinOrder && pl.M <= kDblMaxOrder) {
+        if constexpr (sizeof(F) == 8) dbl_fft<Inv>(src, dst, work, pl.M);
     } else if (pl.M > kSmallMaxOrder && pl.M <= kMidMaxOrder) {
         mid_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M > kMidMaxOrder && pl.M <= big_max_order<F>()) {
