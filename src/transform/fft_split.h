@@ -1,12 +1,13 @@
-// Float orders 12 to 14: one radix-R pass in front of R transforms of the
-// two-level code (R = 4 at order 12, 8 above).
+// Float orders 12 to 16: one radix-R pass in front of R shorter transforms
+// (R = 4 at order 12, 8 above): the two-level code up to order 14, this
+// code again at orders 15 and 16.
 //
 // N = R NR, n = n2 + NR n1, k = k1 + R k2. The first pass runs R-point
 // transforms across W positions n2 at a time (inputs NR apart, contiguous
 // vectors), multiplies result k1 by w_N^(n2 k1) and stores it to row k1 of
 // the work buffer. Each row is then an NR-point transform in place (its
 // scratch is the destination, free by then: the source has been read
-// whole), and a last pass interleaves the rows: bin k1 + R k2 is element
+// whole; a row of order 12 or 13 takes its own work buffer from there too), and a last pass interleaves the rows: bin k1 + R k2 is element
 // k2 of row k1. Every stream is read and written contiguously, so the
 // source may be the destination. Longer orders, and the double kinds from
 // order 12, keep the network.
@@ -16,7 +17,9 @@
 
 namespace zams::fft {
 
-template <class F> constexpr int big_max_order() { return sizeof(F) == 4 ? 14 : kMidMaxOrder; }
+template <class F> constexpr int big_max_order() { return sizeof(F) == 4 ? 16 : kMidMaxOrder; }
+
+template <class F, bool Inv> void big_fft(const F* src, F* dst, F* work, int M);
 
 // w_N^(n2 k1) for n2 < N/R, 1 <= k1 < R, in the order the first pass reads
 // it: W positions n2 at a time, R - 1 vectors of them (k1 = 1 .. R - 1).
@@ -49,7 +52,11 @@ template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst
 #pragma GCC unroll 8
         for (int k1 = 1; k1 < R; ++k1) T::store(work + 2 * (k1 * NR + g), cmul_mem<F, Inv>(y[k1], tw + 2 * ((R - 1) * g + (k1 - 1) * W)));
     }
-    for (int k1 = 0; k1 < R; ++k1) mid_fft<F, Inv>(work + 2 * k1 * NR, work + 2 * k1 * NR, dst, M - LR);
+    for (int k1 = 0; k1 < R; ++k1) {
+        F* row = work + 2 * k1 * NR;
+        if constexpr (M - LR <= kMidMaxOrder) mid_fft<F, Inv>(row, row, dst, M - LR);
+        else big_fft<F, Inv>(row, row, dst, M - LR);
+    }
     for (int k = 0; k < NR; k += W) {
 #pragma GCC unroll 2
         for (int h = 0; h < R; h += W) {
@@ -63,11 +70,15 @@ template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst
     }
 }
 
-// Orders 12 to 14 through a work buffer of 2^M complex values.
+// Orders 12 to 16 through a work buffer of 2^M complex values.
 template <class F, bool Inv> void big_fft(const F* src, F* dst, F* work, int M) {
-    if (M == 12) split_fft_m<F, Inv, 12, 4>(src, dst, work);
-    else if (M == 13) split_fft_m<F, Inv, 13, 8>(src, dst, work);
-    else split_fft_m<F, Inv, 14, 8>(src, dst, work);
+    switch (M) {
+        case 12: split_fft_m<F, Inv, 12, 4>(src, dst, work); break;
+        case 13: split_fft_m<F, Inv, 13, 8>(src, dst, work); break;
+        case 14: split_fft_m<F, Inv, 14, 8>(src, dst, work); break;
+        case 15: split_fft_m<F, Inv, 15, 8>(src, dst, work); break;
+        default: split_fft_m<F, Inv, 16, 8>(src, dst, work); break;
+    }
 }
 
 }  // namespace zams::fft
