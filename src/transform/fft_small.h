@@ -169,7 +169,7 @@ inline constexpr int kMidMaxOrder = 11;
 
 template <class F, int M1, int M2> struct MidTab {
     static constexpr int N1 = 1 << M1, N2 = 1 << M2;
-    alignas(32) F w[2 * N1 * N2];  // w_N^(n1 k2) at k2 N1 + n1
+    alignas(64) F w[2 * N1 * N2];  // w_N^(n1 k2) at k2 N1 + n1
     MidTab() {
         const long long N = 1LL << (M1 + M2);
         for (long long k2 = 0; k2 < N2; ++k2)
@@ -237,52 +237,6 @@ template <class F, bool Inv> void mid_fft(const F* src, F* dst, F* t, int M) {
     }
 }
 
-// ---------------------------------------------------------- three levels --
-// Float orders 12 and 13: N = N1 N2, n = n1 + N1 n2, k = k2 + N2 k1, N2 = 2^M2
-// straight-line columns and N1 = 2^M1 rows of the code above. The
-// column pass reads the source W columns n1 at a time, multiplies by
-// w_N^(n1 k2) and stores row k2 of t (contiguous in n1). The row pass
-// transforms W rows of t in place, then writes them out transposed: lane j
-// of a stored vector is bin k2 + j. Source and destination are each read
-// or written once, so they may be the same array. Longer orders, and the
-// double kinds from order 12, lose more to the strided column reads than
-// the network spends on its bit reversal, so those keep the network.
-template <class F> constexpr int big_max_order() { return sizeof(F) == 4 ? 13 : kMidMaxOrder; }
-
-template <class F, bool Inv, int M1, int M2> void big_fft_m(const F* src, F* dst, F* t) {
-    using T = VT<F>;
-    using V = typename T::V;
-    constexpr int W = T::W, N1 = 1 << M1, N2 = 1 << M2;
-    const SmallTabs<F>& tb = small_tabs<F>();
-    const F* tw = mid_tab<F, M1, M2>();
-    for (int g = 0; g < N1; g += W) {
-        V z[N2];
-        column_step<F, Inv, M1, M2>(src, g, z, tb, tw);
-#pragma GCC unroll 64
-        for (int k = 0; k < N2; ++k) T::store(t + 2 * (k * N1 + g), z[k]);
-    }
-    alignas(32) F rowbuf[M1 > kSmallMaxOrder ? 2 * N1 : 2];
-    for (int b = 0; b < N2; b += W) {
-        for (int j = 0; j < W; ++j) {
-            F* row = t + 2 * (b + j) * N1;
-            if constexpr (M1 <= kSmallMaxOrder) small_fft_m<F, Inv, M1>(row, row, tb);
-            else mid_fft<F, Inv>(row, row, rowbuf, M1);
-        }
-        for (int k = 0; k < N1; k += W) {
-            V v[W];
-#pragma GCC unroll 4
-            for (int j = 0; j < W; ++j) v[j] = T::load(t + 2 * ((b + j) * N1 + k));
-            transpose_w<F>(v);
-#pragma GCC unroll 4
-            for (int j = 0; j < W; ++j) T::store(dst + 2 * (b + N2 * (k + j)), v[j]);
-        }
-    }
-}
-
-// Orders 12 and 13 through a buffer t of 2^M complex values.
-template <class F, bool Inv> void big_fft(const F* src, F* dst, F* t, int M) {
-    if (M == 12) big_fft_m<F, Inv, 6, 6>(src, dst, t);
-    else big_fft_m<F, Inv, 7, 6>(src, dst, t);
-}
-
 }  // namespace zams::fft
+
+#include "fft_split.h"

@@ -1,6 +1,8 @@
 // PolarToCart: magnitude and phase (radians) to cartesian parts,
 // re = magn cos(phase), im = magn sin(phase), each within an ulp for any
 // finite phase; an infinite or NaN phase gives NaN parts.
+#include <cmath>
+
 #include "../common/check.h"
 #include "../common/types.h"
 #include "sincos_dd.h"
@@ -66,7 +68,7 @@ inline void one(float magn, float phase, float* re, float* im) {
     double s = k & 1 ? cv : sv, c = k & 1 ? sv : cv;
     if (k & 2) s = -s;
     if ((k ^ (k >> 1)) & 1) c = -c;
-    if (x < 0) s = -s;
+    if (std::signbit(x)) s = -s;  // a phase of -0 gives -0, as the vector step does
     *re = float(double(magn) * c);
     *im = float(double(magn) * s);
 }
