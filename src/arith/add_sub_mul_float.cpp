@@ -12,8 +12,6 @@
 namespace zams {
 namespace {
 
-// Vector traits over the base scalar of a sample type; a complex vector
-// holds P = L / 2 interleaved elements.
 // Eight all-ones words then eight zero words: the 32 bytes from word 8 - k
 // select the first k of eight 32-bit lanes (or k/2 of four 64-bit ones).
 // Selection is bitwise: a blendv would be rewritten into a branch a lane
@@ -23,6 +21,8 @@ inline __m256 first_mask(int from) {
     return _mm256_loadu_ps(reinterpret_cast<const float*>(kFirstMask + from));
 }
 
+// Vector traits over the base scalar of a sample type; a complex vector
+// holds P = L / 2 interleaved elements.
 template <class S> struct Lanes;
 template <> struct Lanes<float> : Avx<float> {
     // x in the first k lanes, y in the rest (k in 0..8).

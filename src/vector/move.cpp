@@ -193,14 +193,14 @@ zamStatus copy_bits(const Zam8u* src, int soff, Zam8u* dst, int doff, int len) {
     return zamStatusOk;
 }
 
-}  // namespace
-
 // Out of line, so that short fills keep a small frame.
 __attribute__((noinline)) void fill_large(uint8_t* d, size_t n, const Pattern& pat) {
     int cache = 0;
     if (zamGetMaxCacheSizeB(&cache) == zamCoreOk && n > size_t(cache)) fill_blocks(d, n, pat);
     else fill_plain(d, n, pat);
 }
+
+}  // namespace
 
 void fill_pattern(uint8_t* d, size_t n, const uint8_t* elem, size_t esize) {
     const Pattern pat(elem, esize);
