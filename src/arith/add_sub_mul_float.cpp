@@ -91,28 +91,57 @@ template <Op O, class T, class V> V apply_v(V a, V b) {
 template <class T> auto ld(const T* p) { return Lanes<base_t<T>>::load(reinterpret_cast<const base_t<T>*>(p)); }
 template <class T, class V> void st(T* p, V v) { Lanes<base_t<T>>::store(reinterpret_cast<base_t<T>*>(p), v); }
 
+// Where the body starts: `anchor` is the pointer to align, `whole` tells
+// that every pointer of the call shares its phase.
+struct Phase {
+    const void* anchor;
+    bool whole;
+};
+inline bool same_phase(const void* p, const void* q) {
+    return (reinterpret_cast<uintptr_t>(p) ^ reinterpret_cast<uintptr_t>(q)) % 32 == 0;
+}
+// The sources when they share a phase, else the destination: crossing a
+// cache line costs most on loads, and two aligned sources with a crossing
+// destination run about 1.4 times faster than the other way round.
+inline Phase phase_of(const void* d, const void* a, const void* b) {
+    const bool ab = same_phase(a, b);
+    return {ab ? a : d, ab && same_phase(a, d)};
+}
+inline Phase phase_of(const void* d, const void* a) { return {a, same_phase(a, d)}; }
+
+// Short calls whose pointers differ in phase start the body at element 0:
+// the head and the shorter unrolled body cost more than the crossings save.
+inline constexpr size_t kAnchorMinBytes = 4096;
+
 // The loop over vectors of P elements: ve(i) computes the vector at element
 // i, the loop stores it. Vectors shorter than P go element by element (sc).
 // Otherwise every element takes the vector path: the first vector covers
-// the elements before the destination's 32-byte boundary and the last one
-// the elements after the body, each merged with the destination's current
-// contents, so in place the elements that others compute are written back
-// unchanged. Long calls whose destination overlaps no source (`apart()`,
-// asked only of long calls) store the body non-temporally.
+// the elements before the body, which starts where `anchor` (a pointer
+// walked in step with the destination) reaches a 32-byte boundary, and the
+// last one the elements after the body, each merged with the destination's
+// current contents, so in place the elements that others compute are
+// written back unchanged. Long calls whose destination overlaps no source
+// (`apart()`, asked only of long calls) align the destination instead and
+// store the body non-temporally.
 template <class T, class Apart, class Scalar, class Vector>
-void each(T* d, int len, Apart&& apart, Scalar&& sc, Vector&& ve) {
+void each(T* d, Phase ph, int len, Apart&& apart, Scalar&& sc, Vector&& ve) {
     using Ln = Lanes<base_t<T>>;
     constexpr int P = Ln::L / (is_complex_v<T> ? 2 : 1), per = Ln::L / P;  // lanes an element
     if (len < P) {
         for (int i = 0; i < len; ++i) sc(i);
         return;
     }
-    int i = int(((32 - reinterpret_cast<uintptr_t>(d) % 32) % 32) / sizeof(T));
+    const size_t bytes = size_t(len) * sizeof(T);
+    const bool stream = bytes >= kStreamMinBytes;
+    const void* anchor = stream ? d : ph.anchor;
+    int i = 0;
+    if (stream || ph.whole || bytes >= kAnchorMinBytes)
+        i = int(((32 - reinterpret_cast<uintptr_t>(anchor) % 32) % 32) / sizeof(T));
     if (i > 0) {
         const auto v = ve(0);
         st(d, Ln::first(v, ld(d), i * per));
     }
-    if (size_t(len) * sizeof(T) >= kStreamMinBytes && reinterpret_cast<uintptr_t>(d + i) % 32 == 0 && apart()) {
+    if (stream && reinterpret_cast<uintptr_t>(d + i) % 32 == 0 && apart()) {
         auto* q = reinterpret_cast<base_t<T>*>(d);
         _mm_sfence();  // the head's store before the streamed ones that overlap it
         for (; i + 2 * P <= len; i += 2 * P) {
@@ -156,10 +185,10 @@ template <Op O, class T> zamStatus vv(const T* a, const T* b, T* d, int len) {
     if (zamStatus s = check_args(len, a, b, d)) return s;
     const auto ap = [=] { return apart(d, len, a, sizeof(T)) && apart(d, len, b, sizeof(T)); };
     if constexpr (O == Op::Sub) {
-        each(d, len, ap, [=](int i) { d[i] = apply<O>(b[i], a[i]); },
+        each(d, phase_of(d, a, b), len, ap, [=](int i) { d[i] = apply<O>(b[i], a[i]); },
              [=](int i) { return apply_v<O, T>(ld(b + i), ld(a + i)); });
     } else {
-        each(d, len, ap, [=](int i) { d[i] = apply<O>(a[i], b[i]); },
+        each(d, phase_of(d, a, b), len, ap, [=](int i) { d[i] = apply<O>(a[i], b[i]); },
              [=](int i) { return apply_v<O, T>(ld(a + i), ld(b + i)); });
     }
     return zamStatusOk;
@@ -171,10 +200,10 @@ template <Op O, bool Rev, class T> zamStatus vc(const T* a, T val, T* d, int len
     const auto c = Lanes<base_t<T>>::splat(val);
     const auto ap = [=] { return apart(d, len, a, sizeof(T)); };
     if constexpr (Rev) {
-        each(d, len, ap, [=](int i) { d[i] = apply<O>(val, a[i]); },
+        each(d, phase_of(d, a), len, ap, [=](int i) { d[i] = apply<O>(val, a[i]); },
              [=](int i) { return apply_v<O, T>(c, ld(a + i)); });
     } else {
-        each(d, len, ap, [=](int i) { d[i] = apply<O>(a[i], val); },
+        each(d, phase_of(d, a), len, ap, [=](int i) { d[i] = apply<O>(a[i], val); },
              [=](int i) { return apply_v<O, T>(ld(a + i), c); });
     }
     return zamStatusOk;
@@ -183,7 +212,8 @@ template <Op O, bool Rev, class T> zamStatus vc(const T* a, T val, T* d, int len
 // d += a * b.
 template <class T> zamStatus addprod(const T* a, const T* b, T* d, int len) {
     if (zamStatus s = check_args(len, a, b, d)) return s;
-    each(d, len, [] { return false; }, [=](int i) { d[i] = add(d[i], mul(a[i], b[i])); },
+    const Phase ph{d, same_phase(a, d) && same_phase(b, d)};  // d is read and written
+    each(d, ph, len, [] { return false; }, [=](int i) { d[i] = add(d[i], mul(a[i], b[i])); },
          [=](int i) { return apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), ld(b + i))); });
     return zamStatusOk;
 }
@@ -192,7 +222,7 @@ template <class T> zamStatus addprod(const T* a, const T* b, T* d, int len) {
 template <class T> zamStatus addprodc(const T* a, T val, T* d, int len) {
     if (zamStatus s = check_args(len, a, d)) return s;
     const auto c = Lanes<base_t<T>>::splat(val);
-    each(d, len, [] { return false; }, [=](int i) { d[i] = add(d[i], mul(a[i], val)); },
+    each(d, phase_of(d, a), len, [] { return false; }, [=](int i) { d[i] = add(d[i], mul(a[i], val)); },
          [=](int i) { return apply_v<Op::Add, T>(ld(d + i), apply_v<Op::Mul, T>(ld(a + i), c)); });
     return zamStatusOk;
 }
@@ -201,7 +231,7 @@ template <class T> zamStatus addprodc(const T* a, T val, T* d, int len) {
 template <class R, class C> zamStatus mul_real_cplx(const R* r, const C* c, C* d, int len) {
     if (zamStatus s = check_args(len, r, c, d)) return s;
     using Ln = Lanes<R>;
-    each(d, len, [=] { return apart(d, len, r, sizeof(R)) && apart(d, len, c, sizeof(C)); },
+    each(d, phase_of(d, c), len, [=] { return apart(d, len, r, sizeof(R)) && apart(d, len, c, sizeof(C)); },
          [=](int i) { d[i] = {r[i] * c[i].re, r[i] * c[i].im}; },
          [=](int i) { return Ln::mul(Ln::pairs(r + i), ld(c + i)); });
     return zamStatusOk;
