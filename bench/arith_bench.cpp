@@ -4,8 +4,10 @@
 // the instruction set this library is built for.
 #include <volk/volk.h>
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
+#include <string>
 #include <vector>
 
 #include "harness.h"
@@ -48,42 +50,67 @@ __attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_const(const
 
 }  // namespace
 
+// Two layouts: the caller's std::vector buffers as they fall (16-byte
+// alignment, mixed phases), and 64-byte aligned buffers as zamsMalloc and
+// volk_malloc give them (rows marked "al"; VOLK then runs its aligned kernels).
+template <class T> struct Buffers {
+    std::vector<T> v[4];
+    T* al[4];
+    explicit Buffers(int n) {
+        for (int k = 0; k < 4; ++k) {
+            v[k].assign(n, T(1.5f + k));
+            al[k] = reinterpret_cast<T*>(zamsMalloc_8u(int(n * sizeof(T))));
+            std::copy(v[k].begin(), v[k].end(), al[k]);
+        }
+    }
+    ~Buffers() {
+        for (T* p : al) zamsFree(p);
+    }
+    T* get(bool aligned, int k) { return aligned ? al[k] : v[k].data(); }
+};
+
 ZAMS_BENCH(arith_float) {
     for (int n : b.sizes()) {
-        std::vector<float> x(n, 1.5f), y(n, 2.5f), z(n), acc(n, 0.0f);
-        float *px = x.data(), *py = y.data(), *pz = z.data();
-        b.row("Add_32f", n, n * 12.0,
-              {{"zams", [&] { zamsAdd_32f(px, py, pz, n); }},
-               {"volk", [&] { volk_32f_x2_add_32f(pz, px, py, n); }},
-               {"volk-avx", [&] { volk_32f_x2_add_32f_manual(pz, px, py, n, "u_avx"); }},
-               {"loop", [&] { for (int i = 0; i < n; ++i) pz[i] = px[i] + py[i]; zb::keep(pz); }},
-               {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(float)); }}});
-        b.row("MulC_32f", n, n * 8.0,
-              {{"zams", [&] { zamsMulC_32f(px, 3.0f, pz, n); }},
-               {"volk", [&] { volk_32f_s32f_multiply_32f(pz, px, 3.0f, n); }},
-               {"volk-avx", [&] { volk_32f_s32f_multiply_32f_manual(pz, px, 3.0f, n, "u_avx"); }},
-               {"loop", [&] { for (int i = 0; i < n; ++i) pz[i] = px[i] * 3.0f; zb::keep(pz); }},
-               {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(float)); }}});
-        float* pa = acc.data();
-        b.row("AddProduct_32f", n, n * 16.0,
-              {{"zams", [&] { zamsAddProduct_32f(px, py, pa, n); }},
-               {"loop", [&] { for (int i = 0; i < n; ++i) pa[i] += px[i] * py[i]; zb::keep(pa); }},
-               {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(float)); }}});
+        Buffers<float> buf(n);
+        for (bool al : {false, true}) {
+            float *px = buf.get(al, 0), *py = buf.get(al, 1), *pz = buf.get(al, 2), *pa = buf.get(al, 3);
+            const std::string sfx = al ? " al" : "";
+            const char* avx = al ? "a_avx" : "u_avx";
+            b.row("Add_32f" + sfx, n, n * 12.0,
+                  {{"zams", [&] { zamsAdd_32f(px, py, pz, n); }},
+                   {"volk", [&] { volk_32f_x2_add_32f(pz, px, py, n); }},
+                   {"volk-avx", [&] { volk_32f_x2_add_32f_manual(pz, px, py, n, avx); }},
+                   {"loop", [&] { for (int i = 0; i < n; ++i) pz[i] = px[i] + py[i]; zb::keep(pz); }},
+                   {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(float)); }}});
+            b.row("MulC_32f" + sfx, n, n * 8.0,
+                  {{"zams", [&] { zamsMulC_32f(px, 3.0f, pz, n); }},
+                   {"volk", [&] { volk_32f_s32f_multiply_32f(pz, px, 3.0f, n); }},
+                   {"volk-avx", [&] { volk_32f_s32f_multiply_32f_manual(pz, px, 3.0f, n, avx); }},
+                   {"loop", [&] { for (int i = 0; i < n; ++i) pz[i] = px[i] * 3.0f; zb::keep(pz); }},
+                   {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(float)); }}});
+            if (al) continue;
+            b.row("AddProduct_32f", n, n * 16.0,
+                  {{"zams", [&] { zamsAddProduct_32f(px, py, pa, n); }},
+                   {"loop", [&] { for (int i = 0; i < n; ++i) pa[i] += px[i] * py[i]; zb::keep(pa); }},
+                   {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(float)); }}});
+        }
     }
     for (int n : b.sizes()) {
-        std::vector<lv_32fc_t> x(n, lv_32fc_t(1.0f, 2.0f)), y(n, lv_32fc_t(0.5f, -1.0f)), z(n);
-        auto *px = x.data(), *py = y.data(), *pz = z.data();
-        auto *zx = reinterpret_cast<Zam32fc*>(px), *zy = reinterpret_cast<Zam32fc*>(py), *zz = reinterpret_cast<Zam32fc*>(pz);
-        b.row("Mul_32fc", n, n * 24.0,
-              {{"zams", [&] { zamsMul_32fc(zx, zy, zz, n); }},
-               {"volk", [&] { volk_32fc_x2_multiply_32fc(pz, px, py, n); }},
-               {"volk-avx", [&] { volk_32fc_x2_multiply_32fc_manual(pz, px, py, n, "u_avx"); }},
-               {"loop", [&] {
-                    for (int i = 0; i < n; ++i)
-                        zz[i] = {zx[i].re * zy[i].re - zx[i].im * zy[i].im, zx[i].re * zy[i].im + zx[i].im * zy[i].re};
-                    zb::keep(zz);
-                }},
-               {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(Zam32fc)); }}});
+        Buffers<lv_32fc_t> buf(n);
+        for (bool al : {false, true}) {
+            lv_32fc_t *px = buf.get(al, 0), *py = buf.get(al, 1), *pz = buf.get(al, 2);
+            auto *zx = reinterpret_cast<Zam32fc*>(px), *zy = reinterpret_cast<Zam32fc*>(py), *zz = reinterpret_cast<Zam32fc*>(pz);
+            b.row(al ? "Mul_32fc al" : "Mul_32fc", n, n * 24.0,
+                  {{"zams", [&] { zamsMul_32fc(zx, zy, zz, n); }},
+                   {"volk", [&] { volk_32fc_x2_multiply_32fc(pz, px, py, n); }},
+                   {"volk-avx", [&] { volk_32fc_x2_multiply_32fc_manual(pz, px, py, n, al ? "a_avx" : "u_avx"); }},
+                   {"loop", [&] {
+                        for (int i = 0; i < n; ++i)
+                            zz[i] = {zx[i].re * zy[i].re - zx[i].im * zy[i].im, zx[i].re * zy[i].im + zx[i].im * zy[i].re};
+                        zb::keep(zz);
+                    }},
+                   {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(Zam32fc)); }}});
+        }
     }
 }
 
