@@ -134,6 +134,51 @@ TYPED_TEST(FloatArith, AddProductAccumulates) {
     }
 }
 
+// Calls of 4 KiB and more start the body where the sources are aligned when
+// they share a 32-byte phase, else where the destination is; shorter ones of
+// mixed phase start at element 0. Every combination of phases, and a length
+// that leaves a head and a tail.
+TYPED_TEST(FloatArith, EveryPhaseOfSourcesAndDestination) {
+    using T = TypeParam;
+    auto f = fns<T>();
+    constexpr size_t e = sizeof(T) < 8 ? sizeof(T) : 8;  // offsets keep the parts aligned
+    for (int n : {int(4096 / sizeof(T)) + 13, 61}) {
+        auto a = pool<T>(41, n), b = pool<T>(42, n), c = pool<T>(43, n);
+        const T v = pool<T>(44, 1)[0];
+        for (size_t oa : {size_t(0), e, size_t(16)}) {
+            for (size_t ob : {size_t(0), e, size_t(16)}) {
+                for (size_t od : {size_t(0), e, size_t(16)}) {
+                    zt::Guarded<T> ga(n, oa), gb(n, ob), d(n, od), acc(n, od);
+                    ga.copy_from(a.data());
+                    gb.copy_from(b.data());
+                    acc.copy_from(c.data());
+                    for (int op = 0; op < 4; ++op) {
+                        const zamStatus st = op == 0   ? f.add(ga.data(), gb.data(), d.data(), n)
+                                             : op == 1 ? f.sub(ga.data(), gb.data(), d.data(), n)
+                                             : op == 2 ? f.mul(ga.data(), gb.data(), d.data(), n)
+                                                       : f.mulc(ga.data(), v, d.data(), n);
+                        ASSERT_EQ(st, zamStatusOk);
+                        for (int i = 0; i < n; ++i) {
+                            const T w = op == 0   ? m_add(a[i], b[i])
+                                        : op == 1 ? m_sub(b[i], a[i])
+                                        : op == 2 ? m_mul(a[i], b[i])
+                                                  : m_mul(a[i], v);
+                            ASSERT_EQ(std::memcmp(&d[i], &w, sizeof(T)), 0)
+                                << "op " << op << " n " << n << " offsets " << oa << " " << ob << " " << od << " at " << i;
+                        }
+                    }
+                    ASSERT_EQ(f.addprod(ga.data(), gb.data(), acc.data(), n), zamStatusOk);
+                    for (int i = 0; i < n; ++i) {
+                        const T w = m_add(c[i], m_mul(a[i], b[i]));
+                        ASSERT_EQ(std::memcmp(&acc[i], &w, sizeof(T)), 0) << "addprod at " << i;
+                    }
+                    ASSERT_TRUE(d.guards_intact() && acc.guards_intact());
+                }
+            }
+        }
+    }
+}
+
 // Destinations long enough for non-temporal stores, at a 32-byte boundary,
 // one element off it, and off the element size (no streaming there); and
 // the same length in place, which never streams. x86-64 only: the i386 run
