@@ -125,6 +125,12 @@ struct I32s { FT_KIND(C_32s, Zam32s, 27, 26, 0x434D414D) };
 struct IR32s { FT_KIND(R_32s, Zam32s, 28, 27, 0x434D414E) };
 struct IR16s32s { FT_KIND(R_16s32s, Zam16s, 28, 27, 0x434D414F) };
 
+// Runs f.template operator()<K>() for each kind K.
+template <class... K> struct Kinds {
+    static void each(auto f) { (f.template operator()<K>(), ...); }
+};
+using AllKinds = Kinds<C32fc, C32f, C64fc, C64f, R32f, R64f, I16sc, I16s, IR16s, I32sc, I32s, IR32s, IR16s32s>;
+
 // A spec built in caller memory of exactly the reported size, with a guard
 // zone behind it that Init must leave alone.
 template <class K> struct OwnedSpec {

@@ -103,19 +103,9 @@ template <class K> void check_all_orders(int built_up_to) {
 
 TEST(FftSpec, EveryOrderBuildsInItsReportedSize) {
     const int top = sizeof(void*) == 8 ? 20 : 16, itop = sizeof(void*) == 8 ? 14 : 10;
-    check_all_orders<C32fc>(top);
-    check_all_orders<C32f>(top);
-    check_all_orders<C64fc>(top);
-    check_all_orders<C64f>(top);
-    check_all_orders<R32f>(top + 1);
-    check_all_orders<R64f>(top + 1);
-    check_all_orders<I16sc>(itop);
-    check_all_orders<I16s>(itop);
-    check_all_orders<IR16s>(itop);
-    check_all_orders<I32sc>(itop);
-    check_all_orders<I32s>(itop);
-    check_all_orders<IR32s>(itop);
-    check_all_orders<IR16s32s>(itop);
+    AllKinds::each([&]<class K>() {
+        check_all_orders<K>(std::is_integral_v<typename K::F> ? itop : top + (K::kName[0] == 'R'));
+    });
 }
 
 template <class K> void check_order_of_checks() {
@@ -168,19 +158,7 @@ template <class K> void check_order_of_checks() {
 }
 
 TEST(FftSpec, OrderOfChecks) {
-    check_order_of_checks<C32fc>();
-    check_order_of_checks<C32f>();
-    check_order_of_checks<C64fc>();
-    check_order_of_checks<C64f>();
-    check_order_of_checks<R32f>();
-    check_order_of_checks<R64f>();
-    check_order_of_checks<I16sc>();
-    check_order_of_checks<I16s>();
-    check_order_of_checks<IR16s>();
-    check_order_of_checks<I32sc>();
-    check_order_of_checks<I32s>();
-    check_order_of_checks<IR32s>();
-    check_order_of_checks<IR16s32s>();
+    AllKinds::each([]<class K>() { check_order_of_checks<K>(); });
 }
 
 // The kinds with the same layout refuse each other's specs.
