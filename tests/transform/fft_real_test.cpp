@@ -47,26 +47,15 @@ template <class K> void check_real(int order, size_t offset) {
             for (auto& v : want) v *= fs;
             for (int inplace = 0; inplace < 2; ++inplace) {
                 zt::Guarded<F> y(len, offset);
-                zamStatus st;
-                if (inplace) {
-                    std::memcpy(y.data(), x.data(), n * sizeof(F));
-                    st = R::fwd_i[f](y.data(), os.spec, work);
-                } else {
-                    st = R::fwd[f](x.data(), y.data(), os.spec, nullptr);
-                }
-                ASSERT_EQ(st, zamStatusOk);
+                if (inplace) std::memcpy(y.data(), x.data(), n * sizeof(F));
+                ASSERT_EQ(inplace ? R::fwd_i[f](y.data(), os.spec, work) : R::fwd[f](x.data(), y.data(), os.spec, nullptr), zamStatusOk);
                 EXPECT_LE(rel_rms(y.data(), want), bound<F>(order))
                     << K::kName << " order " << order << " flag " << flag << " fmt " << f << " inplace " << inplace;
                 EXPECT_TRUE(y.guards_intact()) << K::kName << " order " << order << " fmt " << f;
                 // and back: the inverse of this spectrum is x times both scales times N
                 zt::Guarded<F> z(inplace ? len : n, offset);
-                if (inplace) {
-                    std::memcpy(z.data(), y.data(), len * sizeof(F));
-                    st = R::inv_i[f](z.data(), os.spec, nullptr);
-                } else {
-                    st = R::inv[f](y.data(), z.data(), os.spec, work);
-                }
-                ASSERT_EQ(st, zamStatusOk);
+                if (inplace) std::memcpy(z.data(), y.data(), len * sizeof(F));
+                ASSERT_EQ(inplace ? R::inv_i[f](z.data(), os.spec, nullptr) : R::inv[f](y.data(), z.data(), os.spec, work), zamStatusOk);
                 std::vector<LD> back(n);
                 for (size_t i = 0; i < n; ++i) back[i] = LD(x[i]) * fs * is * LD(n);
                 EXPECT_LE(rel_rms(z.data(), back), 2 * bound<F>(order))
@@ -79,14 +68,10 @@ template <class K> void check_real(int order, size_t offset) {
 
 // Orders 12 on include the real kinds' long layouts.
 TEST(FftReal, AccuracyUpToOrder16) {
-    const std::vector<int> more = sizeof(void*) == 8 ? std::vector<int>{12, 13, 14, 15, 16} : std::vector<int>{13, 16};
-    for (int order = 0; order <= 11; ++order) {
+    for (int order = 0; order <= 16; ++order) {
+        if (sizeof(void*) == 4 && order > 11 && order != 13 && order != 16) continue;  // i386 runs under emulation
         check_real<R32f>(order, order % 2 ? 4 : 0);
         check_real<R64f>(order, order % 2 ? 8 : 0);
-    }
-    for (int order : more) {
-        check_real<R32f>(order, 4);
-        check_real<R64f>(order, 0);
     }
 }
 
