@@ -21,7 +21,8 @@ LD scale_of(int flag, int order, bool inv, int sf) { return flag_scale(flag, ord
 
 // Complex kinds: every flag, small and floating paths, scale factors,
 // in place, against the long double DFT rounded once.
-template <class P, class Spec> void check_complex(auto init_alloc, auto free_spec, auto run, int max_order, LD amp) {
+template <class K> void check_complex(auto run, int max_order, LD amp) {
+    using P = typename K::F;
     for (int order = 0; order <= max_order; ++order)
         for (int hint : {0, 2})
             for (int flag : kFlags)
@@ -30,10 +31,9 @@ template <class P, class Spec> void check_complex(auto init_alloc, auto free_spe
                     auto xr = zt::random_reals<double>(2 * n, order * 31 + flag + sf, -double(amp), double(amp));
                     std::vector<P> x(2 * n);
                     for (size_t i = 0; i < 2 * n; ++i) x[i] = P(std::lround(xr[i]));
-                    std::vector<CL> xl(n);
-                    for (size_t i = 0; i < n; ++i) xl[i] = CL(x[2 * i], x[2 * i + 1]);
-                    Spec* s = nullptr;
-                    ASSERT_EQ(init_alloc(&s, order, flag, hint), zamStatusOk);
+                    const auto xl = to_cl(x.data(), n);
+                    typename K::Spec* s = nullptr;
+                    ASSERT_EQ(K::init_alloc(&s, order, flag, hint), zamStatusOk);
                     for (int inv = 0; inv < 2; ++inv) {
                         const auto ref = dft(xl, inv ? 1 : -1);
                         const LD sc = scale_of(flag, order, inv, sf);
@@ -43,12 +43,12 @@ template <class P, class Spec> void check_complex(auto init_alloc, auto free_spe
                             for (size_t k = 0; k < n; ++k) {
                                 const P wr = round_sat<P>(ref[k].real() * sc), wi = round_sat<P>(ref[k].imag() * sc);
                                 ASSERT_LE(std::abs(double(y[2 * k]) - double(wr)), 1.0)
-                                    << "order " << order << " hint " << hint << " flag " << flag << " sf " << sf << " inv " << inv << " k " << k;
+                                    << K::kName << " order " << order << " hint " << hint << " flag " << flag << " sf " << sf << " inv " << inv << " k " << k;
                                 ASSERT_LE(std::abs(double(y[2 * k + 1]) - double(wi)), 1.0) << order << " " << k;
                             }
                         }
                     }
-                    free_spec(s);
+                    K::free_spec(s);
                 }
 }
 
@@ -73,14 +73,14 @@ template <class P, class Spec> auto split_runner(auto fwd, auto inv_fn, auto fwd
 }
 
 TEST(FftInt, Complex) {
-    check_complex<Zam16s, ZamsFFTSpec_C_16sc>(zamsFFTInitAlloc_C_16sc, zamsFFTFree_C_16sc,
-        inter_runner<Zam16sc, Zam16s, ZamsFFTSpec_C_16sc>(zamsFFTFwd_CToC_16sc_Sfs, zamsFFTInv_CToC_16sc_Sfs, zamsFFTFwd_CToC_16sc_ISfs, zamsFFTInv_CToC_16sc_ISfs), 7, 3000);
-    check_complex<Zam16s, ZamsFFTSpec_C_16s>(zamsFFTInitAlloc_C_16s, zamsFFTFree_C_16s,
-        split_runner<Zam16s, ZamsFFTSpec_C_16s>(zamsFFTFwd_CToC_16s_Sfs, zamsFFTInv_CToC_16s_Sfs, zamsFFTFwd_CToC_16s_ISfs, zamsFFTInv_CToC_16s_ISfs), 6, 20000);
-    check_complex<Zam32s, ZamsFFTSpec_C_32s>(zamsFFTInitAlloc_C_32s, zamsFFTFree_C_32s,
-        split_runner<Zam32s, ZamsFFTSpec_C_32s>(zamsFFTFwd_CToC_32s_Sfs, zamsFFTInv_CToC_32s_Sfs, zamsFFTFwd_CToC_32s_ISfs, zamsFFTInv_CToC_32s_ISfs), 6, 3e8);
-    check_complex<Zam32s, ZamsFFTSpec_C_32sc>(zamsFFTInitAlloc_C_32sc, zamsFFTFree_C_32sc,
-        inter_runner<Zam32sc, Zam32s, ZamsFFTSpec_C_32sc>(zamsFFTFwd_CToC_32sc_Sfs, zamsFFTInv_CToC_32sc_Sfs, zamsFFTFwd_CToC_32sc_ISfs, zamsFFTInv_CToC_32sc_ISfs), 6, 1e8);
+    check_complex<I16sc>(inter_runner<Zam16sc, Zam16s, ZamsFFTSpec_C_16sc>(zamsFFTFwd_CToC_16sc_Sfs, zamsFFTInv_CToC_16sc_Sfs,
+                                                                      zamsFFTFwd_CToC_16sc_ISfs, zamsFFTInv_CToC_16sc_ISfs), 7, 3000);
+    check_complex<I16s>(split_runner<Zam16s, ZamsFFTSpec_C_16s>(zamsFFTFwd_CToC_16s_Sfs, zamsFFTInv_CToC_16s_Sfs,
+                                                             zamsFFTFwd_CToC_16s_ISfs, zamsFFTInv_CToC_16s_ISfs), 6, 20000);
+    check_complex<I32s>(split_runner<Zam32s, ZamsFFTSpec_C_32s>(zamsFFTFwd_CToC_32s_Sfs, zamsFFTInv_CToC_32s_Sfs,
+                                                             zamsFFTFwd_CToC_32s_ISfs, zamsFFTInv_CToC_32s_ISfs), 6, 3e8);
+    check_complex<I32sc>(inter_runner<Zam32sc, Zam32s, ZamsFFTSpec_C_32sc>(zamsFFTFwd_CToC_32sc_Sfs, zamsFFTInv_CToC_32sc_Sfs,
+                                                                      zamsFFTFwd_CToC_32sc_ISfs, zamsFFTInv_CToC_32sc_ISfs), 6, 1e8);
 }
 
 // Real kinds: the transforms by format (none where a kind lacks one).
