@@ -12,56 +12,45 @@ struct SizeRow {
 };
 
 // Worked out by hand from the size rules, including the large layouts.
-const SizeRow kC32fc[] = {{0, 148, 0, 0},         {6, 148, 0, 0},         {7, 1472, 0, 1088},
-                          {10, 9536, 0, 8256},    {11, 18752, 2176, 16448}, {18, 2359616, 262272, 2097216},
-                          {19, 2364224, 524416, 262208}, {23, 33829184, 8388736, 262208},
-                          {28, 1078726976, 268435584, 524352}};
-const SizeRow kC64fc[] = {{0, 152, 0, 0},          {6, 152, 0, 0},           {7, 2496, 0, 2112},
-                          {11, 35136, 4224, 32832}, {17, 2228544, 262272, 2097216},
-                          {18, 2361664, 524416, 262208}, {27, 1078986048, 268435584, 524352}};
-const SizeRow kR32f[] = {{0, 148, 0, 0},        {4, 148, 0, 0},           {5, 320, 0, 0},
-                         {7, 704, 0, 0},        {8, 2496, 0, 1088},       {11, 17728, 2176, 8256},
-                         {17, 1114432, 131200, 524352}, {18, 1197376, 262272, 1048640},
-                         {19, 1202752, 524416, 131136}, {29, 1080840512, 536871040, 524352}};
-const SizeRow kR64f[] = {{0, 152, 0, 0},          {4, 152, 0, 0},          {5, 448, 0, 0},
-                         {8, 4544, 0, 2112},      {11, 34112, 4224, 16448}, {18, 2249024, 524416, 2097216},
-                         {19, 2386240, 1048704, 262208}};
+template <class K> std::vector<SizeRow> kRows;
+template <> std::vector<SizeRow> kRows<C32fc> = {{0, 148, 0, 0}, {6, 148, 0, 0}, {7, 1472, 0, 1088},
+    {10, 9536, 0, 8256}, {11, 18752, 2176, 16448}, {18, 2359616, 262272, 2097216},
+    {19, 2364224, 524416, 262208}, {23, 33829184, 8388736, 262208},
+    {28, 1078726976, 268435584, 524352}};
+template <> std::vector<SizeRow> kRows<C64fc> = {{0, 152, 0, 0}, {6, 152, 0, 0}, {7, 2496, 0, 2112},
+    {11, 35136, 4224, 32832}, {17, 2228544, 262272, 2097216},
+    {18, 2361664, 524416, 262208}, {27, 1078986048, 268435584, 524352}};
+template <> std::vector<SizeRow> kRows<R32f> = {{0, 148, 0, 0}, {4, 148, 0, 0}, {5, 320, 0, 0},
+    {7, 704, 0, 0}, {8, 2496, 0, 1088}, {11, 17728, 2176, 8256},
+    {17, 1114432, 131200, 524352}, {18, 1197376, 262272, 1048640},
+    {19, 1202752, 524416, 131136}, {29, 1080840512, 536871040, 524352}};
+template <> std::vector<SizeRow> kRows<R64f> = {{0, 152, 0, 0}, {4, 152, 0, 0}, {5, 448, 0, 0},
+    {8, 4544, 0, 2112}, {11, 34112, 4224, 16448}, {18, 2249024, 524416, 2097216},
+    {19, 2386240, 1048704, 262208}};
+template <> std::vector<SizeRow> kRows<C32f> = kRows<C32fc>;  // the split kinds share the layouts
+template <> std::vector<SizeRow> kRows<C64f> = kRows<C64fc>;
 
 // The integer kinds' sizes depend on the hint.
-const SizeRow kC16sc[] = {{0, 116, 0, 0, 0}, {2, 256, 128, 96, 0}, {2, 276, 64, 96, 2}, {7, 1600, 64, 2176, 1}};
-const SizeRow kC16s[] = {{2, 256, 128, 112, 1}, {3, 276, 64, 128, 5}};
-const SizeRow kR16s[] = {{0, 116, 0, 0, 1}, {3, 320, 128, 104, 0}, {8, 2624, 64, 2184, 0}};
-const SizeRow kC32sc[] = {{0, 280, 0, 80, 0}, {11, 35264, 4288, 65664, 0}};
-const SizeRow kC32s[] = {{7, 2624, 0, 4224, 0}};
-const SizeRow kR32s[] = {{8, 4672, 0, 4240, 0}};
-const SizeRow kR16s32s[] = {{5, 576, 0, 336, 0}};
-
-template <class K, size_t R> void check_rows(const SizeRow (&rows)[R]) {
-    for (const SizeRow& r : rows) {
-        int a = -1, b = -1, c = -1;
-        for (int flag : kFlags) {
-            ASSERT_EQ(K::get_size(r.order, flag, r.hint, &a, &b, &c), zamStatusOk) << K::kName << " " << r.order;
-            EXPECT_EQ(a, r.spec) << K::kName << " order " << r.order << " hint " << r.hint;
-            EXPECT_EQ(b, r.init) << K::kName << " order " << r.order << " hint " << r.hint;
-            EXPECT_EQ(c, r.work) << K::kName << " order " << r.order << " hint " << r.hint;
-        }
-    }
-}
+template <> std::vector<SizeRow> kRows<I16sc> = {{0, 116, 0, 0, 0}, {2, 256, 128, 96, 0}, {2, 276, 64, 96, 2}, {7, 1600, 64, 2176, 1}};
+template <> std::vector<SizeRow> kRows<I16s> = {{2, 256, 128, 112, 1}, {3, 276, 64, 128, 5}};
+template <> std::vector<SizeRow> kRows<IR16s> = {{0, 116, 0, 0, 1}, {3, 320, 128, 104, 0}, {8, 2624, 64, 2184, 0}};
+template <> std::vector<SizeRow> kRows<I32sc> = {{0, 280, 0, 80, 0}, {11, 35264, 4288, 65664, 0}};
+template <> std::vector<SizeRow> kRows<I32s> = {{7, 2624, 0, 4224, 0}};
+template <> std::vector<SizeRow> kRows<IR32s> = {{8, 4672, 0, 4240, 0}};
+template <> std::vector<SizeRow> kRows<IR16s32s> = {{5, 576, 0, 336, 0}};
 
 TEST(FftSpec, ReportedSizes) {
-    check_rows<C32fc>(kC32fc);
-    check_rows<C32f>(kC32fc);
-    check_rows<C64fc>(kC64fc);
-    check_rows<C64f>(kC64fc);
-    check_rows<R32f>(kR32f);
-    check_rows<R64f>(kR64f);
-    check_rows<I16sc>(kC16sc);
-    check_rows<I16s>(kC16s);
-    check_rows<IR16s>(kR16s);
-    check_rows<I32sc>(kC32sc);
-    check_rows<I32s>(kC32s);
-    check_rows<IR32s>(kR32s);
-    check_rows<IR16s32s>(kR16s32s);
+    AllKinds::each([]<class K>() {
+        for (const SizeRow& r : kRows<K>) {
+            int a = -1, b = -1, c = -1;
+            for (int flag : kFlags) {
+                ASSERT_EQ(K::get_size(r.order, flag, r.hint, &a, &b, &c), zamStatusOk) << K::kName << " " << r.order;
+                EXPECT_EQ(a, r.spec) << K::kName << " order " << r.order << " hint " << r.hint;
+                EXPECT_EQ(b, r.init) << K::kName << " order " << r.order << " hint " << r.hint;
+                EXPECT_EQ(c, r.work) << K::kName << " order " << r.order << " hint " << r.hint;
+            }
+        }
+    });
 }
 
 // Every order: sizes reported up to the kind's top (never shrinking for the
