@@ -170,27 +170,20 @@ ZAMS_DIGEST(fft_int) {
         auto x16 = zt::random_ints<Zam16s>(2 * n + 2, 60 + order);
         auto x32 = zt::random_ints<Zam32s>(2 * n + 2, 70 + order);
         const int flag = kFlags[order % 4];
-        ZamsFFTSpec_C_16sc* a = nullptr;
-        ZamsFFTSpec_R_16s* r = nullptr;
-        ZamsFFTSpec_C_32s* c = nullptr;
-        ZamsFFTSpec_R_16s32s* m = nullptr;
-        d.status(zamsFFTInitAlloc_C_16sc(&a, order, flag, 0));
-        d.status(zamsFFTInitAlloc_R_16s(&r, order, flag, 0));
-        d.status(zamsFFTInitAlloc_C_32s(&c, order, flag, 0));
-        d.status(zamsFFTInitAlloc_R_16s32s(&m, order, flag, 0));
+        OwnedSpec<I16sc> a;
+        OwnedSpec<IR16s> r;
+        OwnedSpec<I32s> c;
+        OwnedSpec<IR16s32s> m;
+        for (zamStatus st : {a.build(order, flag), r.build(order, flag), c.build(order, flag), m.build(order, flag)}) d.status(st);
         std::vector<Zam16s> y16(2 * n + 2);
         std::vector<Zam32s> y32(2 * n + 2), z32(2 * n + 2);
         for (int sf : {-2, 0, 4}) {
-            d.status(zamsFFTFwd_CToC_16sc_Sfs((Zam16sc*)x16.data(), (Zam16sc*)y16.data(), a, sf, nullptr)); d.add(y16);
-            d.status(zamsFFTFwd_RToPack_16s_Sfs(x16.data(), y16.data(), r, sf, nullptr)); d.add(y16);
-            d.status(zamsFFTInv_CCSToR_16s_Sfs(x16.data(), y16.data(), r, sf, nullptr)); d.add(y16);
-            d.status(zamsFFTInv_CToC_32s_Sfs(x32.data(), x32.data() + n, y32.data(), z32.data(), c, sf, nullptr)); d.add(y32); d.add(z32);
-            d.status(zamsFFTFwd_RToCCS_16s32s_Sfs(x16.data(), y32.data(), m, sf, nullptr)); d.add(y32);
+            d.status(zamsFFTFwd_CToC_16sc_Sfs((Zam16sc*)x16.data(), (Zam16sc*)y16.data(), a.spec, sf, nullptr)); d.add(y16);
+            d.status(zamsFFTFwd_RToPack_16s_Sfs(x16.data(), y16.data(), r.spec, sf, nullptr)); d.add(y16);
+            d.status(zamsFFTInv_CCSToR_16s_Sfs(x16.data(), y16.data(), r.spec, sf, nullptr)); d.add(y16);
+            d.status(zamsFFTInv_CToC_32s_Sfs(x32.data(), x32.data() + n, y32.data(), z32.data(), c.spec, sf, nullptr)); d.add(y32); d.add(z32);
+            d.status(zamsFFTFwd_RToCCS_16s32s_Sfs(x16.data(), y32.data(), m.spec, sf, nullptr)); d.add(y32);
         }
-        zamsFFTFree_C_16sc(a);
-        zamsFFTFree_R_16s(r);
-        zamsFFTFree_C_32s(c);
-        zamsFFTFree_R_16s32s(m);
     }
 }
 
