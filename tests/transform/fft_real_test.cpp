@@ -52,6 +52,7 @@ template <class K> void check_real(int order, size_t offset) {
                 EXPECT_LE(rel_rms(y.data(), want), bound<F>(order))
                     << K::kName << " order " << order << " flag " << flag << " fmt " << f << " inplace " << inplace;
                 EXPECT_TRUE(y.guards_intact()) << K::kName << " order " << order << " fmt " << f;
+                EXPECT_TRUE(f != kCcs || (y[1] == 0 && y[len - 1] == 0)) << K::kName << " order " << order;  // exact zeros
                 // and back: the inverse of this spectrum is x times both scales times N
                 zt::Guarded<F> z(inplace ? len : n, offset);
                 if (inplace) std::memcpy(z.data(), y.data(), len * sizeof(F));
