@@ -27,7 +27,8 @@ template <class T> void model_mul(bool perm, const T* a, const T* b, LD* out, in
 
 template <class F> double tol(LD want) { return (sizeof(F) == 4 ? 1e-5 : 1e-14) * (1 + std::fabs(double(want))); }
 
-template <class F> void check_mul_float(auto mul, auto mul_i, bool perm) {
+// Products, and for Pack the conjugate product (in place only).
+template <class F> void check_mul_float(auto mul, auto mul_i, bool perm, zamStatus (*conj_i)(const F*, F*, int) = nullptr) {
     for (int len = 1; len <= 19; ++len) {
         auto a = zt::random_reals<F>(len, len, F(-4), F(4));
         auto b = zt::random_reals<F>(len, len + 50, F(-4), F(4));
@@ -46,7 +47,13 @@ template <class F> void check_mul_float(auto mul, auto mul_i, bool perm) {
         std::vector<F> z = b;
         ASSERT_EQ(mul_i(a.data(), z.data(), len), zamStatusOk);
         ASSERT_EQ(0, std::memcmp(z.data(), d.data(), len * sizeof(F)));
+        if (!conj_i) continue;
+        model_mul(perm, a.data(), b.data(), want.data(), len, true);
+        z = b;
+        ASSERT_EQ(conj_i(a.data(), z.data(), len), zamStatusOk);
+        for (int i = 0; i < len; ++i) EXPECT_NEAR(double(z[i]), double(want[i]), tol<F>(want[i])) << "conj " << len << " " << i;
     }
+    EXPECT_TRUE(!conj_i || conj_i(nullptr, nullptr, 0) == zamStatusNullPointer);
     F v[2] = {1, 2};
     EXPECT_EQ(mul(v, nullptr, v + 1, 2), zamStatusNullPointer);
     EXPECT_EQ(mul(v, v, v + 1, 0), zamStatusBadLength);
@@ -56,29 +63,11 @@ template <class F> void check_mul_float(auto mul, auto mul_i, bool perm) {
     EXPECT_EQ(v[1], 2);
 }
 
-TEST(FftPacked, MulPackAndPermFloat) {
-    check_mul_float<float>(zamsMulPack_32f, zamsMulPack_32f_I, false);
+TEST(FftPacked, MulFloat) {
+    check_mul_float<float>(zamsMulPack_32f, zamsMulPack_32f_I, false, zamsMulPackConj_32f_I);
     check_mul_float<float>(zamsMulPerm_32f, zamsMulPerm_32f_I, true);
-    check_mul_float<double>(zamsMulPack_64f, zamsMulPack_64f_I, false);
+    check_mul_float<double>(zamsMulPack_64f, zamsMulPack_64f_I, false, zamsMulPackConj_64f_I);
     check_mul_float<double>(zamsMulPerm_64f, zamsMulPerm_64f_I, true);
-}
-
-// The conjugate product, in place only.
-template <class F> void check_mul_conj(auto mul_conj) {
-    for (int len = 1; len <= 12; ++len) {
-        auto s = zt::random_reals<F>(len, 3 * len, F(-2), F(2));
-        auto d = zt::random_reals<F>(len, 3 * len + 1, F(-2), F(2));
-        std::vector<LD> want(len);
-        model_mul(false, s.data(), d.data(), want.data(), len, true);
-        ASSERT_EQ(mul_conj(s.data(), d.data(), len), zamStatusOk);
-        for (int i = 0; i < len; ++i) EXPECT_NEAR(double(d[i]), double(want[i]), tol<F>(want[i])) << len << " " << i;
-    }
-    EXPECT_EQ(mul_conj(nullptr, nullptr, 0), zamStatusNullPointer);
-}
-
-TEST(FftPacked, MulPackConj) {
-    check_mul_conj<float>(zamsMulPackConj_32f_I);
-    check_mul_conj<double>(zamsMulPackConj_64f_I);
 }
 
 TEST(FftPacked, MulPack16sScaling) {
