@@ -25,7 +25,10 @@ template <class T> void model_mul(bool perm, const T* a, const T* b, LD* out, in
     }
 }
 
-template <class F> void check_mul_float(auto mul, auto mul_i, bool perm) {
+template <class F> double tol(LD want) { return (sizeof(F) == 4 ? 1e-5 : 1e-14) * (1 + std::fabs(double(want))); }
+
+// Products, and for Pack the conjugate product (in place only).
+template <class F> void check_mul_float(auto mul, auto mul_i, bool perm, zamStatus (*conj_i)(const F*, F*, int) = nullptr) {
     for (int len = 1; len <= 19; ++len) {
         auto a = zt::random_reals<F>(len, len, F(-4), F(4));
         auto b = zt::random_reals<F>(len, len + 50, F(-4), F(4));
@@ -33,7 +36,7 @@ template <class F> void check_mul_float(auto mul, auto mul_i, bool perm) {
         model_mul(perm, a.data(), b.data(), want.data(), len, false);
         zt::Guarded<F> d(len, 4);
         ASSERT_EQ(mul(a.data(), b.data(), d.data(), len), zamStatusOk);
-        for (int i = 0; i < len; ++i) EXPECT_NEAR(LD(d[i]), want[i], 1e-5 * (1 + std::fabs(double(want[i])))) << len << " " << i;
+        for (int i = 0; i < len; ++i) EXPECT_NEAR(double(d[i]), double(want[i]), tol<F>(want[i])) << len << " " << i;
         EXPECT_TRUE(d.guards_intact());
         // either source may be the destination; the bits are the same
         std::vector<F> x = a, y = b;
@@ -44,7 +47,13 @@ template <class F> void check_mul_float(auto mul, auto mul_i, bool perm) {
         std::vector<F> z = b;
         ASSERT_EQ(mul_i(a.data(), z.data(), len), zamStatusOk);
         ASSERT_EQ(0, std::memcmp(z.data(), d.data(), len * sizeof(F)));
+        if (!conj_i) continue;
+        model_mul(perm, a.data(), b.data(), want.data(), len, true);
+        z = b;
+        ASSERT_EQ(conj_i(a.data(), z.data(), len), zamStatusOk);
+        for (int i = 0; i < len; ++i) EXPECT_NEAR(double(z[i]), double(want[i]), tol<F>(want[i])) << "conj " << len << " " << i;
     }
+    EXPECT_TRUE(!conj_i || conj_i(nullptr, nullptr, 0) == zamStatusNullPointer);
     F v[2] = {1, 2};
     EXPECT_EQ(mul(v, nullptr, v + 1, 2), zamStatusNullPointer);
     EXPECT_EQ(mul(v, v, v + 1, 0), zamStatusBadLength);
@@ -54,49 +63,11 @@ template <class F> void check_mul_float(auto mul, auto mul_i, bool perm) {
     EXPECT_EQ(v[1], 2);
 }
 
-TEST(FftPacked, MulPackAndPermFloat) {
-    check_mul_float<float>(zamsMulPack_32f, zamsMulPack_32f_I, false);
+TEST(FftPacked, MulFloat) {
+    check_mul_float<float>(zamsMulPack_32f, zamsMulPack_32f_I, false, zamsMulPackConj_32f_I);
     check_mul_float<float>(zamsMulPerm_32f, zamsMulPerm_32f_I, true);
-    check_mul_float<double>(zamsMulPack_64f, zamsMulPack_64f_I, false);
+    check_mul_float<double>(zamsMulPack_64f, zamsMulPack_64f_I, false, zamsMulPackConj_64f_I);
     check_mul_float<double>(zamsMulPerm_64f, zamsMulPerm_64f_I, true);
-}
-
-TEST(FftPacked, MulPackConj) {
-    for (int len = 1; len <= 12; ++len) {
-        auto s = zt::random_reals<double>(len, 3 * len, -2.0, 2.0);
-        auto d = zt::random_reals<double>(len, 3 * len + 1, -2.0, 2.0);
-        std::vector<LD> want(len);
-        model_mul(false, s.data(), d.data(), want.data(), len, true);
-        ASSERT_EQ(zamsMulPackConj_64f_I(s.data(), d.data(), len), zamStatusOk);
-        for (int i = 0; i < len; ++i) EXPECT_NEAR(double(d[i]), double(want[i]), 1e-14) << len << " " << i;
-        std::vector<float> sf(s.begin(), s.end()), df(len);
-        ASSERT_EQ(zamsMulPackConj_32f_I(sf.data(), df.data(), len), zamStatusOk);
-    }
-    EXPECT_EQ(zamsMulPackConj_32f_I(nullptr, nullptr, 0), zamStatusNullPointer);
-}
-
-// Fast convolution: the product of two Pack spectra transforms back to
-// the circular convolution.
-TEST(FftPacked, PackProductIsCircularConvolution) {
-    const int order = 7;
-    const int n = 1 << order;
-    ZamsFFTSpec_R_64f* spec = nullptr;
-    ASSERT_EQ(zamsFFTInitAlloc_R_64f(&spec, order, 2, 0), zamStatusOk);
-    auto a = zt::random_reals<double>(n, 1, -1.0, 1.0), b = zt::random_reals<double>(n, 2, -1.0, 1.0);
-    std::vector<double> A(n), B(n), C(n), c(n);
-    for (int perm = 0; perm < 2; ++perm) {
-        auto fwd = perm ? zamsFFTFwd_RToPerm_64f : zamsFFTFwd_RToPack_64f;
-        ASSERT_EQ(fwd(a.data(), A.data(), spec, nullptr), zamStatusOk);
-        ASSERT_EQ(fwd(b.data(), B.data(), spec, nullptr), zamStatusOk);
-        ASSERT_EQ((perm ? zamsMulPerm_64f : zamsMulPack_64f)(A.data(), B.data(), C.data(), n), zamStatusOk);
-        ASSERT_EQ((perm ? zamsFFTInv_PermToR_64f : zamsFFTInv_PackToR_64f)(C.data(), c.data(), spec, nullptr), zamStatusOk);
-        for (int i = 0; i < n; ++i) {
-            LD s = 0;
-            for (int j = 0; j < n; ++j) s += LD(a[j]) * b[(i - j + n) % n];
-            EXPECT_NEAR(c[i], double(s), 1e-12) << i;
-        }
-    }
-    zamsFFTFree_R_64f(spec);
 }
 
 TEST(FftPacked, MulPack16sScaling) {
@@ -134,48 +105,31 @@ TEST(FftPacked, MulPack16sScaling) {
 // Expansion: the full spectrum of a real signal, from each format.
 template <class C, class P> void check_conj(auto pack, auto pack_i, auto perm, auto perm_i, auto ccs, auto ccs_i) {
     for (int n = 1; n <= 11; ++n) {
-        // a Hermitian spectrum X of length n, integer-valued
-        std::vector<std::pair<int, int>> X(n);
-        for (int k = 0; k <= n / 2; ++k) X[k] = {3 * k + 1, (k == 0 || 2 * k == n) ? 0 : 7 - 2 * k};
-        for (int k = n / 2 + 1; k < n; ++k) X[k] = {X[n - k].first, -X[n - k].second};
-        std::vector<P> packv, permv, ccsv;
-        packv.push_back(P(X[0].first));
-        permv.push_back(P(X[0].first));
-        if (n % 2 == 0 && n > 1) permv.push_back(P(X[n / 2].first));
-        for (int k = 1; k <= (n - 1) / 2; ++k) {
-            packv.push_back(P(X[k].first)); packv.push_back(P(X[k].second));
-            permv.push_back(P(X[k].first)); permv.push_back(P(X[k].second));
-        }
-        if (n % 2 == 0 && n > 1) packv.push_back(P(X[n / 2].first));
-        for (int k = 0; k <= n / 2; ++k) { ccsv.push_back(P(X[k].first)); ccsv.push_back(P(X[k].second)); }
-        auto check = [&](const std::vector<P>& got, const char* what) {
-            for (int k = 0; k < n; ++k) {
-                EXPECT_EQ(got[2 * k], P(X[k].first)) << what << " n " << n << " k " << k;
-                EXPECT_EQ(got[2 * k + 1], P(X[k].second)) << what << " n " << n << " k " << k;
+        // a Hermitian spectrum X of length n, integer-valued, in each format
+        std::vector<CL> X(n);
+        for (int k = 0; k <= n / 2; ++k) X[k] = CL(3 * k + 1, (k == 0 || 2 * k == n) ? 0 : 7 - 2 * k);
+        for (int k = n / 2 + 1; k < n; ++k) X[k] = std::conj(X[n - k]);
+        std::vector<P> src[3];
+        for (Fmt f : {kPack, kPerm, kCcs})
+            for (LD v : pack_model(f, X, n)) src[f == kPack ? 0 : f == kPerm ? 1 : 2].push_back(P(v));
+        // out of place, then in place from the packed data at the front
+        for (int fmt = 0; fmt < 3; ++fmt)
+            for (int inplace = 0; inplace < 2; ++inplace) {
+                std::vector<P> out(2 * n + 2, P(99));
+                const auto& s = src[fmt];
+                if (inplace) std::copy(s.begin(), s.begin() + std::min<size_t>(s.size(), 2 * n), out.begin());
+                const zamStatus st = inplace ? (fmt == 0 ? pack_i : fmt == 1 ? perm_i : ccs_i)((C*)out.data(), n)
+                                   : fmt == 0 ? pack(s.data(), (C*)out.data(), n)
+                                   : fmt == 1 ? perm(s.data(), (C*)out.data(), n)
+                                              : ccs((const C*)s.data(), (C*)out.data(), n);
+                ASSERT_EQ(st, zamStatusOk);
+                for (int k = 0; k < n; ++k) {
+                    EXPECT_EQ(out[2 * k], P(X[k].real())) << "fmt " << fmt << " in place " << inplace << " n " << n << " k " << k;
+                    EXPECT_EQ(out[2 * k + 1], P(X[k].imag())) << "fmt " << fmt << " in place " << inplace << " n " << n << " k " << k;
+                }
+                EXPECT_EQ(out[2 * n], P(99)) << "fmt " << fmt << " in place " << inplace << " wrote past " << n;
+                EXPECT_EQ(out[2 * n + 1], P(99));
             }
-            for (size_t i = 2 * n; i < got.size(); ++i) EXPECT_EQ(got[i], P(99)) << what << " wrote past " << n;
-        };
-        std::vector<P> out(2 * n + 2, P(99));
-        ASSERT_EQ(pack(packv.data(), (C*)out.data(), n), zamStatusOk);
-        check(out, "pack");
-        std::vector<P> io(2 * n + 2, P(99));
-        std::copy(packv.begin(), packv.end(), io.begin());
-        ASSERT_EQ(pack_i((C*)io.data(), n), zamStatusOk);
-        check(io, "pack_i");
-        std::fill(out.begin(), out.end(), P(99));
-        ASSERT_EQ(perm(permv.data(), (C*)out.data(), n), zamStatusOk);
-        check(out, "perm");
-        std::fill(io.begin(), io.end(), P(99));
-        std::copy(permv.begin(), permv.end(), io.begin());
-        ASSERT_EQ(perm_i((C*)io.data(), n), zamStatusOk);
-        check(io, "perm_i");
-        std::fill(out.begin(), out.end(), P(99));
-        ASSERT_EQ(ccs((const C*)ccsv.data(), (C*)out.data(), n), zamStatusOk);
-        check(out, "ccs");
-        std::fill(io.begin(), io.end(), P(99));
-        std::copy(ccsv.begin(), ccsv.begin() + std::min<size_t>(ccsv.size(), 2 * n), io.begin());
-        ASSERT_EQ(ccs_i((C*)io.data(), n), zamStatusOk);
-        check(io, "ccs_i");
     }
     P v[4] = {1, 2, 3, 4};
     EXPECT_EQ(pack(nullptr, (C*)v, 1), zamStatusNullPointer);
