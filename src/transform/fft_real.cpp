@@ -286,6 +286,47 @@ template <Fmt Out> void real16_fwd(const float* x, float* dst, bool on, float sc
     }
 }
 
+// The 16-point inverse, straight-line in float, every input read before the
+// first store. k = 4 k1 + k2, n = n1 + 4 n2: 4-point transforms over k1 for
+// each k2 give H_k2[n1] after the factors w_16^(-n1 k2); H0 and H2 are real
+// and H3 = conj H1, so row n2 of the output is H0 + (-1)^n2 H2 + 2 Re(i^n2 H1),
+// four lanes n1 at a time.
+template <Fmt In> void real16_inv(const float* src, float* dst, bool on, float sc) {
+    constexpr float h = 0.70710678118654752440f, c = 0.92387953251128675613f, s = 0.38268343236508977173f;
+    constexpr float rt2 = 1.41421356237309504880f;
+    float X[18];  // bins 0 to 8, (re, im); the imaginary parts of 0 and 8 unused
+    if constexpr (In == Fmt::Pack) {
+        X[0] = src[0];
+        for (int i = 1; i < 15; ++i) X[i + 1] = src[i];
+        X[16] = src[15];
+    } else {
+        for (int i = 0; i < 16; ++i) X[i] = src[i];
+        X[16] = In == Fmt::Perm ? src[1] : src[16];
+    }
+    const float a = X[0] + X[16], b = X[0] - X[16];
+    const __m128 h0 = _mm_setr_ps(a + 2 * X[8], b - 2 * X[9], a - 2 * X[8], b + 2 * X[9]);
+    const float x2r = X[4], x2i = X[5], x6r = X[12], x6i = X[13];
+    const __m128 h2 = _mm_setr_ps(2 * (x2r + x6r), rt2 * ((x2r - x2i) - (x6r + x6i)), 2 * (x6i - x2i),
+                                  -(rt2 * ((x2r + x2i) - (x6r - x6i))));
+    // bins 1, 5, 9 = conj 7, 13 = conj 3
+    const float Pr = X[2] + X[14], Pi = X[3] - X[15], Qr = X[2] - X[14], Qi = X[3] + X[15];
+    const float Rr = X[10] + X[6], Ri = X[11] - X[7], Sr = X[10] - X[6], Si = X[11] + X[7];
+    const float g1r = Qr - Si, g1i = Qi + Sr, g2r = Pr - Rr, g2i = Pi - Ri, g3r = Qr + Si, g3i = Qi - Sr;
+    const __m128 h1r = _mm_setr_ps(Pr + Rr, g1r * c - g1i * s, h * (g2r - g2i), g3r * s - g3i * c);
+    const __m128 h1i = _mm_setr_ps(Pi + Ri, g1r * s + g1i * c, h * (g2r + g2i), g3r * c + g3i * s);
+    const __m128 u = _mm_add_ps(h0, h2), v = _mm_sub_ps(h0, h2);
+    const __m128 t = _mm_add_ps(h1r, h1r), w = _mm_add_ps(h1i, h1i);
+    __m128 r0 = _mm_add_ps(u, t), r1 = _mm_sub_ps(v, w), r2 = _mm_sub_ps(u, t), r3 = _mm_add_ps(v, w);
+    if (on) {
+        const __m128 k = _mm_set1_ps(sc);
+        r0 = _mm_mul_ps(r0, k); r1 = _mm_mul_ps(r1, k); r2 = _mm_mul_ps(r2, k); r3 = _mm_mul_ps(r3, k);
+    }
+    _mm_storeu_ps(dst, r0);
+    _mm_storeu_ps(dst + 4, r1);
+    _mm_storeu_ps(dst + 8, r2);
+    _mm_storeu_ps(dst + 12, r3);
+}
+
 template <class F, Fmt Out> zamStatus fwd(const F* src, F* dst, const void* spec, uint8_t* buf, int32_t id) {
     RealCall<F> c;
     if (zamStatus s = real_call<F, false>(spec, id, src, dst, c)) return s;
@@ -323,6 +364,12 @@ template <class F, Fmt In> zamStatus inv(const F* src, F* dst, const void* spec,
     if (R == 0) {
         dst[0] = on ? src[0] * sc : src[0];
         return zamStatusOk;
+    }
+    if constexpr (sizeof(F) == 4) {
+        if (R == 4) {
+            real16_inv<In>(src, dst, on, sc);
+            return zamStatusOk;
+        }
     }
     // A caller without a buffer gets one before anything is written.
     WorkBuf wb;
