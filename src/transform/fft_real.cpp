@@ -231,7 +231,7 @@ zamStatus real_call(const void* spec, int32_t id, const F* src, const F* dst, Re
 // 4-point transforms over n1 for each n2, the factors w_16^(n2 k1), then
 // 4-point transforms over n2; bins 9 to 15 are the conjugates of 7 to 1.
 template <Fmt Out> void real16_fwd(const float* x, float* dst, bool on, float sc) {
-    constexpr float h = 0.70710678118654752440f, c = 0.92387953251128675613f, s = 0.38268343236508977173f;
+    const float h = kW16_32f[4], c = kW16_32f[2], s = -kW16_32f[3];
     float v0[4], v2[4], b[4], d[4];
     for (int n2 = 0; n2 < 4; ++n2) {
         const float a = x[n2] + x[n2 + 8], cc = x[n2 + 4] + x[n2 + 12];
@@ -292,8 +292,8 @@ template <Fmt Out> void real16_fwd(const float* x, float* dst, bool on, float sc
 // and H3 = conj H1, so row n2 of the output is H0 + (-1)^n2 H2 + 2 Re(i^n2 H1),
 // four lanes n1 at a time.
 template <Fmt In> void real16_inv(const float* src, float* dst, bool on, float sc) {
-    constexpr float h = 0.70710678118654752440f, c = 0.92387953251128675613f, s = 0.38268343236508977173f;
-    constexpr float rt2 = 1.41421356237309504880f;
+    const float h = kW16_32f[4], c = kW16_32f[2], s = -kW16_32f[3];
+    const float rt2 = 2 * h;
     float X[18];  // bins 0 to 8, (re, im); the imaginary parts of 0 and 8 unused
     if constexpr (In == Fmt::Pack) {
         X[0] = src[0];
