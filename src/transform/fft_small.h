@@ -18,11 +18,22 @@ inline constexpr int kSmallMaxOrder = 6;
 // double: N1 must hold a group of W).
 inline constexpr int kSmallMinOrder = 2;
 
+// Tables of vectors of W factors keep every vector as two: the real parts
+// duplicated, then the imaginary parts duplicated (4 W values), so a product
+// needs no shuffles of the factor.
+template <class F> inline void put_w_dup(F* blk, int lane, long long k, long long n) {
+    constexpr int W = VT<F>::W;
+    F w[2];
+    put_w(w, k, n);
+    blk[2 * lane] = blk[2 * lane + 1] = w[0];
+    blk[2 * W + 2 * lane] = blk[2 * W + 2 * lane + 1] = w[1];
+}
+
 // w_N^m for m < N, and the lane factors w_N^(l k1) (k1 < N1, l < W), of
 // every order up to 6, built once with sincospi_ratio.
 template <class F> struct SmallTabs {
     alignas(32) F root[kSmallMaxOrder + 1][2 << kSmallMaxOrder];
-    alignas(32) F lane[kSmallMaxOrder + 1][2 << kSmallMaxOrder];
+    alignas(32) F lane[kSmallMaxOrder + 1][4 << kSmallMaxOrder];  // duplicated parts
     SmallTabs() {
         constexpr long long W = VT<F>::W;
         for (int M = 1; M <= kSmallMaxOrder; ++M) {
@@ -30,7 +41,7 @@ template <class F> struct SmallTabs {
             for (long long m = 0; m < N; ++m) put_w(root[M] + 2 * m, 2 * m, N);
             if (N < W) continue;
             for (long long k1 = 0; k1 < N / W; ++k1)
-                for (long long l = 0; l < W; ++l) put_w(lane[M] + 2 * (k1 * W + l), 2 * ((l * k1) % N), N);
+                for (long long l = 0; l < W; ++l) put_w_dup(lane[M] + 4 * W * k1, int(l), 2 * ((l * k1) % N), N);
         }
     }
 };
@@ -60,6 +71,10 @@ template <class F, bool Inv> inline typename VT<F>::V cmul_mem(typename VT<F>::V
         // movddup from w + 1 duplicates the imaginary parts
         return cmul_parts<F, Inv>(a, _mm256_movedup_pd(_mm256_loadu_pd(w)), _mm256_movedup_pd(_mm256_loadu_pd(w + 1)));
     }
+}
+// w a vector of values from a table of duplicated parts (put_w_dup).
+template <class F, bool Inv> inline typename VT<F>::V cmul_dup(typename VT<F>::V a, const F* blk) {
+    return cmul_parts<F, Inv>(a, VT<F>::load(blk), VT<F>::load(blk + 2 * VT<F>::W));
 }
 
 // y[k] = sum_n x_n w^(nk), k < N, vector by vector (lanes independent),
@@ -111,7 +126,7 @@ template <class F, bool Inv, int M> void small_fft_m(const F* src, F* dst, const
     V y[N1];
     vdft<F, Inv, N1>(src, 1, y, tb.root[M], W);
 #pragma GCC unroll 64
-    for (int k = 1; k < N1; ++k) y[k] = cmul_mem<F, Inv>(y[k], tb.lane[M] + 2 * W * k);
+    for (int k = 1; k < N1; ++k) y[k] = cmul_dup<F, Inv>(y[k], tb.lane[M] + 4 * W * k);
 #pragma GCC unroll 64
     for (int g = 0; g < N1; g += W) {
         if constexpr (W == 4) {
@@ -167,13 +182,22 @@ namespace zams::fft {
 // and written once each, so they may be the same array.
 inline constexpr int kMidMaxOrder = 11;
 
+// Up to 1024 points the factors keep their parts duplicated (the shuffles
+// saved pay); above, the table's size in the first-level cache costs more.
+template <int M1, int M2> inline constexpr bool kMidDup = M1 + M2 <= 10;
 template <class F, int M1, int M2> struct MidTab {
     static constexpr int N1 = 1 << M1, N2 = 1 << M2;
-    alignas(64) F w[2 * N1 * N2];  // w_N^(n1 k2) at k2 N1 + n1
+    static constexpr int W = VT<F>::W;
+    // w_N^(n1 k2) at k2 N1 + n1, or duplicated parts of vector (k2 N1 + n1) / W
+    alignas(64) F w[(kMidDup<M1, M2> ? 4 : 2) * N1 * N2];
     MidTab() {
         const long long N = 1LL << (M1 + M2);
         for (long long k2 = 0; k2 < N2; ++k2)
-            for (long long n1 = 0; n1 < N1; ++n1) put_w(w + 2 * (k2 * N1 + n1), 2 * ((n1 * k2) % N), N);
+            for (long long n1 = 0; n1 < N1; ++n1) {
+                const long long k = 2 * ((n1 * k2) % N);
+                if constexpr (kMidDup<M1, M2>) put_w_dup(w + 4 * (k2 * N1 + n1 - n1 % W), int(n1 % W), k, N);
+                else put_w(w + 2 * (k2 * N1 + n1), k, N);
+            }
     }
 };
 template <class F, int M1, int M2> const F* mid_tab() {
@@ -199,7 +223,10 @@ __attribute__((always_inline)) inline void column_step(const F* src, int g, type
     constexpr int N1 = 1 << M1, N2 = 1 << M2;
     vdft<F, Inv, N2>(src + 2 * g, N1 / VT<F>::W, z, tb.root[M2], 1);
 #pragma GCC unroll 64
-    for (int k = 1; k < N2; ++k) z[k] = cmul_mem<F, Inv>(z[k], tw + 2 * (k * N1 + g));
+    for (int k = 1; k < N2; ++k) {
+        if constexpr (kMidDup<M1, M2>) z[k] = cmul_dup<F, Inv>(z[k], tw + 4 * (k * N1 + g));
+        else z[k] = cmul_mem<F, Inv>(z[k], tw + 2 * (k * N1 + g));
+    }
 }
 
 template <class F, bool Inv, int M1, int M2> void mid_fft_m(const F* src, F* dst, F* t) {
@@ -226,8 +253,11 @@ template <class F, bool Inv, int M1, int M2> void mid_fft_m(const F* src, F* dst
     }
 }
 
-// Orders 7 to 11 through a buffer t of 2^M complex values.
+// Orders 7 to 11 through a buffer t of 2^M complex values. Out of place the
+// destination is the buffer: the second level reads and writes the same
+// columns of it, so the data stays in two arrays instead of three.
 template <class F, bool Inv> void mid_fft(const F* src, F* dst, F* t, int M) {
+    if (src != dst) t = dst;
     switch (M) {
         case 7: mid_fft_m<F, Inv, 3, 4>(src, dst, t); break;
         case 8: mid_fft_m<F, Inv, 4, 4>(src, dst, t); break;
