@@ -57,8 +57,8 @@ template <class T> struct Buffers {
     std::vector<T> v[4];
     T* al[4];
     explicit Buffers(int n) {
+        for (int k = 0; k < 4; ++k) v[k].assign(n, T(1.5f + k));
         for (int k = 0; k < 4; ++k) {
-            v[k].assign(n, T(1.5f + k));
             al[k] = reinterpret_cast<T*>(zamsMalloc_8u(int(n * sizeof(T))));
             std::copy(v[k].begin(), v[k].end(), al[k]);
         }
