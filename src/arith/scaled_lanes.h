@@ -245,9 +245,9 @@ template <class A, class B> void words_mul(Zam16u* d, ptrdiff_t n, const Bin<F::
     });
 }
 
-// 16sc products, four elements (eight parts) a step. pmullw and pmulhw give
-// the exact 32-bit products ac, bd and, against the swapped pairs, ad, bc;
-// phsubd and phaddd form ac - bd and ad + bc. These fit 32 bits except
+// 16sc products, four elements (eight parts) a step. pmaddwd forms ad + bc
+// against the swapped pairs, and ac and bd from the real and the imaginary
+// parts alone, so that ac - bd is one subtraction. These fit 32 bits except
 // ad + bc = 2^31 (every part -32768), which wraps to INT_MIN, a value no
 // other sum reaches: those lanes take the rule's result for 2^31. The
 // rounding shift is split (q + ((rem + bias + odd) >> sf)) so that no
@@ -257,7 +257,7 @@ template <ScaleKind K> void cmul16(Zam16s* d, ptrdiff_t n, int sf, const CMul<in
     const auto* pb = reinterpret_cast<const Zam16s*>(s.b);
     const bool splat = s.bstep == 0;
     const __m128i cst = _mm_set1_epi32(int32_t(uint16_t(s.b->re) | (uint32_t(uint16_t(s.b->im)) << 16)));
-    const __m128i one = _mm_set1_epi32(1), imin = _mm_set1_epi32(INT32_MIN);
+    const __m128i one = _mm_set1_epi32(1), imin = _mm_set1_epi32(INT32_MIN), lo16 = _mm_set1_epi32(0xFFFF);
     const int ps = K == ScaleKind::Pos ? sf : 1;
     const __m128i cnt = _mm_cvtsi32_si128(ps);
     const __m128i mask = _mm_set1_epi32(int32_t((uint32_t(1) << ps) - 1));
@@ -294,13 +294,13 @@ template <ScaleKind K> void cmul16(Zam16s* d, ptrdiff_t n, int sf, const CMul<in
         const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pa + j));
         const __m128i y = splat ? cst : _mm_loadu_si128(reinterpret_cast<const __m128i*>(pb + j));
         const __m128i ys = _mm_shufflehi_epi16(_mm_shufflelo_epi16(y, 0xB1), 0xB1);
-        const __m128i l1 = _mm_mullo_epi16(x, y), h1 = _mm_mulhi_epi16(x, y);
-        const __m128i l2 = _mm_mullo_epi16(x, ys), h2 = _mm_mulhi_epi16(x, ys);
-        const __m128i re = _mm_hsub_epi32(_mm_unpacklo_epi16(l1, h1), _mm_unpackhi_epi16(l1, h1));
-        const __m128i im = _mm_hadd_epi32(_mm_unpacklo_epi16(l2, h2), _mm_unpackhi_epi16(l2, h2));
+        const __m128i ac = _mm_madd_epi16(_mm_and_si128(x, lo16), y), bd = _mm_madd_epi16(_mm_andnot_si128(lo16, x), y);
+        const __m128i re = _mm_sub_epi32(ac, bd);
+        const __m128i im = _mm_madd_epi16(x, ys);
         const __m128i v0 = _mm_unpacklo_epi32(re, im), v1 = _mm_unpackhi_epi32(re, im);
         const __m128i r = _mm_packs_epi32(kern(v0), kern(v1));
-        const __m128i wrap = _mm_packs_epi32(_mm_cmpeq_epi32(v0, imin), _mm_cmpeq_epi32(v1, imin));
+        // An element's imaginary part is the high word of its 32-bit lane in r.
+        const __m128i wrap = _mm_slli_epi32(_mm_cmpeq_epi32(im, imin), 16);
         store(d + j, _mm_blendv_epi8(r, big, wrap));
     }
     pairs(j, n);
