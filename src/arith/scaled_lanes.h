@@ -1,6 +1,7 @@
 // Scaled Add and Sub on 8-, 16- and 32-bit elements in lanes of their own
 // width (sixteen bytes a step), for the kinds None, One and Pos; 8u and 32s
-// also for Neg and Bound. They compute exactly the rule of scaled.h:
+// also for Neg and Bound (32s in double lanes). They compute exactly the
+// rule of scaled.h:
 //
 // - None is the saturating instruction itself (paddsw, psubusb, ...).
 // - 8u: the sum or difference of two bytes is exact in a 16-bit lane.
@@ -20,6 +21,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "../common/fpenv.h"
 #include "stream_store.h"
 
 namespace zams::scaled::lanes {
@@ -186,51 +188,32 @@ template <ScaleKind K, F f, class A, class B> void bytes(Zam8u* d, ptrdiff_t n, 
     });
 }
 
-// 32s elements: the same scheme as words() in 32-bit lanes. None adds with
-// wrap-around and takes the bound by the sign of x where the signs say the
-// result overflowed (the sign bit of the overflow word picks the lane).
-// Neg and Bound work in double, where every step is exact: the 33-bit sum,
-// its product by 2^k (k <= 32; at the bound, 32 saturates any nonzero sum),
-// the clamp to the 32-bit range and the conversion of an integer.
+// 32s elements. None adds with wrap-around and takes the bound by the sign
+// of x where the signs say the result overflowed (the sign bit of the
+// overflow word picks the lane). The other kinds work in double, where
+// every step is exact: the 33-bit sum, its product by 2^-sf (Pos, One) or
+// 2^k (Neg; at the bound, 2^32 saturates any nonzero sum), the clamp to the
+// 32-bit range, and the conversion, which rounds half to even under the
+// nearest rounding direction the call sets for itself.
 template <ScaleKind K, F f, class A, class B> void dwords(Zam32s* d, ptrdiff_t n, int sf, const Bin<f, A, B>& s) {
-    const __m128i one = _mm_set1_epi32(1), smax = _mm_set1_epi32(INT32_MAX), smin = _mm_set1_epi32(INT32_MIN);
-    const int k = K == ScaleKind::Pos ? sf - 1 : 1;
-    const __m128i cnt = _mm_cvtsi32_si128(k);
-    const __m128i mask = _mm_set1_epi32(int32_t((uint32_t(1) << k) - 1));
-    const __m128i bias = _mm_set1_epi32(int32_t((uint32_t(1) << (k - 1)) - 1));
-    const __m256d scale = _mm256_set1_pd(double(int64_t(1) << (K == ScaleKind::Bound ? 32 : (sf < 0 ? -sf : 0))));
+    const __m128i smax = _mm_set1_epi32(INT32_MAX);
+    const int e = K == ScaleKind::Bound ? 32 : -sf;
+    const __m256d scale = _mm256_set1_pd(e >= 0 ? double(int64_t(1) << e) : 1.0 / double(int64_t(1) << -e));
     const __m256d dlo = _mm256_set1_pd(double(INT32_MIN)), dhi = _mm256_set1_pd(double(INT32_MAX));
+    const RoundingScope nearest(Rounding::Nearest);
     drive<Zam32s, K>(d, n, sf, s, [&](ptrdiff_t j) {
         const __m128i x = Operand<A>::load(s.a, j), y = Operand<B>::load(s.b, j);
-        __m128i r;
-        if constexpr (K == ScaleKind::Neg || K == ScaleKind::Bound) {
-            const __m256d xd = _mm256_cvtepi32_pd(x), yd = _mm256_cvtepi32_pd(y);
-            const __m256d v = _mm256_mul_pd(f == F::Add ? _mm256_add_pd(xd, yd) : _mm256_sub_pd(xd, yd), scale);
-            r = _mm256_cvttpd_epi32(_mm256_min_pd(_mm256_max_pd(v, dlo), dhi));
-        } else if constexpr (K == ScaleKind::None) {
+        if constexpr (K == ScaleKind::None) {
             const __m128i w = f == F::Add ? _mm_add_epi32(x, y) : _mm_sub_epi32(x, y);
             const __m128i over = f == F::Add ? _mm_andnot_si128(_mm_xor_si128(x, y), _mm_xor_si128(x, w))
                                              : _mm_and_si128(_mm_xor_si128(x, y), _mm_xor_si128(x, w));
             const __m128i bound = _mm_xor_si128(_mm_srai_epi32(x, 31), smax);
-            r = _mm_castps_si128(_mm_blendv_ps(_mm_castsi128_ps(w), _mm_castsi128_ps(bound), _mm_castsi128_ps(over)));
+            return _mm_castps_si128(_mm_blendv_ps(_mm_castsi128_ps(w), _mm_castsi128_ps(bound), _mm_castsi128_ps(over)));
         } else {
-            const __m128i l = _mm_and_si128(_mm_xor_si128(x, y), one);
-            const __m128i hx = _mm_srai_epi32(x, 1), hy = _mm_srai_epi32(y, 1);
-            __m128i h;
-            if constexpr (f == F::Add) h = _mm_add_epi32(_mm_add_epi32(hx, hy), _mm_and_si128(_mm_and_si128(x, y), one));
-            else h = _mm_sub_epi32(_mm_sub_epi32(hx, hy), _mm_and_si128(_mm_andnot_si128(x, y), one));
-            if constexpr (K == ScaleKind::One) {
-                const __m128i up = _mm_and_si128(l, h);
-                r = _mm_add_epi32(h, up);
-                r = _mm_sub_epi32(r, _mm_and_si128(_mm_cmpeq_epi32(r, smin), up));  // 2^32 - 1 over 2 saturates
-            } else {
-                const __m128i q = _mm_sra_epi32(h, cnt);
-                const __m128i c = _mm_and_si128(_mm_or_si128(l, q), one);
-                const __m128i t = _mm_add_epi32(_mm_add_epi32(_mm_and_si128(h, mask), bias), c);
-                r = _mm_add_epi32(q, _mm_srl_epi32(t, cnt));
-            }
+            const __m256d xd = _mm256_cvtepi32_pd(x), yd = _mm256_cvtepi32_pd(y);
+            const __m256d v = _mm256_mul_pd(f == F::Add ? _mm256_add_pd(xd, yd) : _mm256_sub_pd(xd, yd), scale);
+            return _mm256_cvtpd_epi32(_mm256_min_pd(_mm256_max_pd(v, dlo), dhi));
         }
-        return r;
     });
 }
 

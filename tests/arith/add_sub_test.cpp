@@ -3,6 +3,8 @@
 #include "scaled_model.h"
 #include "../../src/arith/stream_store.h"
 
+#include <immintrin.h>
+
 #include <random>
 
 namespace {
@@ -87,6 +89,20 @@ TEST(ScaledAddSub, LaneKernelsAtTies) {
     near_ties<Zam16s>(zamsAdd_16s_Sfs, zamsSub_16s_Sfs, 16);
     near_ties<Zam16u>(zamsAdd_16u_Sfs, zamsSub_16u_Sfs, 16);
     near_ties<Zam32s>(zamsAdd_32s_Sfs, zamsSub_32s_Sfs, 32);
+}
+
+// 32s rounds in double lanes under the nearest direction, whatever the
+// caller's, and gives the caller's back.
+TEST(ScaledAddSub, CallersRoundingDirection) {
+    const unsigned saved = _mm_getcsr();
+    for (unsigned mode : {1u, 2u, 3u}) {
+        const unsigned csr = (saved & ~0x6000u) | (mode << 13);
+        _mm_setcsr(csr);
+        near_ties<Zam32s>(zamsAdd_32s_Sfs, zamsSub_32s_Sfs, 32);
+        const unsigned after = _mm_getcsr();
+        _mm_setcsr(saved);
+        EXPECT_EQ(after, csr) << "mode " << mode;
+    }
 }
 
 // Destinations long enough for non-temporal stores (x86-64 only: the i386
