@@ -27,6 +27,7 @@
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 
 #include "../common/simd.h"
 #include "../common/trig.h"
@@ -72,6 +73,14 @@ template <class F> struct Plan {
     const F* top;       // w_N^m, m < N/2, or null
     const uint32_t* rev;  // bit reversal of the first-pass groups, or null
 };
+
+// Calls fn.template operator()<K>() for the K in [Lo, Hi] equal to M: the
+// one place a run-time order picks a transform compiled for its size.
+template <int Lo, int Hi, class Fn> inline void with_order(int M, Fn&& fn) {
+    [&]<int... I>(std::integer_sequence<int, I...>) {
+        (void)((M == Lo + I && (fn.template operator()<Lo + I>(), true)) || ...);
+    }(std::make_integer_sequence<int, Hi - Lo + 1>{});
+}
 
 // ---------------------------------------------------------------- AVX ops --
 template <class F> struct VT;

@@ -129,13 +129,7 @@ template <bool Inv, int M> void dbl_fft_m(const double* src, double* dst, double
 
 // Orders 9 to 13; src may be dst, work holds 2^M complex values.
 template <bool Inv> void dbl_fft(const double* src, double* dst, double* work, int M) {
-    switch (M) {
-        case 9: dbl_fft_m<Inv, 9>(src, dst, work); break;
-        case 10: dbl_fft_m<Inv, 10>(src, dst, work); break;
-        case 11: dbl_fft_m<Inv, 11>(src, dst, work); break;
-        case 12: dbl_fft_m<Inv, 12>(src, dst, work); break;
-        default: dbl_fft_m<Inv, 13>(src, dst, work); break;
-    }
+    with_order<kDblMinOrder, kDblMaxOrder>(M, [&]<int K>() { dbl_fft_m<Inv, K>(src, dst, work); });
 }
 
 }  // namespace zams::fft

@@ -160,13 +160,9 @@ template <class F, bool Inv> void small_fft(const F* src, F* dst, int M) {
         }
     }
     const SmallTabs<F>& tb = small_tabs<F>();
-    switch (M) {
-        case 2: if constexpr (sizeof(F) == 8) small_fft_m<F, Inv, 2>(src, dst, tb); break;
-        case 3: if constexpr (sizeof(F) == 8) small_fft_m<F, Inv, 3>(src, dst, tb); break;
-        case 4: small_fft_m<F, Inv, 4>(src, dst, tb); break;
-        case 5: small_fft_m<F, Inv, 5>(src, dst, tb); break;
-        default: small_fft_m<F, Inv, 6>(src, dst, tb); break;
-    }
+    with_order<2, kSmallMaxOrder>(M, [&]<int K>() {
+        if constexpr (sizeof(F) == 8 || K >= 4) small_fft_m<F, Inv, K>(src, dst, tb);
+    });
 }
 
 }  // namespace zams::fft
@@ -253,18 +249,19 @@ template <class F, bool Inv, int M1, int M2> void mid_fft_m(const F* src, F* dst
     }
 }
 
+// Order of the first level's transforms (N1 = 2^M1 columns) for orders 7
+// to 11, by precision: the splits that ran fastest.
+template <class F> inline constexpr int kMidSplit[kMidMaxOrder + 1] = {0, 0, 0, 0, 0, 0, 0, 2, 3, 4, 5, 5};
+template <> inline constexpr int kMidSplit<double>[kMidMaxOrder + 1] = {0, 0, 0, 0, 0, 0, 0, 3, 3, 4, 5, 5};
+
 // Orders 7 to 11 through a buffer t of 2^M complex values. Out of place the
 // destination is the buffer: the second level reads and writes the same
 // columns of it, so the data stays in two arrays instead of three.
 template <class F, bool Inv> void mid_fft(const F* src, F* dst, F* t, int M) {
     if (src != dst) t = dst;
-    switch (M) {
-        case 7: mid_fft_m<F, Inv, 3, 4>(src, dst, t); break;
-        case 8: mid_fft_m<F, Inv, 4, 4>(src, dst, t); break;
-        case 9: mid_fft_m<F, Inv, 4, 5>(src, dst, t); break;
-        case 10: mid_fft_m<F, Inv, 5, 5>(src, dst, t); break;
-        default: mid_fft_m<F, Inv, 5, 6>(src, dst, t); break;
-    }
+    with_order<kSmallMaxOrder + 1, kMidMaxOrder>(M, [&]<int K>() {
+        mid_fft_m<F, Inv, kMidSplit<F>[K], K - kMidSplit<F>[K]>(src, dst, t);
+    });
 }
 
 }  // namespace zams::fft

@@ -72,13 +72,7 @@ template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst
 
 // Orders 12 to 16 through a work buffer of 2^M complex values.
 template <class F, bool Inv> void big_fft(const F* src, F* dst, F* work, int M) {
-    switch (M) {
-        case 12: split_fft_m<F, Inv, 12, 4>(src, dst, work); break;
-        case 13: split_fft_m<F, Inv, 13, 8>(src, dst, work); break;
-        case 14: split_fft_m<F, Inv, 14, 8>(src, dst, work); break;
-        case 15: split_fft_m<F, Inv, 15, 8>(src, dst, work); break;
-        default: split_fft_m<F, Inv, 16, 8>(src, dst, work); break;
-    }
+    with_order<kMidMaxOrder + 1, big_max_order<F>()>(M, [&]<int K>() { split_fft_m<F, Inv, K, K == 12 ? 4 : 8>(src, dst, work); });
 }
 
 }  // namespace zams::fft
