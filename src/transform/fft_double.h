@@ -11,8 +11,8 @@
 // The first pass (s = 1) runs its R-point transforms across two p at once
 // (the two lanes of a vector) and swaps lanes into place as it stores; its
 // factors lie in reading order, one vector (w^(pk), w^((p+1)k)) a step. The
-// later passes run across two sequences q at once with one factor w_N^(pks)
-// broadcast to both lanes. The R-point transforms are the straight-line
+// later passes are sort_pass of fft_small.h: two sequences q at once, one
+// factor w_N^(pks) broadcast to both lanes. The R-point transforms are the straight-line
 // ones of fft_small.h; with R at most 16 a 256-bit vector of two points
 // keeps them near the register count of the 64-bit target.
 //
@@ -40,8 +40,6 @@ inline constexpr int kDblRadix[kDblMaxOrder + 1][4] = {
     {16, 8, 8, 8},    // 13
 };
 
-inline constexpr int log2_of(int r) { return r == 8 ? 3 : 4; }
-
 // w_N^j for j < N, and the first pass's factors in reading order.
 template <int M> struct DblTab {
     static constexpr int N = 1 << M, R = kDblRadix[M][0];
@@ -66,7 +64,7 @@ template <int M> const DblTab<M>& dbl_tab() {
 template <bool Inv, int R, int N> void dbl_first(const double* x, double* y, const double* tw) {
     using T = VT<double>;
     constexpr int m = N / R;
-    const double* rt = small_tabs<double>().root[log2_of(R)];
+    const double* rt = small_tabs<double>().root[ilog2(R)];
     for (int p = 0; p < m; p += 2, tw += 4 * (R - 1)) {
         typename T::V c[R];
         vdft<double, Inv, R>(x + 2 * p, m / 2, c, rt, 1);
@@ -77,31 +75,6 @@ template <bool Inv, int R, int N> void dbl_first(const double* x, double* y, con
         for (int k = 0; k < R; k += 2) {
             T::store(y0 + 2 * k, _mm256_permute2f128_pd(c[k], c[k + 1], 0x20));
             T::store(y0 + 2 * (R + k), _mm256_permute2f128_pd(c[k], c[k + 1], 0x31));
-        }
-    }
-}
-
-// A later pass over s >= 2 sequences, radix R, x to y (x == y when m = 1).
-template <bool Inv, int R, int N, int s> void dbl_pass(const double* x, double* y, const double* root) {
-    using T = VT<double>;
-    constexpr int m = N / (s * R);
-    constexpr int xs = s * m / 2;
-    const double* rt = small_tabs<double>().root[log2_of(R)];
-    for (int q = 0; q < s; q += 2) {
-        typename T::V c[R];
-        vdft<double, Inv, R>(x + 2 * q, xs, c, rt, 1);
-#pragma GCC unroll 32
-        for (int k = 0; k < R; ++k) T::store(y + 2 * (q + s * k), c[k]);
-    }
-    for (int p = 1; p < m; ++p) {
-        const double* w = root + 2 * p * s;
-        for (int q = 0; q < s; q += 2) {
-            typename T::V c[R];
-            vdft<double, Inv, R>(x + 2 * (q + s * p), xs, c, rt, 1);
-#pragma GCC unroll 32
-            for (int k = 1; k < R; ++k) c[k] = cmul_bc<double, Inv>(c[k], w + 2 * p * s * (k - 1));
-#pragma GCC unroll 32
-            for (int k = 0; k < R; ++k) T::store(y + 2 * (q + s * (R * p + k)), c[k]);
         }
     }
 }
@@ -119,7 +92,8 @@ template <bool Inv, int M> void dbl_fft_m(const double* src, double* dst, double
     dbl_first<Inv, rad[0], N>(src, x, tb.first);
     auto step = [&]<int I>() {
         double* y = (I == P - 1 || x == work) ? dst : work;
-        dbl_pass<Inv, rad[I], N, dbl_stride(M, I)>(x, y, tb.root);
+        constexpr int s = dbl_stride(M, I);
+        sort_pass<double, Inv, rad[I], N, s, s>(x, y, tb.root);
         x = y;
     };
     step.template operator()<1>();

@@ -225,7 +225,9 @@ __attribute__((always_inline)) inline void column_step(const F* src, int g, type
     }
 }
 
-template <class F, bool Inv, int M1, int M2> void mid_fft_m(const F* src, F* dst, F* t) {
+// The first level alone: columns transformed, multiplied and stored
+// transposed to t (row n1 holds k2).
+template <class F, bool Inv, int M1, int M2> void first_level(const F* src, F* t) {
     using T = VT<F>;
     using V = typename T::V;
     constexpr int W = T::W, N1 = 1 << M1, N2 = 1 << M2;
@@ -241,12 +243,58 @@ template <class F, bool Inv, int M1, int M2> void mid_fft_m(const F* src, F* dst
             for (int j = 0; j < W; ++j) T::store(t + 2 * ((g + j) * N2 + b), z[b + j]);
         }
     }
-    for (int b = 0; b < N2; b += W) {
-        V y[N1];
-        vdft<F, Inv, N1>(t + 2 * b, N2 / W, y, tb.root[M1], 1);
+}
+
+constexpr int ilog2(int r) { return r <= 1 ? 0 : 1 + ilog2(r / 2); }
+
+// A self-sorting pass of radix R over s >= W interleaved sequences of
+// length n = N / s (sequence q holds the points q + s j). With m = n / R it
+// takes the R points j = p + r m of every sequence, transforms them to b_k
+// and stores b_k w_N^(p k s) at q + s (R p + k): the next pass sees R s
+// sequences of length m. It runs across W sequences at once with one
+// factor broadcast to every lane, w_N^(p k s) = root[2 p k TS] (TS = s for
+// a table of w_N, 1 for a table of w_(N/s)). With m = 1 there are no
+// factors, and x may be y: every position is read before it is written.
+template <class F, bool Inv, int R, int N, int s, int TS> void sort_pass(const F* x, F* y, const F* root) {
+    using T = VT<F>;
+    constexpr int W = T::W, m = N / (s * R), xs = s * m / W;
+    const F* rt = small_tabs<F>().root[ilog2(R)];
+    for (int q = 0; q < s; q += W) {
+        typename T::V c[R];
+        vdft<F, Inv, R>(x + 2 * q, xs, c, rt, 1);
 #pragma GCC unroll 64
-        for (int k = 0; k < N1; ++k) T::store(dst + 2 * (b + N2 * k), y[k]);
+        for (int k = 0; k < R; ++k) T::store(y + 2 * (q + s * k), c[k]);
     }
+    for (int p = 1; p < m; ++p) {
+        const F* w = root + 2 * p * TS;
+        for (int q = 0; q < s; q += W) {
+            typename T::V c[R];
+            vdft<F, Inv, R>(x + 2 * (q + s * p), xs, c, rt, 1);
+#pragma GCC unroll 64
+            for (int k = 1; k < R; ++k) c[k] = cmul_bc<F, Inv>(c[k], w + 2 * p * TS * (k - 1));
+#pragma GCC unroll 64
+            for (int k = 0; k < R; ++k) T::store(y + 2 * (q + s * (R * p + k)), c[k]);
+        }
+    }
+}
+
+// w_(2^K)^j for j < 2^K: the factors of a self-sorting pass with TS = 1.
+template <class F, int K> struct RootTab {
+    alignas(64) F w[2 << K];
+    RootTab() {
+        for (long long j = 0; j < (1LL << K); ++j) put_w(w + 2 * j, 2 * j, 1LL << K);
+    }
+};
+template <class F, int K> const F* root_tab() {
+    static const RootTab<F, K> t;
+    return t.w;
+}
+
+// The second level is a last self-sorting pass: N1-point transforms across
+// W columns k2 at a time, contiguous vectors of the natural order out.
+template <class F, bool Inv, int M1, int M2> void mid_fft_m(const F* src, F* dst, F* t) {
+    first_level<F, Inv, M1, M2>(src, t);
+    sort_pass<F, Inv, 1 << M1, 1 << (M1 + M2), 1 << M2, 0>(t, dst, nullptr);
 }
 
 // Order of the first level's transforms (N1 = 2^M1 columns) for orders 7

@@ -1,14 +1,20 @@
-// Float orders 12 to 16: one radix-R pass in front of R shorter transforms
-// (R = 4 at order 12, 8 above): the two-level code up to order 14, this
-// code again at orders 15 and 16.
+// Float orders 12 to 16.
+//
+// Order 12 runs three self-sorting passes of radix 16, 8 and 32 (fft_small.h):
+// the first level's 16-point columns into the work buffer, then 8-point
+// passes into the destination and 32-point ones in place there.
+//
+// Orders 13 to 16: one radix-8 pass in front of 8 shorter transforms: the
+// two-level code up to order 14, this code again at orders 15 and 16.
 //
 // N = R NR, n = n2 + NR n1, k = k1 + R k2. The first pass runs R-point
 // transforms across W positions n2 at a time (inputs NR apart, contiguous
 // vectors), multiplies result k1 by w_N^(n2 k1) and stores it to row k1 of
 // the work buffer. Each row is then an NR-point transform in place (its
 // scratch is the destination, free by then: the source has been read
-// whole; a row of order 12 or 13 takes its own work buffer from there too), and a last pass interleaves the rows: bin k1 + R k2 is element
-// k2 of row k1. Every stream is read and written contiguously, so the
+// whole; a row of order 12 or 13 takes its own work buffer from there
+// too), and a last pass interleaves the rows: bin k1 + R k2 is element k2
+// of row k1. Every stream is read and written contiguously, so the
 // source may be the destination. Longer orders, and the double kinds from
 // order 12, keep the network.
 #pragma once
@@ -42,7 +48,7 @@ template <class F, int M, int R> const F* split_tab() {
 template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst, F* work) {
     using T = VT<F>;
     using V = typename T::V;
-    constexpr int W = T::W, NR = (1 << M) / R, LR = R == 8 ? 3 : 2;
+    constexpr int W = T::W, NR = (1 << M) / R, LR = ilog2(R);
     const SmallTabs<F>& tb = small_tabs<F>();
     const F* tw = split_tab<F, M, R>();
     for (int g = 0; g < NR; g += W) {
@@ -71,8 +77,19 @@ template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst
 }
 
 // Orders 12 to 16 through a work buffer of 2^M complex values.
+// 4096 points as 16 x 8 x 32: each pass's transforms fit the registers
+// better than the 64-point ones of a two-level split, and every pass stays
+// in the first-level cache.
+template <class F, bool Inv> void sort_fft12(const F* src, F* dst, F* work) {
+    constexpr int N = 1 << 12;
+    first_level<F, Inv, 8, 4>(src, work);
+    sort_pass<F, Inv, 8, N, 16, 1>(work, dst, root_tab<F, 8>());
+    sort_pass<F, Inv, 32, N, 128, 0>(dst, dst, nullptr);
+}
+
 template <class F, bool Inv> void big_fft(const F* src, F* dst, F* work, int M) {
-    with_order<kMidMaxOrder + 1, big_max_order<F>()>(M, [&]<int K>() { split_fft_m<F, Inv, K, K == 12 ? 4 : 8>(src, dst, work); });
+    if (M == 12) return sort_fft12<F, Inv>(src, dst, work);
+    with_order<13, big_max_order<F>()>(M, [&]<int K>() { split_fft_m<F, Inv, K, 8>(src, dst, work); });
 }
 
 }  // namespace zams::fft
