@@ -2,10 +2,10 @@
 // shared by the complex and real transforms.
 //
 // Interleaved transforms of orders 2 to 6 run straight-line code, orders
-// 7 to 11 two levels of it (fft_small.h), float orders 12 to 16 a radix-4
-// or radix-8 pass in front of shorter ones (fft_split.h) and double orders
-// 9 to 13 self-sorting radix-8/16 passes (fft_double.h), natural order in
-// and out. The split kinds, orders 0 and 1 and the longer
+// 7 to 11 two levels of it (fft_small.h), float order 12 three self-sorting
+// passes and orders 13 to 16 a radix-8 pass in front of shorter transforms
+// (fft_split.h), double orders 10 to 13 self-sorting radix-8/16 passes
+// (fft_double.h), natural order in and out. The split kinds, orders 0 and 1 and the longer
 // orders run the network below.
 //
 // The network is a decimation-in-time one on bit-reversed input: a

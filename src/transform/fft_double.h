@@ -1,4 +1,4 @@
-// Double-precision complex transforms of orders 9 to 13: self-sorting
+// Double-precision complex transforms of orders 10 to 13: self-sorting
 // passes of radix 8 or 16, natural order in and out, no bit reversal.
 //
 // A pass sees s interleaved sequences of length n = N / s (sequence q holds
@@ -27,13 +27,12 @@
 
 namespace zams::fft {
 
-inline constexpr int kDblMinOrder = 9;
+inline constexpr int kDblMinOrder = 10;
 inline constexpr int kDblMaxOrder = 13;
 
 // Radices of the passes of each order, first pass first (0 ends a list).
 inline constexpr int kDblRadix[kDblMaxOrder + 1][4] = {
-    {}, {}, {}, {}, {}, {}, {}, {}, {},
-    {8, 8, 8, 0},     // 9
+    {}, {}, {}, {}, {}, {}, {}, {}, {}, {},
     {16, 8, 8, 0},    // 10
     {16, 16, 8, 0},   // 11
     {8, 8, 8, 8},     // 12
@@ -101,7 +100,7 @@ template <bool Inv, int M> void dbl_fft_m(const double* src, double* dst, double
     if constexpr (P > 3) step.template operator()<3>();
 }
 
-// Orders 9 to 13; src may be dst, work holds 2^M complex values.
+// Orders 10 to 13; src may be dst, work holds 2^M complex values.
 template <bool Inv> void dbl_fft(const double* src, double* dst, double* work, int M) {
     with_order<kDblMinOrder, kDblMaxOrder>(M, [&]<int K>() { dbl_fft_m<Inv, K>(src, dst, work); });
 }
