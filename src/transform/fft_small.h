@@ -297,10 +297,13 @@ template <class F, bool Inv, int M1, int M2> void mid_fft_m(const F* src, F* dst
     sort_pass<F, Inv, 1 << M1, 1 << (M1 + M2), 1 << M2, 0>(t, dst, nullptr);
 }
 
-// Order of the first level's transforms (N1 = 2^M1 columns) for orders 7
-// to 11, by precision: the splits that ran fastest (double orders 10 and 11
-// run faster as the self-sorting passes of fft_double.h).
-template <class F> inline constexpr int kMidSplit[kMidMaxOrder + 1] = {0, 0, 0, 0, 0, 0, 0, 2, 3, 4, 5, 5};
+// M1 (the first level runs 2^M1 columns of 2^(M - M1) points) for orders
+// 7 to 11, by precision: the splits that ran fastest. Float order 11 takes
+// 32-point columns: with 64-point ones the first level's loop is 12 KB of
+// straight-line code, and its speed swings by a fifth with where the linker
+// happens to place it. Double orders 10 and 11 run faster as the
+// self-sorting passes of fft_double.h.
+template <class F> inline constexpr int kMidSplit[kMidMaxOrder + 1] = {0, 0, 0, 0, 0, 0, 0, 2, 3, 4, 5, 6};
 template <> inline constexpr int kMidSplit<double>[kMidMaxOrder + 1] = {0, 0, 0, 0, 0, 0, 0, 3, 3, 4, 5, 5};
 
 // Orders 7 to 11 through a buffer t of 2^M complex values. Out of place the
