@@ -177,24 +177,16 @@ TEST(ScaledAddSubC, EveryFactorAndConstant) {
 #undef CON
 }
 
+// Halves round to even, the ends saturate, and a negative factor scales
+// by the sign: any nonzero result saturates.
 TEST(ScaledAdd, DocumentedValues) {
-    Zam16s a[3] = {1, 3, -3}, z[3] = {0, 0, 0}, d[3];
-    ASSERT_EQ(zamsAdd_16s_Sfs(a, z, d, 3, 1), zamStatusOk);  // halves round to even
-    EXPECT_EQ(d[0], 0);
-    EXPECT_EQ(d[1], 2);
-    EXPECT_EQ(d[2], -2);
-    Zam16s b[2] = {6, 10};
-    ASSERT_EQ(zamsAdd_16s_Sfs(b, z, d, 2, 2), zamStatusOk);  // 1.5 -> 2, 2.5 -> 2
-    EXPECT_EQ(d[0], 2);
-    EXPECT_EQ(d[1], 2);
-    Zam16s m[1] = {32767}, one[1] = {1};
-    ASSERT_EQ(zamsAdd_16s_Sfs(m, one, d, 1, 0), zamStatusOk);
-    EXPECT_EQ(d[0], 32767);
-    Zam16s s1[3] = {5, -5, 0}, s2[3] = {0, 0, 0};
-    ASSERT_EQ(zamsAdd_16s_Sfs(s1, s2, d, 3, -16), zamStatusOk);  // the sign rule
-    EXPECT_EQ(d[0], 32767);
-    EXPECT_EQ(d[1], -32768);
-    EXPECT_EQ(d[2], 0);
+    struct Case { Zam16s a, b; int sf; Zam16s want; };
+    for (auto c : {Case{1, 0, 1, 0}, {3, 0, 1, 2}, {-3, 0, 1, -2}, {6, 0, 2, 2}, {10, 0, 2, 2}, {32767, 1, 0, 32767},
+                   {5, 0, -16, 32767}, {-5, 0, -16, -32768}, {0, 0, -16, 0}}) {
+        Zam16s a[3] = {c.a, c.a, c.a}, b[3] = {c.b, c.b, c.b}, d[3];
+        ASSERT_EQ(zamsAdd_16s_Sfs(a, b, d, 3, c.sf), zamStatusOk);
+        EXPECT_TRUE(d[0] == c.want && d[2] == c.want) << c.a << " + " << c.b << " sf " << c.sf;
+    }
     Zam8u u1[1] = {3}, u2[1] = {10}, u3[1];
     ASSERT_EQ(zamsSub_8u_Sfs(u2, u1, u3, 1, 0), zamStatusOk);  // 3 - 10 saturates at 0
     EXPECT_EQ(u3[0], 0);

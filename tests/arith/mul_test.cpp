@@ -148,31 +148,14 @@ TEST(ScaledMul, ComplexSumOf2To31) {
     }
 }
 
-TEST(ScaledMul, DocumentedValues) {
-    Zam16s a[2] = {-32768, 181}, d[2];
-    ASSERT_EQ(zamsMul_16s_Sfs(a, a, d, 2, 0), zamStatusOk);
-    EXPECT_EQ(d[0], 32767);
-    EXPECT_EQ(d[1], 32761);
-    // Both parts of (-32768 - 32768i)^2 = 0 + 2^31 i: the imaginary sum leaves 32 bits.
-    Zam16sc c[1] = {{-32768, -32768}}, e[1];
-    ASSERT_EQ(zamsMul_16sc_Sfs(c, c, e, 1, 16), zamStatusOk);
-    EXPECT_EQ(e[0].re, 0);
-    EXPECT_EQ(e[0].im, 32767);
-    ASSERT_EQ(zamsMulC_16sc_Sfs(c, c[0], e, 1, 17), zamStatusOk);
-    EXPECT_EQ(e[0].im, 16384);
-    // The extreme factors of families without a zeroing limit.
+// The extreme factors of families without a zeroing limit.
+TEST(ScaledMul, ExtremeFactors) {
     Zam32sc p[1] = {{INT32_MIN, INT32_MIN}}, q[1];
     ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, INT32_MAX), zamStatusOk);
-    EXPECT_EQ(q[0].im, 0);
-    ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, 64), zamStatusOk);  // 2^63 / 2^64: a tie, to even
-    EXPECT_EQ(q[0].im, 0);
-    ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, 63), zamStatusOk);
-    EXPECT_EQ(q[0].im, 1);
+    EXPECT_TRUE(q[0].re == 0 && q[0].im == 0);
     ASSERT_EQ(zamsMul_32sc_Sfs(p, p, q, 1, INT32_MIN), zamStatusOk);
-    EXPECT_EQ(q[0].re, 0);
-    EXPECT_EQ(q[0].im, INT32_MAX);
-    Zam16u u[1] = {1};
-    Zam16u w[1];
+    EXPECT_TRUE(q[0].re == 0 && q[0].im == INT32_MAX);
+    Zam16u u[1] = {1}, w[1];
     ASSERT_EQ(zamsAdd_16u_Sfs(u, u, w, 1, INT32_MIN), zamStatusOk);
     EXPECT_EQ(w[0], 65535);
 }
