@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "digest.h"
-#include "sweep.h"
+#include "convert_util.h"
 #include "zamcore.h"
 
 namespace {
@@ -33,12 +33,8 @@ template <class F> void both_paths(F body) {
     body();
 }
 
+using ct::ffrom;
 uint32_t fbits(float f) { return zt::bits(f); }
-float ffrom(uint32_t b) {
-    float f;
-    std::memcpy(&f, &b, 4);
-    return f;
-}
 
 // The value of a half pattern; NaNs come out quiet with their payload.
 uint32_t half_to_float(uint16_t h) {

@@ -8,7 +8,7 @@
 #include <limits>
 
 #include "digest.h"
-#include "sweep.h"
+#include "convert_util.h"
 
 namespace {
 
@@ -17,10 +17,8 @@ constexpr float kInff = std::numeric_limits<float>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
-struct P24 {
-    uint8_t b[3];
-};
-P24 p24(int64_t v) { return {{uint8_t(v), uint8_t(v >> 8), uint8_t(v >> 16)}}; }
+using ct::check_all;
+using ct::P24;
 
 enum class R { Zero, Even, Away };
 R usual(int mode) { return mode == 1 ? R::Even : mode == 0 ? R::Zero : R::Away; }
@@ -65,19 +63,6 @@ std::vector<double> doubles(size_t n, uint32_t seed) {
     return v;
 }
 
-template <class S, class D, class Fn, class Want>
-void check_all(const std::vector<S>& src, Fn fn, Want want, const std::string& what) {
-    zt::Guarded<S> s(src.size(), 3 * sizeof(S) % 64);
-    zt::Guarded<D> d(src.size(), 5 * sizeof(D) % 64);
-    s.copy_from(src.data());
-    ASSERT_EQ(fn(s.data(), d.data(), int(src.size())), zamStatusOk) << what;
-    for (size_t i = 0; i < src.size(); ++i) {
-        D w = want(src[i]);
-        ASSERT_EQ(std::memcmp(&d[i], &w, sizeof(D)), 0) << what << " element " << i << " x = " << double(src[i]);
-    }
-    ASSERT_TRUE(d.guards_intact()) << what;
-}
-
 constexpr int kModes[] = {0, 1, 2, 3, -1, 7};
 constexpr int kFactors[] = {INT32_MIN, -200, -128, -127, -40, -16, -1, 0, 1, 3, 16, 31, 126, 127, 149, 150, 1000, INT32_MAX};
 
@@ -117,7 +102,7 @@ TEST(ConvertRound, SingleToPacked24) {
     auto x = floats(211, 3);
     for (int sf : kFactors) {
         auto put = [&](auto lo, auto hi, auto nan) {
-            return [=](Zam32f v) { return p24(int64_t(model(v, sf, R::Even, lo, hi, nan))); };
+            return [=](Zam32f v) { return ct::p24(int64_t(model(v, sf, R::Even, lo, hi, nan))); };
         };
         check_all<Zam32f, P24>(
             x, [&](const Zam32f* s, P24* d, int n) { return zamsConvert_32f24s_Sfs(s, reinterpret_cast<Zam24s*>(d), n, sf); },

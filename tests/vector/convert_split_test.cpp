@@ -5,19 +5,12 @@
 #include <memory>
 
 #include "digest.h"
-#include "sweep.h"
+#include "convert_util.h"
 
 namespace {
 
-float ffrom(uint32_t b) {
-    float f;
-    std::memcpy(&f, &b, 4);
-    return f;
-}
-const float kA16 = ffrom(0x38000080u), kB16 = ffrom(0x37800080u);  // 2/65535, 1/65535
-
-int32_t get24(const uint8_t* p) { return int32_t(uint32_t(p[0]) << 8 | uint32_t(p[1]) << 16 | uint32_t(p[2]) << 24) >> 8; }
-void put24(uint8_t* p, int32_t v) { p[0] = uint8_t(v), p[1] = uint8_t(v >> 8), p[2] = uint8_t(v >> 16); }
+using ct::get24;
+const float kA16 = ct::ffrom(0x38000080u), kB16 = ct::ffrom(0x37800080u);  // 2/65535, 1/65535
 
 // Channel buffers with guards, and the tables of their pointers.
 struct Channels {
@@ -74,7 +67,7 @@ TEST(ConvertSplit, Dense24BitRoundTrip) {
     while (v.size() % 3) v.push_back(-1);
     const int nch = 3, len = int(v.size() / 3);
     zt::Guarded<Zam8u> src(v.size() * 3, 1);
-    for (size_t i = 0; i < v.size(); ++i) put24(&src[3 * i], v[i]);
+    for (size_t i = 0; i < v.size(); ++i) std::memcpy(&src[3 * i], ct::p24(v[i]).b, 3);
     Channels ch(nch, len);
     ASSERT_EQ(zamsSplitScaled_24s32f_D2L(src.data(), ch.ptrs.data(), nch, len), zamStatusOk);
     ASSERT_TRUE(ch.intact());

@@ -120,19 +120,6 @@ REAL_VAL_SUITE(16s, Zam16s(-300), Zam16s(32767))
 REAL_VAL_SUITE(32f, -1.5f, 100.0f)
 REAL_VAL_SUITE(64f, -1.5, 100.0)
 
-// The most negative integers have no positive counterpart: their
-// magnitude is still compared exactly.
-TEST(ThresholdReal, MostNegativeMagnitudes) {
-    Zam16s a[] = {-32768, 32767, -3};
-    ASSERT_EQ(zamsThreshold_GTAbs_16s_I(a, 3, 32767), zamStatusOk);
-    EXPECT_EQ(a[0], -32767);
-    EXPECT_EQ(a[2], -3);
-    Zam32s b[] = {INT32_MIN, 3};
-    ASSERT_EQ(zamsThreshold_LTAbs_32s_I(b, 2, INT32_MAX), zamStatusOk);
-    EXPECT_EQ(b[0], INT32_MIN);
-    EXPECT_EQ(b[1], INT32_MAX);
-}
-
 // -------------------------------------------------------------- complex
 
 template <class C> struct CModel {
@@ -335,74 +322,55 @@ template <class T> std::vector<T> dpool(uint32_t seed) {
     else return zt::random_reals<T>(257, seed, T(-9), T(9));
 }
 
+// One call on x into a fresh vector: its status and its output.
+template <class T, class F, class... A> void dig(zt::Digest& d, const std::vector<T>& x, F f, A... args) {
+    std::vector<T> y(x.size());
+    d.status(f(x.data(), y.data(), int(x.size()), args...));
+    d.add(y);
+}
+template <class T> using Level = zamStatus (*)(const T*, T*, int, T);
+
+#define REAL_DIGEST(T, x, cmp)                                                                                  \
+    dig(d, x, zamsThreshold_##T, Zam##T(1), cmp);                                                             \
+    for (Level<Zam##T> f : {zamsThreshold_LT_##T, zamsThreshold_GT_##T, zamsThreshold_LTAbs_##T, zamsThreshold_GTAbs_##T}) \
+        dig(d, x, f, Zam##T(1));                                                                              \
+    dig(d, x, zamsThreshold_LTVal_##T, Zam##T(1), Zam##T(5));                                                  \
+    dig(d, x, zamsThreshold_GTVal_##T, Zam##T(1), Zam##T(5));                                                  \
+    dig(d, x, zamsThreshold_LTValGTVal_##T, Zam##T(-1), Zam##T(5), Zam##T(1), Zam##T(6));                      \
+    dig(d, x, zamsThreshold_LTInv_##T, Zam##T(0.5))
+
 ZAMS_DIGEST(threshold_real) {
     auto s16 = dpool<Zam16s>(1);
     auto s32 = dpool<Zam32s>(2);
+    dig(d, s16, zamsThreshold_16s, Zam16s(100), zamCmpLess);
+    for (Level<Zam16s> f : {zamsThreshold_LT_16s, zamsThreshold_GT_16s, zamsThreshold_LTAbs_16s, zamsThreshold_GTAbs_16s})
+        dig(d, s16, f, Zam16s(f == zamsThreshold_LT_16s ? -100 : 100));
+    dig(d, s16, zamsThreshold_LTVal_16s, Zam16s(0), Zam16s(3));
+    dig(d, s16, zamsThreshold_GTVal_16s, Zam16s(0), Zam16s(3));
+    dig(d, s16, zamsThreshold_LTValGTVal_16s, Zam16s(-9), Zam16s(1), Zam16s(9), Zam16s(2));
+    for (Level<Zam32s> f : {zamsThreshold_LT_32s, zamsThreshold_GT_32s, zamsThreshold_LTAbs_32s, zamsThreshold_GTAbs_32s})
+        dig(d, s32, f, 100);
+    dig(d, s32, zamsThreshold_LTValGTVal_32s, -9, 1, 9, 2);
     auto f32 = dpool<Zam32f>(3);
     auto f64 = dpool<Zam64f>(4);
-    std::vector<Zam16s> a(257);
-    std::vector<Zam32s> b(257);
-    std::vector<Zam32f> c(257);
-    std::vector<Zam64f> e(257);
-    const int n = 257;
-    d.status(zamsThreshold_16s(s16.data(), a.data(), n, 100, zamCmpLess)); d.add(a);
-    d.status(zamsThreshold_LT_16s(s16.data(), a.data(), n, -100)); d.add(a);
-    d.status(zamsThreshold_GT_16s(s16.data(), a.data(), n, 100)); d.add(a);
-    d.status(zamsThreshold_LTAbs_16s(s16.data(), a.data(), n, 100)); d.add(a);
-    d.status(zamsThreshold_GTAbs_16s(s16.data(), a.data(), n, 100)); d.add(a);
-    d.status(zamsThreshold_LTVal_16s(s16.data(), a.data(), n, 0, 3)); d.add(a);
-    d.status(zamsThreshold_GTVal_16s(s16.data(), a.data(), n, 0, 3)); d.add(a);
-    d.status(zamsThreshold_LTValGTVal_16s(s16.data(), a.data(), n, -9, 1, 9, 2)); d.add(a);
-    d.status(zamsThreshold_LT_32s(s32.data(), b.data(), n, 100)); d.add(b);
-    d.status(zamsThreshold_GT_32s(s32.data(), b.data(), n, 100)); d.add(b);
-    d.status(zamsThreshold_LTAbs_32s(s32.data(), b.data(), n, 100)); d.add(b);
-    d.status(zamsThreshold_GTAbs_32s(s32.data(), b.data(), n, 100)); d.add(b);
-    d.status(zamsThreshold_LTValGTVal_32s(s32.data(), b.data(), n, -9, 1, 9, 2)); d.add(b);
-    d.status(zamsThreshold_32f(f32.data(), c.data(), n, 1, zamCmpGreater)); d.add(c);
-    d.status(zamsThreshold_LT_32f(f32.data(), c.data(), n, 1)); d.add(c);
-    d.status(zamsThreshold_GT_32f(f32.data(), c.data(), n, 1)); d.add(c);
-    d.status(zamsThreshold_LTAbs_32f(f32.data(), c.data(), n, 1)); d.add(c);
-    d.status(zamsThreshold_GTAbs_32f(f32.data(), c.data(), n, 1)); d.add(c);
-    d.status(zamsThreshold_LTVal_32f(f32.data(), c.data(), n, 1, 5)); d.add(c);
-    d.status(zamsThreshold_GTVal_32f(f32.data(), c.data(), n, 1, 5)); d.add(c);
-    d.status(zamsThreshold_LTValGTVal_32f(f32.data(), c.data(), n, -1, 5, 1, 6)); d.add(c);
-    d.status(zamsThreshold_LTInv_32f(f32.data(), c.data(), n, 0.5f)); d.add(c);
-    d.status(zamsThreshold_64f(f64.data(), e.data(), n, 1, zamCmpLess)); d.add(e);
-    d.status(zamsThreshold_LT_64f(f64.data(), e.data(), n, 1)); d.add(e);
-    d.status(zamsThreshold_GT_64f(f64.data(), e.data(), n, 1)); d.add(e);
-    d.status(zamsThreshold_LTAbs_64f(f64.data(), e.data(), n, 1)); d.add(e);
-    d.status(zamsThreshold_GTAbs_64f(f64.data(), e.data(), n, 1)); d.add(e);
-    d.status(zamsThreshold_LTVal_64f(f64.data(), e.data(), n, 1, 5)); d.add(e);
-    d.status(zamsThreshold_GTVal_64f(f64.data(), e.data(), n, 1, 5)); d.add(e);
-    d.status(zamsThreshold_LTValGTVal_64f(f64.data(), e.data(), n, -1, 5, 1, 6)); d.add(e);
-    d.status(zamsThreshold_LTInv_64f(f64.data(), e.data(), n, 0.5)); d.add(e);
+    REAL_DIGEST(32f, f32, zamCmpGreater);
+    REAL_DIGEST(64f, f64, zamCmpLess);
 }
 
+#define COMPLEX_DIGEST(T, P, seed, cmp)                                                                        \
+    auto x##T = cpool<Zam##T>(seed, 20);                                                                      \
+    dig(d, x##T, zamsThreshold_##T, P(20), cmp);                                                              \
+    dig(d, x##T, zamsThreshold_LT_##T, P(30));                                                                \
+    dig(d, x##T, zamsThreshold_GT_##T, P(30));                                                                \
+    dig(d, x##T, zamsThreshold_LTVal_##T, P(30), Zam##T{1, 2});                                               \
+    dig(d, x##T, zamsThreshold_GTVal_##T, P(30), Zam##T{1, 2})
+
 ZAMS_DIGEST(threshold_complex) {
-    auto a = cpool<Zam16sc>(5, 20);
-    auto b = cpool<Zam32fc>(6, 20);
-    auto c = cpool<Zam64fc>(7, 20);
-    std::vector<Zam16sc> x(a.size());
-    std::vector<Zam32fc> y(b.size());
-    std::vector<Zam64fc> z(c.size());
-    const int n = int(a.size());
-    d.status(zamsThreshold_16sc(a.data(), x.data(), n, 20, zamCmpLess)); d.add(x);
-    d.status(zamsThreshold_LT_16sc(a.data(), x.data(), n, 30)); d.add(x);
-    d.status(zamsThreshold_GT_16sc(a.data(), x.data(), n, 30)); d.add(x);
-    d.status(zamsThreshold_LTVal_16sc(a.data(), x.data(), n, 30, Zam16sc{1, 2})); d.add(x);
-    d.status(zamsThreshold_GTVal_16sc(a.data(), x.data(), n, 30, Zam16sc{1, 2})); d.add(x);
-    d.status(zamsThreshold_32fc(b.data(), y.data(), n, 20, zamCmpGreater)); d.add(y);
-    d.status(zamsThreshold_LT_32fc(b.data(), y.data(), n, 30)); d.add(y);
-    d.status(zamsThreshold_GT_32fc(b.data(), y.data(), n, 30)); d.add(y);
-    d.status(zamsThreshold_LTVal_32fc(b.data(), y.data(), n, 30, Zam32fc{1, 2})); d.add(y);
-    d.status(zamsThreshold_GTVal_32fc(b.data(), y.data(), n, 30, Zam32fc{1, 2})); d.add(y);
-    d.status(zamsThreshold_LTInv_32fc(b.data(), y.data(), n, 0)); d.add(y);
-    d.status(zamsThreshold_64fc(c.data(), z.data(), n, 20, zamCmpGreater)); d.add(z);
-    d.status(zamsThreshold_LT_64fc(c.data(), z.data(), n, 30)); d.add(z);
-    d.status(zamsThreshold_GT_64fc(c.data(), z.data(), n, 30)); d.add(z);
-    d.status(zamsThreshold_LTVal_64fc(c.data(), z.data(), n, 30, Zam64fc{1, 2})); d.add(z);
-    d.status(zamsThreshold_GTVal_64fc(c.data(), z.data(), n, 30, Zam64fc{1, 2})); d.add(z);
-    d.status(zamsThreshold_LTInv_64fc(c.data(), z.data(), n, 7)); d.add(z);
+    COMPLEX_DIGEST(16sc, Zam16s, 5, zamCmpLess);
+    COMPLEX_DIGEST(32fc, Zam32f, 6, zamCmpGreater);
+    dig(d, x32fc, zamsThreshold_LTInv_32fc, 0.0f);
+    COMPLEX_DIGEST(64fc, Zam64f, 7, zamCmpGreater);
+    dig(d, x64fc, zamsThreshold_LTInv_64fc, 7.0);
 }
 
 }  // namespace
