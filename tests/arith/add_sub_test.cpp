@@ -207,23 +207,16 @@ TEST(ScaledAddSubC, TrivialConstants) {
 
 ZAMS_DIGEST(add_sub_scaled) {
     const int n = 203;
-    auto a8u = st::pool<Zam8u>(n, 1), b8u = st::pool<Zam8u>(n, 2);
-    auto a16s = st::pool<Zam16s>(n, 3), b16s = st::pool<Zam16s>(n, 4);
-    auto a16u = st::pool<Zam16u>(n, 5), b16u = st::pool<Zam16u>(n, 6);
-    auto a32s = st::pool<Zam32s>(n, 7), b32s = st::pool<Zam32s>(n, 8);
-    auto a64s = st::pool<Zam64s>(n, 9), b64s = st::pool<Zam64s>(n, 10);
-    auto a16sc = st::pool<Zam16sc>(n, 11), b16sc = st::pool<Zam16sc>(n, 12);
-    auto a32sc = st::pool<Zam32sc>(n, 13), b32sc = st::pool<Zam32sc>(n, 14);
-    std::vector<Zam8u> d8u(n);
-    std::vector<Zam16s> d16s(n);
-    std::vector<Zam16u> d16u(n);
-    std::vector<Zam32s> d32s(n);
-    std::vector<Zam64s> d64s(n);
-    std::vector<Zam16sc> d16sc(n);
-    std::vector<Zam32sc> d32sc(n);
+    st::Io<Zam8u> v8u(n, 1);
+    st::Io<Zam16s> v16s(n, 3);
+    st::Io<Zam16u> v16u(n, 5);
+    st::Io<Zam32s> v32s(n, 7);
+    st::Io<Zam64s> v64s(n, 9);
+    st::Io<Zam16sc> v16sc(n, 11);
+    st::Io<Zam32sc> v32sc(n, 13);
     for (int sf : {-70, -9, -1, 0, 1, 2, 5, 9, 17, 33, 64}) {
-#define D2(op, t) d.status(zams##op##_##t##_Sfs(a##t.data(), b##t.data(), d##t.data(), n, sf)), d.add(d##t)
-#define DC(op, t, v) d.status(zams##op##_##t##_Sfs(a##t.data(), v, d##t.data(), n, sf)), d.add(d##t)
+#define D2(op, t) d.status(zams##op##_##t##_Sfs(v##t.a.data(), v##t.b.data(), v##t.d.data(), n, sf)), d.add(v##t.d)
+#define DC(op, t, c) d.status(zams##op##_##t##_Sfs(v##t.a.data(), c, v##t.d.data(), n, sf)), d.add(v##t.d)
         D2(Add, 8u); D2(Add, 16s); D2(Add, 16u); D2(Add, 32s); D2(Add, 64s); D2(Add, 16sc); D2(Add, 32sc);
         D2(Sub, 8u); D2(Sub, 16s); D2(Sub, 16u); D2(Sub, 32s); D2(Sub, 16sc); D2(Sub, 32sc);
         DC(AddC, 8u, Zam8u(200)); DC(SubC, 8u, Zam8u(3)); DC(SubCRev, 8u, Zam8u(99));

@@ -37,6 +37,12 @@ template <class T> std::vector<T> pool(size_t n, uint32_t seed) {
     return v;
 }
 
+// Two sources (pool seeds `seed` and `seed + 1`) and a destination, for the digests.
+template <class T> struct Io {
+    std::vector<T> a, b, d;
+    Io(size_t n, uint32_t seed) : a(pool<T>(n, seed)), b(pool<T>(n, seed + 1)), d(n) {}
+};
+
 template <class T> bool same(const T& a, const T& b) { return std::memcmp(&a, &b, sizeof(T)) == 0; }
 
 // An in-place export seen as an out-of-place one, for the sweeps: the

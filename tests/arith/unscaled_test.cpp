@@ -112,19 +112,16 @@ TEST(Unscaled, Mul16uSaturates) {
 
 ZAMS_DIGEST(unscaled) {
     const int n = 203;
-    auto a16u = st::pool<Zam16u>(n, 5), b16u = st::pool<Zam16u>(n, 6);
-    auto a16s = st::pool<Zam16s>(n, 3), b16s = st::pool<Zam16s>(n, 4);
-    auto a8u = st::pool<Zam8u>(n, 1), b8u = st::pool<Zam8u>(n, 2);
-    std::vector<Zam16u> d16u(n);
-    std::vector<Zam16s> d16s(n);
-    std::vector<Zam8u> d8u(n);
-    d.status(zamsMul_16u(a16u.data(), b16u.data(), d16u.data(), n)), d.add(d16u);
-    d.status(zamsMulC_16u(a16u.data(), 300, d16u.data(), n)), d.add(d16u);
-    d.status(zamsSub_16u(a16u.data(), b16u.data(), d16u.data(), n)), d.add(d16u);
-    d.status(zamsAdd_16s(a16s.data(), b16s.data(), d16s.data(), n)), d.add(d16s);
-    d.status(zamsSubCRev_16s(a16s.data(), -9, d16s.data(), n)), d.add(d16s);
-    d.status(zamsMul_8u(a8u.data(), b8u.data(), d8u.data(), n)), d.add(d8u);
-    d.status(zamsAddC_8u(a8u.data(), 100, d8u.data(), n)), d.add(d8u);
+    st::Io<Zam16u> u(n, 5);
+    st::Io<Zam16s> s(n, 3);
+    st::Io<Zam8u> b(n, 1);
+    d.status(zamsMul_16u(u.a.data(), u.b.data(), u.d.data(), n)), d.add(u.d);
+    d.status(zamsMulC_16u(u.a.data(), 300, u.d.data(), n)), d.add(u.d);
+    d.status(zamsSub_16u(u.a.data(), u.b.data(), u.d.data(), n)), d.add(u.d);
+    d.status(zamsAdd_16s(s.a.data(), s.b.data(), s.d.data(), n)), d.add(s.d);
+    d.status(zamsSubCRev_16s(s.a.data(), -9, s.d.data(), n)), d.add(s.d);
+    d.status(zamsMul_8u(b.a.data(), b.b.data(), b.d.data(), n)), d.add(b.d);
+    d.status(zamsAddC_8u(b.a.data(), 100, b.d.data(), n)), d.add(b.d);
 }
 
 }  // namespace

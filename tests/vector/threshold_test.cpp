@@ -66,24 +66,23 @@ template <class X, class Oop, class Ip> void same_in_place(const std::vector<X>&
     same_in_place(data, [=](const X* s, X* d, int n) { return zamsThreshold_##name(s, d, n, __VA_ARGS__); },      \
                   [=](X* d, int n) { return zamsThreshold_##name##_I(d, n, __VA_ARGS__); })
 
-// Each kind against its one-line model over lengths, alignments and in
-// place, levels and their negatives included; each in-place export against
-// its out-of-place twin.
+// One kind over lengths, alignments and in place against its model.
+#define SWEEP(kind, opts, model, ...)                                                                         \
+    zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_##kind(s, d, n, __VA_ARGS__); }, \
+                          model, data, opts, SameOrNan{})
+
+// Each kind against its one-line model, levels and their negatives
+// included; each in-place export against its out-of-place twin.
 #define REAL_SUITE(T, lvl, val, opts)                                                                          \
     TEST(ThresholdReal, T##_AllKindsMatchModel) {                                                               \
         using X = Zam##T;                                                                                        \
         const X L = lvl, V = val;                                                                                \
         auto data = pool<X>(41, L);                                                                              \
-        auto lt = [=](X x) { return x < L ? L : x; };                                                             \
-        auto gt = [=](X x) { return x > L ? L : x; };                                                             \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LT_##T(s, d, n, L); }, lt, data, opts, SameOrNan{}); \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_GT_##T(s, d, n, L); }, gt, data, opts, SameOrNan{}); \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LTAbs_##T(s, d, n, L); },        \
-                              [=](X x) { return absl(x) < LD(L) ? sgn_level(x, L) : x; }, data, kShort, SameOrNan{}); \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_GTAbs_##T(s, d, n, L); },        \
-                              [=](X x) { return absl(x) > LD(L) ? sgn_level(x, L) : x; }, data, kShort, SameOrNan{}); \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LTValGTVal_##T(s, d, n, X(-L), V, L, X(-V)); }, \
-                              [=](X x) { return x < X(-L) ? V : (x > L ? X(-V) : x); }, data, kShort, SameOrNan{}); \
+        SWEEP(LT_##T, opts, [=](X x) { return x < L ? L : x; }, L);                                              \
+        SWEEP(GT_##T, opts, [=](X x) { return x > L ? L : x; }, L);                                              \
+        SWEEP(LTAbs_##T, kShort, [=](X x) { return absl(x) < LD(L) ? sgn_level(x, L) : x; }, L);                 \
+        SWEEP(GTAbs_##T, kShort, [=](X x) { return absl(x) > LD(L) ? sgn_level(x, L) : x; }, L);                 \
+        SWEEP(LTValGTVal_##T, kShort, [=](X x) { return x < X(-L) ? V : (x > L ? X(-V) : x); }, X(-L), V, L, X(-V)); \
         SAME_IN_PLACE(LT_##T, X(-5));                                                                              \
         SAME_IN_PLACE(GT_##T, X(3));                                                                               \
         SAME_IN_PLACE(LTAbs_##T, L);                                                                               \
@@ -103,14 +102,10 @@ REAL_SUITE(64f, 2.5, -9.0, kFull)
         using X = Zam##T;                                                                                        \
         const X L = lvl, V = val;                                                                                \
         auto data = pool<X>(43, L);                                                                              \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_##T(s, d, n, L, zamCmpLess); }, \
-                              [=](X x) { return x < L ? L : x; }, data, kShort, SameOrNan{});                      \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_##T(s, d, n, L, zamCmpGreater); }, \
-                              [=](X x) { return x > L ? L : x; }, data, kShort, SameOrNan{});                      \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LTVal_##T(s, d, n, L, V); },     \
-                              [=](X x) { return x < L ? V : x; }, data, kShort, SameOrNan{});                      \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_GTVal_##T(s, d, n, L, V); },     \
-                              [=](X x) { return x > L ? V : x; }, data, kShort, SameOrNan{});                      \
+        SWEEP(T, kShort, [=](X x) { return x < L ? L : x; }, L, zamCmpLess);                                      \
+        SWEEP(T, kShort, [=](X x) { return x > L ? L : x; }, L, zamCmpGreater);                                   \
+        SWEEP(LTVal_##T, kShort, [=](X x) { return x < L ? V : x; }, L, V);                                        \
+        SWEEP(GTVal_##T, kShort, [=](X x) { return x > L ? V : x; }, L, V);                                        \
         SAME_IN_PLACE(T, L, zamCmpGreater);                                                                       \
         SAME_IN_PLACE(LTVal_##T, X(0), V);                                                                         \
         SAME_IN_PLACE(GTVal_##T, X(1), X(-2));                                                                     \
