@@ -66,10 +66,12 @@ template <class X, class Oop, class Ip> void same_in_place(const std::vector<X>&
     same_in_place(data, [=](const X* s, X* d, int n) { return zamsThreshold_##name(s, d, n, __VA_ARGS__); },      \
                   [=](X* d, int n) { return zamsThreshold_##name##_I(d, n, __VA_ARGS__); })
 
-// One kind over lengths, alignments and in place against its model.
-#define SWEEP(kind, opts, model, ...)                                                                         \
+// One kind over lengths, alignments and in place against its model (the
+// complex ones within a step of the part type, or exactly).
+#define SWEEP_EQ(kind, opts, model, eq, ...)                                                                  \
     zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_##kind(s, d, n, __VA_ARGS__); }, \
-                          model, data, opts, SameOrNan{})
+                          model, data, opts, eq)
+#define SWEEP(kind, opts, model, ...) SWEEP_EQ(kind, opts, model, SameOrNan{}, __VA_ARGS__)
 
 // Each kind against its one-line model, levels and their negatives
 // included; each in-place export against its out-of-place twin.
@@ -149,31 +151,26 @@ template <class C> struct CloseComplex {
 
 #define COMPLEX_SUITE(T, P, lvl)                                                                                  \
     TEST(ThresholdComplex, T##_AllKindsMatchModel) {                                                             \
-        using C = Zam##T;                                                                                        \
-        using M = CModel<C>;                                                                                     \
+        using X = Zam##T;                                                                                        \
+        using M = CModel<X>;                                                                                     \
         const P L = lvl;                                                                                         \
         const LD L2 = LD(L) * L;                                                                                 \
-        const C V{P(7), P(-8)};                                                                                  \
-        auto data = cpool<C>(47, L);                                                                             \
-        auto o = zt::SweepOptions{40, true, 3};                                                                  \
-        auto same = [](C a, C b) { return a.re == b.re && a.im == b.im; };                                       \
-        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_LT_##T(s, d, n, L); },          \
-                              [=](C x) { return M::n2(x) < L2 ? M::scaled(x, L) : x; }, data, o, CloseComplex<C>{}); \
-        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_GT_##T(s, d, n, L); },          \
-                              [=](C x) { return M::n2(x) > L2 ? M::scaled(x, L) : x; }, data, o, CloseComplex<C>{}); \
-        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_##T(s, d, n, L, zamCmpGreater); }, \
-                              [=](C x) { return M::n2(x) > L2 ? M::scaled(x, L) : x; }, data, o, CloseComplex<C>{}); \
-        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_LTVal_##T(s, d, n, L, V); },    \
-                              [=](C x) { return M::n2(x) < L2 ? V : x; }, data, o, same);                          \
-        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_GTVal_##T(s, d, n, L, V); },    \
-                              [=](C x) { return M::n2(x) > L2 ? V : x; }, data, o, same);                          \
-        C io[3] = {C{P(3), P(4)}, C{P(0), P(0)}, C{P(0), P(-1)}};                                                 \
+        const X V{P(7), P(-8)};                                                                                  \
+        auto data = cpool<X>(47, L);                                                                             \
+        const zt::SweepOptions o{40, true, 3};                                                                   \
+        auto same = [](X a, X b) { return a.re == b.re && a.im == b.im; };                                       \
+        SWEEP_EQ(LT_##T, o, [=](X x) { return M::n2(x) < L2 ? M::scaled(x, L) : x; }, CloseComplex<X>{}, L);     \
+        SWEEP_EQ(GT_##T, o, [=](X x) { return M::n2(x) > L2 ? M::scaled(x, L) : x; }, CloseComplex<X>{}, L);     \
+        SWEEP_EQ(T, o, [=](X x) { return M::n2(x) > L2 ? M::scaled(x, L) : x; }, CloseComplex<X>{}, L, zamCmpGreater); \
+        SWEEP_EQ(LTVal_##T, o, [=](X x) { return M::n2(x) < L2 ? V : x; }, same, L, V);                          \
+        SWEEP_EQ(GTVal_##T, o, [=](X x) { return M::n2(x) > L2 ? V : x; }, same, L, V);                          \
+        X io[3] = {X{P(3), P(4)}, X{P(0), P(0)}, X{P(0), P(-1)}};                                                 \
         ASSERT_EQ(zamsThreshold_##T##_I(io, 3, P(2), zamCmpLess), zamStatusOk);                                  \
         ASSERT_EQ(zamsThreshold_LT_##T##_I(io, 3, P(2)), zamStatusOk);                                            \
         ASSERT_EQ(zamsThreshold_GT_##T##_I(io, 3, P(5)), zamStatusOk);                                            \
-        ASSERT_EQ(zamsThreshold_GTVal_##T##_I(io, 3, P(4), C{P(1), P(1)}), zamStatusOk);                          \
-        ASSERT_EQ(zamsThreshold_LTVal_##T##_I(io, 3, P(1), C{P(9), P(9)}), zamStatusOk);                          \
-        EXPECT_TRUE(same(io[0], C{P(1), P(1)}) && same(io[1], C{P(2), P(0)}) && same(io[2], C{P(0), P(-2)}));    \
+        ASSERT_EQ(zamsThreshold_GTVal_##T##_I(io, 3, P(4), X{P(1), P(1)}), zamStatusOk);                          \
+        ASSERT_EQ(zamsThreshold_LTVal_##T##_I(io, 3, P(1), X{P(9), P(9)}), zamStatusOk);                          \
+        EXPECT_TRUE(same(io[0], X{P(1), P(1)}) && same(io[1], X{P(2), P(0)}) && same(io[2], X{P(0), P(-2)}));    \
     }
 
 COMPLEX_SUITE(16sc, Zam16s, 20)
