@@ -207,16 +207,8 @@ TEST(ScaledAddSubC, TrivialConstants) {
 
 ZAMS_DIGEST(add_sub_scaled) {
     const int n = 203;
-    st::Io<Zam8u> v8u(n, 1);
-    st::Io<Zam16s> v16s(n, 3);
-    st::Io<Zam16u> v16u(n, 5);
-    st::Io<Zam32s> v32s(n, 7);
-    st::Io<Zam64s> v64s(n, 9);
-    st::Io<Zam16sc> v16sc(n, 11);
-    st::Io<Zam32sc> v32sc(n, 13);
+    st::AllIo v(n);
     for (int sf : {-70, -9, -1, 0, 1, 2, 5, 9, 17, 33, 64}) {
-#define D2(op, t) d.status(zams##op##_##t##_Sfs(v##t.a.data(), v##t.b.data(), v##t.d.data(), n, sf)), d.add(v##t.d)
-#define DC(op, t, c) d.status(zams##op##_##t##_Sfs(v##t.a.data(), c, v##t.d.data(), n, sf)), d.add(v##t.d)
         D2(Add, 8u); D2(Add, 16s); D2(Add, 16u); D2(Add, 32s); D2(Add, 64s); D2(Add, 16sc); D2(Add, 32sc);
         D2(Sub, 8u); D2(Sub, 16s); D2(Sub, 16u); D2(Sub, 32s); D2(Sub, 16sc); D2(Sub, 32sc);
         DC(AddC, 8u, Zam8u(200)); DC(SubC, 8u, Zam8u(3)); DC(SubCRev, 8u, Zam8u(99));
@@ -224,8 +216,6 @@ ZAMS_DIGEST(add_sub_scaled) {
         DC(AddC, 16u, Zam16u(9)); DC(SubC, 16u, Zam16u(60000)); DC(SubCRev, 16u, Zam16u(1));
         DC(AddC, 32s, -5); DC(SubC, 32s, INT32_MAX); DC(SubCRev, 32s, 77);
         DC(AddC, 32sc, (Zam32sc{3, -4})); DC(SubC, 32sc, (Zam32sc{INT32_MIN, 1})); DC(SubCRev, 32sc, (Zam32sc{0, 9}));
-#undef D2
-#undef DC
     }
 }
 

@@ -162,16 +162,9 @@ TEST(ScaledMul, ExtremeFactors) {
 
 ZAMS_DIGEST(mul_scaled) {
     const int n = 203;
-    st::Io<Zam8u> v8u(n, 1);
-    st::Io<Zam16s> v16s(n, 3);
-    st::Io<Zam16u> v16u(n, 5);
-    st::Io<Zam32s> v32s(n, 7);
-    st::Io<Zam16sc> v16sc(n, 11);
-    st::Io<Zam32sc> v32sc(n, 13);
+    st::AllIo v(n);
     for (int sf : {-70, -9, -1, 0, 1, 2, 5, 9, 17, 31, 33, 62, 64}) {
-#define D2(op, t) d.status(zams##op##_##t##_Sfs(v##t.a.data(), v##t.b.data(), v##t.d.data(), n, sf)), d.add(v##t.d)
-#define DC(op, t, c) d.status(zams##op##_##t##_Sfs(v##t.a.data(), c, v##t.d.data(), n, sf)), d.add(v##t.d)
-#define MIX(op, a, b, t) d.status(zams##op##_Sfs(a.data(), b.data(), v##t.d.data(), n, sf)), d.add(v##t.d)
+#define MIX(op, a, b, t) d.status(zams##op##_Sfs(v.a.data(), v.b.data(), v.v##t.d.data(), n, sf)), d.add(v.v##t.d)
         D2(Mul, 8u); D2(Mul, 16s); D2(Mul, 32s); D2(Mul, 16sc); D2(Mul, 32sc);
         DC(MulC, 8u, Zam8u(200)); DC(MulC, 16s, Zam16s(-300)); DC(MulC, 32s, -5);
         DC(MulC, 16sc, (Zam16sc{-32768, 7})); DC(MulC, 32sc, (Zam32sc{INT32_MIN, 1}));
@@ -182,8 +175,6 @@ ZAMS_DIGEST(mul_scaled) {
         MIX(AddProduct_16s, v16s.a, v16s.b, 16s);  // the accumulators carry over from the calls before
         MIX(AddProduct_16s32s, v16s.a, v16s.b, 32s);
         MIX(AddProduct_32s, v32s.a, v32s.b, 32s);
-#undef D2
-#undef DC
 #undef MIX
     }
 }

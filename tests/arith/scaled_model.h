@@ -37,11 +37,24 @@ template <class T> std::vector<T> pool(size_t n, uint32_t seed) {
     return v;
 }
 
-// Two sources (pool seeds `seed` and `seed + 1`) and a destination, for the digests.
+// Two sources (pool seeds `seed` and `seed + 1`) and a destination, for the
+// digests, of every type; D2 and DC record one call on them (at factor sf).
 template <class T> struct Io {
     std::vector<T> a, b, d;
     Io(size_t n, uint32_t seed) : a(pool<T>(n, seed)), b(pool<T>(n, seed + 1)), d(n) {}
 };
+struct AllIo {
+    explicit AllIo(size_t n) : v8u(n, 1), v16s(n, 3), v16u(n, 5), v32s(n, 7), v64s(n, 9), v16sc(n, 11), v32sc(n, 13) {}
+    Io<Zam8u> v8u;
+    Io<Zam16s> v16s;
+    Io<Zam16u> v16u;
+    Io<Zam32s> v32s;
+    Io<Zam64s> v64s;
+    Io<Zam16sc> v16sc;
+    Io<Zam32sc> v32sc;
+};
+#define D2(op, t) d.status(zams##op##_##t##_Sfs(v.v##t.a.data(), v.v##t.b.data(), v.v##t.d.data(), n, sf)), d.add(v.v##t.d)
+#define DC(op, t, c) d.status(zams##op##_##t##_Sfs(v.v##t.a.data(), c, v.v##t.d.data(), n, sf)), d.add(v.v##t.d)
 
 template <class T> bool same(const T& a, const T& b) { return std::memcmp(&a, &b, sizeof(T)) == 0; }
 
