@@ -2,7 +2,7 @@
 #include <cstring>
 
 #include "digest.h"
-#include "sweep.h"
+#include "scaled_model.h"
 #include "../../src/arith/stream_store.h"
 
 namespace {
@@ -61,52 +61,35 @@ template <class T> class FloatArith : public ::testing::Test {};
 using Types = ::testing::Types<Zam32f, Zam64f, Zam32fc, Zam64fc>;
 TYPED_TEST_SUITE(FloatArith, Types);
 
-// An in-place form seen as a two-source one: pSrcDst starts as the second source.
-template <class T, class F, class A = T> auto as_binary(F f) {
-    return [f](const A* a, const T* b, T* d, int n) {
-        std::memmove(d, b, size_t(n) * sizeof(T));
-        return f(a, d, n);
-    };
-}
-template <class T, class F> auto as_unary(F f, T v) {
-    return [f, v](const T* a, T* d, int n) {
-        std::memmove(d, a, size_t(n) * sizeof(T));
-        return f(v, d, n);
-    };
-}
+using st::in_place;
 
-TYPED_TEST(FloatArith, TwoVectorsEveryLengthAndAlignment) {
+// Every export of the type over lengths and alignments: the two-vector forms
+// on every length, the constant and in-place forms on every seventh.
+TYPED_TEST(FloatArith, EveryFormLengthAndAlignment) {
     using T = TypeParam;
     auto f = fns<T>();
-    auto a = pool<T>(1), b = pool<T>(2);
-    zt::SweepOptions o;
-    o.max_len = 100;
-    zt::sweep_binary<T, T, T>(f.add, [](T x, T y) { return m_add(x, y); }, a, b, o);
-    zt::sweep_binary<T, T, T>(f.sub, [](T x, T y) { return m_sub(y, x); }, a, b, o);
-    zt::sweep_binary<T, T, T>(f.mul, [](T x, T y) { return m_mul(x, y); }, a, b, o);
-    o.len_step = 7;
-    zt::sweep_binary<T, T, T>(as_binary<T>(f.add_i), [](T x, T y) { return m_add(x, y); }, a, b, o);
-    zt::sweep_binary<T, T, T>(as_binary<T>(f.sub_i), [](T x, T y) { return m_sub(y, x); }, a, b, o);
-    zt::sweep_binary<T, T, T>(as_binary<T>(f.mul_i), [](T x, T y) { return m_mul(x, y); }, a, b, o);
-}
-
-TYPED_TEST(FloatArith, ConstantFormsEveryLengthAndAlignment) {
-    using T = TypeParam;
-    auto f = fns<T>();
-    auto a = pool<T>(3);
+    auto a = pool<T>(1), b = pool<T>(2), c = pool<T>(3);
     const T v = pool<T>(4, 1)[0];
-    zt::SweepOptions o;
-    o.max_len = 100;
-    auto con = [&](auto fn) { return [fn, v](const T* s, T* d, int n) { return fn(s, v, d, n); }; };
-    zt::sweep_unary<T, T>(con(f.addc), [&](T x) { return m_add(x, v); }, a, o);
-    zt::sweep_unary<T, T>(con(f.subc), [&](T x) { return m_sub(x, v); }, a, o);
-    zt::sweep_unary<T, T>(con(f.subcrev), [&](T x) { return m_sub(v, x); }, a, o);
-    zt::sweep_unary<T, T>(con(f.mulc), [&](T x) { return m_mul(x, v); }, a, o);
-    o.len_step = 7;
-    zt::sweep_unary<T, T>(as_unary(f.addc_i, v), [&](T x) { return m_add(x, v); }, a, o);
-    zt::sweep_unary<T, T>(as_unary(f.subc_i, v), [&](T x) { return m_sub(x, v); }, a, o);
-    zt::sweep_unary<T, T>(as_unary(f.subcrev_i, v), [&](T x) { return m_sub(v, x); }, a, o);
-    zt::sweep_unary<T, T>(as_unary(f.mulc_i, v), [&](T x) { return m_mul(x, v); }, a, o);
+    auto add = [](T x, T y) { return m_add(x, y); };
+    auto sub = [](T x, T y) { return m_sub(y, x); };
+    auto mul = [](T x, T y) { return m_mul(x, y); };
+    auto con = [v](auto fn) { return [fn, v](const T* s, T* d, int n) { return fn(s, v, d, n); }; };
+    zt::SweepOptions o{.max_len = 100};
+    zt::sweep_binary<T, T, T>(f.add, add, a, b, o);
+    zt::sweep_binary<T, T, T>(f.sub, sub, a, b, o);
+    zt::sweep_binary<T, T, T>(f.mul, mul, a, b, o);
+    zt::sweep_unary<T, T>(con(f.addc), [&](T x) { return m_add(x, v); }, c, o);
+    zt::sweep_unary<T, T>(con(f.subc), [&](T x) { return m_sub(x, v); }, c, o);
+    zt::sweep_unary<T, T>(con(f.subcrev), [&](T x) { return m_sub(v, x); }, c, o);
+    zt::sweep_unary<T, T>(con(f.mulc), [&](T x) { return m_mul(x, v); }, c, o);
+    o = {.max_len = 100, .in_place = false, .len_step = 7};
+    zt::sweep_binary<T, T, T>(in_place(f.add_i), add, a, b, o);
+    zt::sweep_binary<T, T, T>(in_place(f.sub_i), sub, a, b, o);
+    zt::sweep_binary<T, T, T>(in_place(f.mul_i), mul, a, b, o);
+    zt::sweep_unary<T, T>(in_place(f.addc_i, v), [&](T x) { return m_add(x, v); }, c, o);
+    zt::sweep_unary<T, T>(in_place(f.subc_i, v), [&](T x) { return m_sub(x, v); }, c, o);
+    zt::sweep_unary<T, T>(in_place(f.subcrev_i, v), [&](T x) { return m_sub(v, x); }, c, o);
+    zt::sweep_unary<T, T>(in_place(f.mulc_i, v), [&](T x) { return m_mul(x, v); }, c, o);
 }
 
 // The accumulator is also a source: pSrcDst holds c, the sources a and b.
@@ -142,6 +125,7 @@ TYPED_TEST(FloatArith, EveryPhaseOfSourcesAndDestination) {
     using T = TypeParam;
     auto f = fns<T>();
     constexpr size_t e = sizeof(T) < 8 ? sizeof(T) : 8;  // offsets keep the parts aligned
+    const typename Fns<T>::Bin bin[3] = {f.add, f.sub, f.mul};
     for (int n : {int(4096 / sizeof(T)) + 13, 61}) {
         auto a = pool<T>(41, n), b = pool<T>(42, n), c = pool<T>(43, n);
         const T v = pool<T>(44, 1)[0];
@@ -153,16 +137,9 @@ TYPED_TEST(FloatArith, EveryPhaseOfSourcesAndDestination) {
                     gb.copy_from(b.data());
                     acc.copy_from(c.data());
                     for (int op = 0; op < 4; ++op) {
-                        const zamStatus st = op == 0   ? f.add(ga.data(), gb.data(), d.data(), n)
-                                             : op == 1 ? f.sub(ga.data(), gb.data(), d.data(), n)
-                                             : op == 2 ? f.mul(ga.data(), gb.data(), d.data(), n)
-                                                       : f.mulc(ga.data(), v, d.data(), n);
-                        ASSERT_EQ(st, zamStatusOk);
+                        ASSERT_EQ(op < 3 ? bin[op](ga.data(), gb.data(), d.data(), n) : f.mulc(ga.data(), v, d.data(), n), zamStatusOk);
                         for (int i = 0; i < n; ++i) {
-                            const T w = op == 0   ? m_add(a[i], b[i])
-                                        : op == 1 ? m_sub(b[i], a[i])
-                                        : op == 2 ? m_mul(a[i], b[i])
-                                                  : m_mul(a[i], v);
+                            const T w = op == 0 ? m_add(a[i], b[i]) : op == 1 ? m_sub(b[i], a[i]) : m_mul(a[i], op == 2 ? b[i] : v);
                             ASSERT_EQ(std::memcmp(&d[i], &w, sizeof(T)), 0)
                                 << "op " << op << " n " << n << " offsets " << oa << " " << ob << " " << od << " at " << i;
                         }
@@ -222,70 +199,36 @@ TYPED_TEST(FloatArith, LongVectorsStreamTheDestination) {
 TYPED_TEST(FloatArith, ChecksPointersThenLength) {
     using T = TypeParam;
     auto f = fns<T>();
-    T x[2] = {}, y[2] = {};
-    std::memset(y, 0x5A, sizeof y);
+    for (auto fn : {f.add, f.sub, f.mul, f.addprod}) st::checks(fn);
+    for (auto fn : {f.add_i, f.sub_i, f.mul_i}) st::checks(fn);
+    T x[2] = {};
+    zt::Guarded<T> y(2);
     const T v{};
-    for (auto fn : {f.add, f.sub, f.mul, f.addprod}) {
-        EXPECT_EQ(fn(nullptr, x, y, 0), zamStatusNullPointer);
-        EXPECT_EQ(fn(x, nullptr, y, 1), zamStatusNullPointer);
-        EXPECT_EQ(fn(x, x, nullptr, 1), zamStatusNullPointer);
-        EXPECT_EQ(fn(x, x, y, 0), zamStatusBadLength);
-        EXPECT_EQ(fn(x, x, y, -1), zamStatusBadLength);
-    }
-    for (auto fn : {f.add_i, f.sub_i, f.mul_i}) {
-        EXPECT_EQ(fn(nullptr, y, 0), zamStatusNullPointer);
-        EXPECT_EQ(fn(x, nullptr, 1), zamStatusNullPointer);
-        EXPECT_EQ(fn(x, y, 0), zamStatusBadLength);
-    }
     for (auto fn : {f.addc, f.subc, f.subcrev, f.mulc, f.addprodc}) {
-        EXPECT_EQ(fn(nullptr, v, y, 0), zamStatusNullPointer);
+        EXPECT_EQ(fn(nullptr, v, y.data(), 0), zamStatusNullPointer);
         EXPECT_EQ(fn(x, v, nullptr, 1), zamStatusNullPointer);
-        EXPECT_EQ(fn(x, v, y, 0), zamStatusBadLength);
+        EXPECT_EQ(fn(x, v, y.data(), 0), zamStatusBadLength);
     }
     for (auto fn : {f.addc_i, f.subc_i, f.subcrev_i, f.mulc_i}) {
         EXPECT_EQ(fn(v, nullptr, 0), zamStatusNullPointer);
-        EXPECT_EQ(fn(v, y, -5), zamStatusBadLength);
+        EXPECT_EQ(fn(v, y.data(), -5), zamStatusBadLength);
     }
-    T fill;
-    std::memset(&fill, 0x5A, sizeof fill);
-    for (const T& e : y) EXPECT_EQ(std::memcmp(&e, &fill, sizeof(T)), 0);
+    EXPECT_TRUE(y.guards_intact());
 }
 
-TEST(FloatArith, SubIsSecondMinusFirst) {
-    Zam32f a[1] = {1}, b[1] = {5}, d[1];
-    ASSERT_EQ(zamsSub_32f(a, b, d, 1), zamStatusOk);
-    EXPECT_EQ(d[0], 4.0f);
-    ASSERT_EQ(zamsSubCRev_32f(a, 10.0f, d, 1), zamStatusOk);
-    EXPECT_EQ(d[0], 9.0f);
-    Zam64fc p[1] = {{1, 2}}, q[1] = {{3, 4}}, r[1];
-    ASSERT_EQ(zamsMul_64fc(p, q, r, 1), zamStatusOk);  // (1+2i)(3+4i) = -5 + 10i
-    EXPECT_EQ(r[0].re, -5.0);
-    EXPECT_EQ(r[0].im, 10.0);
+template <class R, class C> void real_times_complex(zamStatus (*f)(const R*, const C*, C*, int),
+                                                   zamStatus (*fi)(const R*, C*, int), uint32_t seed) {
+    auto r = pool<R>(seed), c = pool<C>(seed + 1);
+    auto m = [](R x, C y) { return C{x * y.re, x * y.im}; };
+    zt::sweep_binary<R, C, C>(f, m, r, c, {.max_len = 100});
+    zt::sweep_binary<R, C, C>(in_place(fi), m, r, c, {.max_len = 100, .in_place = false, .len_step = 9});
+    st::checks(f);
+    st::checks(fi);
 }
 
 TEST(FloatArith, RealTimesComplex) {
-    auto r32 = pool<Zam32f>(9);
-    auto r64 = pool<Zam64f>(10);
-    auto c32 = pool<Zam32fc>(11);
-    auto c64 = pool<Zam64fc>(12);
-    zt::SweepOptions o;
-    o.max_len = 100;
-    zt::sweep_binary<Zam32f, Zam32fc, Zam32fc>(
-        zamsMul_32f32fc, [](Zam32f r, Zam32fc c) { return Zam32fc{r * c.re, r * c.im}; }, r32, c32, o);
-    zt::sweep_binary<Zam64f, Zam64fc, Zam64fc>(
-        zamsMul_64f64fc, [](Zam64f r, Zam64fc c) { return Zam64fc{r * c.re, r * c.im}; }, r64, c64, o);
-    o.len_step = 9;
-    zt::sweep_binary<Zam32f, Zam32fc, Zam32fc>(
-        as_binary<Zam32fc, decltype(zamsMul_32f32fc_I)*, Zam32f>(zamsMul_32f32fc_I),
-        [](Zam32f r, Zam32fc c) { return Zam32fc{r * c.re, r * c.im}; }, r32, c32, o);
-    zt::sweep_binary<Zam64f, Zam64fc, Zam64fc>(
-        as_binary<Zam64fc, decltype(zamsMul_64f64fc_I)*, Zam64f>(zamsMul_64f64fc_I),
-        [](Zam64f r, Zam64fc c) { return Zam64fc{r * c.re, r * c.im}; }, r64, c64, o);
-    Zam32f x[1] = {1};
-    Zam32fc y[1] = {};
-    EXPECT_EQ(zamsMul_32f32fc(x, nullptr, y, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsMul_64f64fc_I(nullptr, nullptr, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsMul_32f32fc_I(x, y, 0), zamStatusBadLength);
+    real_times_complex(zamsMul_32f32fc, zamsMul_32f32fc_I, 9);
+    real_times_complex(zamsMul_64f64fc, zamsMul_64f64fc_I, 11);
 }
 
 template <class T> void digest_type(zt::Digest& d, uint32_t seed) {

@@ -2,7 +2,7 @@
 #include <cstring>
 
 #include "digest.h"
-#include "sweep.h"
+#include "scaled_model.h"
 
 namespace {
 
@@ -35,49 +35,31 @@ TYPED_TEST(Logic, EveryLengthAlignmentAndForm) {
     using T = TypeParam;
     auto f = fns<T>();
     auto a = zt::random_ints<T>(300, 1), b = zt::random_ints<T>(300, 2);
-    zt::SweepOptions o;
-    o.len_step = 3;
+    zt::SweepOptions o{.len_step = 3}, oi{.in_place = false, .len_step = 3};
     const T c = T(0x5A3C96E1u);
     for (int op = 0; op < 3; ++op) {
-        zt::sweep_binary<T, T, T>(f.op[op], [&](T x, T y) { return model(op, x, y); }, a, b, o);
-        auto fi = f.op_i[op];
-        zt::sweep_binary<T, T, T>(
-            [&](const T* x, const T* y, T* d, int n) {
-                std::memmove(d, y, n * sizeof(T));
-                return fi(x, d, n);
-            },
-            [&](T x, T y) { return model(op, x, y); }, a, b, o);
+        auto m = [&](T x, T y) { return model(op, x, y); };
+        auto mc = [&](T x) { return model(op, x, c); };
         auto fc = f.opc[op];
-        zt::sweep_unary<T, T>([&](const T* x, T* d, int n) { return fc(x, c, d, n); },
-                              [&](T x) { return model(op, x, c); }, a, o);
-        auto fci = f.opc_i[op];
-        zt::sweep_unary<T, T>(
-            [&](const T* x, T* d, int n) {
-                std::memmove(d, x, n * sizeof(T));
-                return fci(c, d, n);
-            },
-            [&](T x) { return model(op, x, c); }, a, o);
+        zt::sweep_binary<T, T, T>(f.op[op], m, a, b, o);
+        zt::sweep_binary<T, T, T>(st::in_place(f.op_i[op]), m, a, b, oi);
+        zt::sweep_unary<T, T>([&](const T* x, T* d, int n) { return fc(x, c, d, n); }, mc, a, o);
+        zt::sweep_unary<T, T>(st::in_place(f.opc_i[op], c), mc, a, oi);
     }
     zt::sweep_unary<T, T>(f.not_, [](T x) { return T(~x); }, a, o);
-    zt::sweep_unary<T, T>(
-        [&](const T* x, T* d, int n) {
-            std::memmove(d, x, n * sizeof(T));
-            return f.not_i(d, n);
-        },
-        [](T x) { return T(~x); }, a, o);
+    zt::sweep_unary<T, T>(st::in_place(f.not_i), [](T x) { return T(~x); }, a, oi);
 }
 
+// The checks; AndC with 0 zeroes, OrC and XorC with 0 copy or leave the
+// vector alone, and the checks of the functions they hand off to apply.
 TYPED_TEST(Logic, ChecksAndZeroConstants) {
     using T = TypeParam;
     auto f = fns<T>();
     zt::Guarded<T> d(3);
     T x[3] = {1, 2, 3};
     for (int op = 0; op < 3; ++op) {
-        EXPECT_EQ(f.op[op](nullptr, x, d.data(), 0), zamStatusNullPointer);
-        EXPECT_EQ(f.op[op](x, x, nullptr, 3), zamStatusNullPointer);
-        EXPECT_EQ(f.op[op](x, x, d.data(), 0), zamStatusBadLength);
-        EXPECT_EQ(f.op_i[op](x, nullptr, 3), zamStatusNullPointer);
-        EXPECT_EQ(f.op_i[op](x, d.data(), -1), zamStatusBadLength);
+        st::checks(f.op[op]);
+        st::checks(f.op_i[op]);
         for (T v : {T(0), T(7)}) {
             EXPECT_EQ(f.opc[op](nullptr, v, d.data(), 3), zamStatusNullPointer);
             EXPECT_EQ(f.opc[op](x, v, nullptr, 3), zamStatusNullPointer);  // AndC 0: the zeroing function's -8
@@ -86,11 +68,9 @@ TYPED_TEST(Logic, ChecksAndZeroConstants) {
             EXPECT_EQ(f.opc_i[op](v, d.data(), 0), zamStatusBadLength);
         }
     }
-    EXPECT_EQ(f.not_(x, nullptr, 1), zamStatusNullPointer);
-    EXPECT_EQ(f.not_i(d.data(), 0), zamStatusBadLength);
+    st::checks(f.not_);
+    st::checks(f.not_i);
     EXPECT_TRUE(d.guards_intact());
-    for (int i = 0; i < 3; ++i) d[i] = T(0xA5A5A5A5u);  // restore after the guard check
-    // AndC with 0 zeroes, OrC and XorC with 0 copy or leave the vector alone.
     ASSERT_EQ(f.opc[0](x, 0, d.data(), 3), zamStatusOk);
     for (int i = 0; i < 3; ++i) EXPECT_EQ(d[i], 0);
     ASSERT_EQ(f.opc[2](x, 0, d.data(), 3), zamStatusOk);

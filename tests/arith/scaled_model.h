@@ -37,7 +37,69 @@ template <class T> std::vector<T> pool(size_t n, uint32_t seed) {
     return v;
 }
 
+// Two sources (pool seeds `seed` and `seed + 1`) and a destination, for the
+// digests, of every type; D2 and DC record one call on them (at factor sf).
+template <class T> struct Io {
+    std::vector<T> a, b, d;
+    Io(size_t n, uint32_t seed) : a(pool<T>(n, seed)), b(pool<T>(n, seed + 1)), d(n) {}
+};
+struct AllIo {
+    explicit AllIo(size_t n) : v8u(n, 1), v16s(n, 3), v16u(n, 5), v32s(n, 7), v64s(n, 9), v16sc(n, 11), v32sc(n, 13) {}
+    Io<Zam8u> v8u;
+    Io<Zam16s> v16s;
+    Io<Zam16u> v16u;
+    Io<Zam32s> v32s;
+    Io<Zam64s> v64s;
+    Io<Zam16sc> v16sc;
+    Io<Zam32sc> v32sc;
+};
+#define D2(op, t) d.status(zams##op##_##t##_Sfs(v.v##t.a.data(), v.v##t.b.data(), v.v##t.d.data(), n, sf)), d.add(v.v##t.d)
+#define DC(op, t, c) d.status(zams##op##_##t##_Sfs(v.v##t.a.data(), c, v.v##t.d.data(), n, sf)), d.add(v.v##t.d)
+
 template <class T> bool same(const T& a, const T& b) { return std::memcmp(&a, &b, sizeof(T)) == 0; }
+
+// An in-place export seen as an out-of-place one, for the sweeps: the
+// destination starts as the (last) source.
+template <class T> auto in_place(zamStatus (*f)(T*, int)) {
+    return [f](const T* s, T* d, int n) { return std::memmove(d, s, size_t(n) * sizeof(T)), f(d, n); };
+}
+template <class A, class T> auto in_place(zamStatus (*f)(const A*, T*, int)) {
+    return [f](const A* a, const T* b, T* d, int n) { return std::memmove(d, b, size_t(n) * sizeof(T)), f(a, d, n); };
+}
+template <class T> auto in_place(zamStatus (*f)(T, T*, int), T v) {
+    return [f, v](const T* s, T* d, int n) { return std::memmove(d, s, size_t(n) * sizeof(T)), f(v, d, n); };
+}
+
+// The checks of an element-wise function of one or two sources (or of one
+// source and the in-place vector), or in place: a null pointer wins over a
+// bad length, and nothing is written.
+template <class S, class D> void checks(zamStatus (*f)(const S*, D*, int)) {
+    S x[2] = {};
+    zt::Guarded<D> d(2);
+    EXPECT_EQ(f(nullptr, d.data(), 0), zamStatusNullPointer);
+    EXPECT_EQ(f(x, nullptr, 2), zamStatusNullPointer);
+    EXPECT_EQ(f(x, d.data(), 0), zamStatusBadLength);
+    EXPECT_EQ(f(x, d.data(), -3), zamStatusBadLength);
+    EXPECT_TRUE(d.guards_intact());
+}
+template <class A, class B, class D> void checks(zamStatus (*f)(const A*, const B*, D*, int)) {
+    A a[2] = {};
+    B b[2] = {};
+    zt::Guarded<D> d(2);
+    EXPECT_EQ(f(nullptr, b, d.data(), 0), zamStatusNullPointer);
+    EXPECT_EQ(f(a, nullptr, d.data(), 2), zamStatusNullPointer);
+    EXPECT_EQ(f(a, b, nullptr, 2), zamStatusNullPointer);
+    EXPECT_EQ(f(a, b, d.data(), 0), zamStatusBadLength);
+    EXPECT_EQ(f(a, b, d.data(), -1), zamStatusBadLength);
+    EXPECT_TRUE(d.guards_intact());
+}
+template <class T> void checks(zamStatus (*f)(T*, int)) {
+    zt::Guarded<T> d(2);
+    EXPECT_EQ(f(nullptr, 0), zamStatusNullPointer);
+    EXPECT_EQ(f(d.data(), 0), zamStatusBadLength);
+    EXPECT_EQ(f(d.data(), -3), zamStatusBadLength);
+    EXPECT_TRUE(d.guards_intact());
+}
 
 // f(a, b, d, len, sf) and its in-place form fi(a, bd, len, sf) against the
 // model m(a, b, sf): every factor from -40 to 70 on a few lengths, and every

@@ -90,46 +90,38 @@ TEST(Unscaled, ConstantsAreTheScaledFormsAtZero) {
     EXPECT_EQ(zamsAddC_16u_I(0, nullptr, 2), zamStatusNullPointer);
 }
 
-// Mul_16u has no scaled form: min(a b, 65535).
+// Mul_16u has no scaled form: min(a b, 65535); a zero constant goes
+// through the zeroing function.
 TEST(Unscaled, Mul16uSaturates) {
     auto pa = st::pool<Zam16u>(300, 21), pb = st::pool<Zam16u>(300, 22);
     auto m = [](Zam16u a, Zam16u b) { return Zam16u(std::min<uint32_t>(uint32_t(a) * b, 65535u)); };
-    zt::SweepOptions o;
-    o.len_step = 2;
+    zt::SweepOptions o{.len_step = 2}, oi{.in_place = false, .len_step = 9};
     zt::sweep_binary<Zam16u, Zam16u, Zam16u>(zamsMul_16u, m, pa, pb, o);
-    for (Zam16u v : {Zam16u(2), Zam16u(255), Zam16u(65535)})
+    zt::sweep_binary<Zam16u, Zam16u, Zam16u>(st::in_place(zamsMul_16u_I), m, pa, pb, oi);
+    for (Zam16u v : {Zam16u(0), Zam16u(2), Zam16u(255), Zam16u(65535)}) {
         zt::sweep_unary<Zam16u, Zam16u>([&](const Zam16u* x, Zam16u* d, int n) { return zamsMulC_16u(x, v, d, n); },
                                         [&](Zam16u x) { return m(x, v); }, pa, o);
-    Zam16u a[3] = {256, 255, 65535}, b[3] = {256, 257, 1};
-    ASSERT_EQ(zamsMul_16u_I(a, b, 3), zamStatusOk);
-    EXPECT_EQ(b[0], 65535);  // 65536
-    EXPECT_EQ(b[1], 65535);
-    EXPECT_EQ(b[2], 65535);
-    zt::Guarded<Zam16u> d(3);
-    EXPECT_EQ(zamsMulC_16u(a, 0, d.data(), 3), zamStatusOk);  // through the zeroing function
-    EXPECT_EQ(d[0], 0);
-    EXPECT_EQ(zamsMul_16u(a, nullptr, d.data(), 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsMul_16u(a, b, d.data(), 0), zamStatusBadLength);
+        zt::sweep_unary<Zam16u, Zam16u>(st::in_place(zamsMulC_16u_I, v), [&](Zam16u x) { return m(x, v); }, pa, oi);
+    }
+    st::checks(zamsMul_16u);
+    st::checks(zamsMul_16u_I);
     EXPECT_EQ(zamsMulC_16u_I(3, nullptr, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsMulC_16u_I(3, d.data(), -4), zamStatusBadLength);
-    EXPECT_TRUE(d.guards_intact());
+    EXPECT_EQ(zamsMulC_16u_I(0, nullptr, -4), zamStatusNullPointer);
+    EXPECT_EQ(zamsMulC_16u(pa.data(), 0, pb.data(), -4), zamStatusBadLength);
 }
 
 ZAMS_DIGEST(unscaled) {
     const int n = 203;
-    auto a16u = st::pool<Zam16u>(n, 5), b16u = st::pool<Zam16u>(n, 6);
-    auto a16s = st::pool<Zam16s>(n, 3), b16s = st::pool<Zam16s>(n, 4);
-    auto a8u = st::pool<Zam8u>(n, 1), b8u = st::pool<Zam8u>(n, 2);
-    std::vector<Zam16u> d16u(n);
-    std::vector<Zam16s> d16s(n);
-    std::vector<Zam8u> d8u(n);
-    d.status(zamsMul_16u(a16u.data(), b16u.data(), d16u.data(), n)), d.add(d16u);
-    d.status(zamsMulC_16u(a16u.data(), 300, d16u.data(), n)), d.add(d16u);
-    d.status(zamsSub_16u(a16u.data(), b16u.data(), d16u.data(), n)), d.add(d16u);
-    d.status(zamsAdd_16s(a16s.data(), b16s.data(), d16s.data(), n)), d.add(d16s);
-    d.status(zamsSubCRev_16s(a16s.data(), -9, d16s.data(), n)), d.add(d16s);
-    d.status(zamsMul_8u(a8u.data(), b8u.data(), d8u.data(), n)), d.add(d8u);
-    d.status(zamsAddC_8u(a8u.data(), 100, d8u.data(), n)), d.add(d8u);
+    st::Io<Zam16u> u(n, 5);
+    st::Io<Zam16s> s(n, 3);
+    st::Io<Zam8u> b(n, 1);
+    d.status(zamsMul_16u(u.a.data(), u.b.data(), u.d.data(), n)), d.add(u.d);
+    d.status(zamsMulC_16u(u.a.data(), 300, u.d.data(), n)), d.add(u.d);
+    d.status(zamsSub_16u(u.a.data(), u.b.data(), u.d.data(), n)), d.add(u.d);
+    d.status(zamsAdd_16s(s.a.data(), s.b.data(), s.d.data(), n)), d.add(s.d);
+    d.status(zamsSubCRev_16s(s.a.data(), -9, s.d.data(), n)), d.add(s.d);
+    d.status(zamsMul_8u(b.a.data(), b.b.data(), b.d.data(), n)), d.add(b.d);
+    d.status(zamsAddC_8u(b.a.data(), 100, b.d.data(), n)), d.add(b.d);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include <limits>
 
 #include "digest.h"
-#include "sweep.h"
+#include "convert_util.h"
 
 namespace {
 
@@ -17,10 +17,8 @@ constexpr float kInff = std::numeric_limits<float>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
-struct P24 {
-    uint8_t b[3];
-};
-P24 p24(int64_t v) { return {{uint8_t(v), uint8_t(v >> 8), uint8_t(v >> 16)}}; }
+using ct::check_all;
+using ct::P24;
 
 enum class R { Zero, Even, Away };
 R usual(int mode) { return mode == 1 ? R::Even : mode == 0 ? R::Zero : R::Away; }
@@ -65,51 +63,50 @@ std::vector<double> doubles(size_t n, uint32_t seed) {
     return v;
 }
 
-template <class S, class D, class Fn, class Want>
-void check_all(const std::vector<S>& src, Fn fn, Want want, const std::string& what) {
-    zt::Guarded<S> s(src.size(), 3 * sizeof(S) % 64);
-    zt::Guarded<D> d(src.size(), 5 * sizeof(D) % 64);
-    s.copy_from(src.data());
-    ASSERT_EQ(fn(s.data(), d.data(), int(src.size())), zamStatusOk) << what;
-    for (size_t i = 0; i < src.size(); ++i) {
-        D w = want(src[i]);
-        ASSERT_EQ(std::memcmp(&d[i], &w, sizeof(D)), 0) << what << " element " << i << " x = " << double(src[i]);
-    }
-    ASSERT_TRUE(d.guards_intact()) << what;
-}
-
 constexpr int kModes[] = {0, 1, 2, 3, -1, 7};
 constexpr int kFactors[] = {INT32_MIN, -200, -128, -127, -40, -16, -1, 0, 1, 3, 16, 31, 126, 127, 149, 150, 1000, INT32_MAX};
 
-// One member with a mode and a scale: fn(src, dst, len, mode, sf).
+// One member with a mode and a scale, fn(src, dst, len, mode, sf): every
+// mode and factor, each call under one of the caller's rounding directions
+// (all four turn up for every mode), which the results do not depend on and
+// the call gives back; then every length and alignment at one mode and factor.
 template <class S, class D, class Fn>
 void modes_and_factors(const std::vector<S>& x, Fn fn, R (*rule)(int), long double lo, long double hi, long double nan,
                        const char* name) {
+    const unsigned saved = _mm_getcsr();
+    unsigned k = 0;
     for (int mode : kModes)
-        for (int sf : kFactors)
-            check_all<S, D>(
-                x, [&](const S* s, D* d, int n) { return fn(s, d, n, zamRoundMode(mode), sf); },
-                [&](S v) { return D(model(v, sf, rule(mode), lo, hi, nan)); },
-                std::string(name) + " mode " + std::to_string(mode) + " sf " + std::to_string(sf));
+        for (int sf : kFactors) {
+            const unsigned csr = (saved & ~0x6000u) | (k++ % 4) << 13;
+            auto call = [&](const S* s, D* d, int n) {
+                _mm_setcsr(csr);
+                const zamStatus st = fn(s, d, n, zamRoundMode(mode), sf);
+                const unsigned after = _mm_getcsr();
+                _mm_setcsr(saved);
+                EXPECT_EQ(after, csr) << name << " mode " << mode << " sf " << sf;
+                return st;
+            };
+            check_all<S, D>(x, call, [&](S v) { return D(model(v, sf, rule(mode), lo, hi, nan)); },
+                            std::string(name) + " mode " + std::to_string(mode) + " sf " + std::to_string(sf));
+        }
+    zt::sweep_unary<S, D>([&](const S* s, D* d, int n) { return fn(s, d, n, zamRoundHalfAway, -2); },
+                          [&](S v) { return D(model(v, -2, rule(2), lo, hi, nan)); }, x, {.max_len = 100});
 }
 
-TEST(ConvertRound, SingleToInteger) {
+TEST(ConvertRound, FloatingToInteger) {
     auto x = floats(211, 1);
     modes_and_factors<Zam32f, Zam8s>(x, zamsConvert_32f8s_Sfs, usual, -128, 127, 127, "32f8s");
     modes_and_factors<Zam32f, Zam8u>(x, zamsConvert_32f8u_Sfs, usual, 0, 255, 255, "32f8u");
     modes_and_factors<Zam32f, Zam16s>(x, zamsConvert_32f16s_Sfs, usual, -32768, 32767, 32767, "32f16s");
     modes_and_factors<Zam32f, Zam16u>(x, zamsConvert_32f16u_Sfs, usual, 0, 65535, 65535, "32f16u");
     modes_and_factors<Zam32f, Zam32s>(x, zamsConvert_32f32s_Sfs, usual, INT32_MIN, INT32_MAX, INT32_MAX, "32f32s");
-}
-
-TEST(ConvertRound, DoubleToInteger) {
-    auto x = doubles(211, 2);
-    modes_and_factors<Zam64f, Zam16s>(x, zamsConvert_64f16s_Sfs, usual, -32768, 32767, 32767, "64f16s");
+    auto xd = doubles(211, 2);
+    modes_and_factors<Zam64f, Zam16s>(xd, zamsConvert_64f16s_Sfs, usual, -32768, 32767, 32767, "64f16s");
     // NaN passes both clamps of this member and converts to the smallest value.
-    modes_and_factors<Zam64f, Zam32s>(x, zamsConvert_64f32s_Sfs, usual, INT32_MIN, INT32_MAX, INT32_MIN, "64f32s");
+    modes_and_factors<Zam64f, Zam32s>(xd, zamsConvert_64f32s_Sfs, usual, INT32_MIN, INT32_MAX, INT32_MIN, "64f32s");
     // Here 2 is half away, 1 nearest-even and anything else toward zero.
     auto rule64 = [](int m) { return m == 2 ? R::Away : m == 1 ? R::Even : R::Zero; };
-    modes_and_factors<Zam64f, Zam64s>(x, zamsConvert_64f64s_Sfs, +rule64, (long double)INT64_MIN,
+    modes_and_factors<Zam64f, Zam64s>(xd, zamsConvert_64f64s_Sfs, +rule64, (long double)INT64_MIN,
                                       (long double)INT64_MAX, (long double)INT64_MAX, "64f64s");
 }
 
@@ -117,7 +114,7 @@ TEST(ConvertRound, SingleToPacked24) {
     auto x = floats(211, 3);
     for (int sf : kFactors) {
         auto put = [&](auto lo, auto hi, auto nan) {
-            return [=](Zam32f v) { return p24(int64_t(model(v, sf, R::Even, lo, hi, nan))); };
+            return [=](Zam32f v) { return ct::p24(int64_t(model(v, sf, R::Even, lo, hi, nan))); };
         };
         check_all<Zam32f, P24>(
             x, [&](const Zam32f* s, P24* d, int n) { return zamsConvert_32f24s_Sfs(s, reinterpret_cast<Zam24s*>(d), n, sf); },
@@ -128,24 +125,12 @@ TEST(ConvertRound, SingleToPacked24) {
     }
 }
 
-TEST(ConvertRound, EveryLengthAndAlignment) {
-    auto x = floats(100, 4);
-    auto xd = doubles(100, 5);
+// Single to double and back; in place where the sizes match.
+TEST(ConvertRound, SingleAndDoubleEveryLengthAndAlignment) {
     zt::SweepOptions o{.max_len = 100};
-    zt::sweep_unary<Zam32f, Zam16s>([](const Zam32f* s, Zam16s* d, int n) { return zamsConvert_32f16s_Sfs(s, d, n, zamRoundHalfAway, -2); },
-                                    [](Zam32f v) { return Zam16s(model(v, -2, R::Away, -32768, 32767, 32767)); }, x, o);
-    zt::sweep_unary<Zam32f, Zam8u>([](const Zam32f* s, Zam8u* d, int n) { return zamsConvert_32f8u_Sfs(s, d, n, zamRoundNearestEven, 5); },
-                                   [](Zam32f v) { return Zam8u(model(v, 5, R::Even, 0, 255, 255)); }, x, o);
-    zt::sweep_unary<Zam32f, Zam32s>([](const Zam32f* s, Zam32s* d, int n) { return zamsConvert_32f32s_Sfs(s, d, n, zamRoundHalfAway, 0); },
-                                    [](Zam32f v) { return Zam32s(model(v, 0, R::Away, INT32_MIN, INT32_MAX, INT32_MAX)); }, x, o);
-    zt::sweep_unary<Zam64f, Zam32s>([](const Zam64f* s, Zam32s* d, int n) { return zamsConvert_64f32s_Sfs(s, d, n, zamRoundNearestEven, -20); },
-                                    [](Zam64f v) { return Zam32s(model(v, -20, R::Even, INT32_MIN, INT32_MAX, INT32_MIN)); }, xd, o);
-    zt::sweep_unary<Zam64f, Zam64s>([](const Zam64f* s, Zam64s* d, int n) { return zamsConvert_64f64s_Sfs(s, d, n, zamRoundHalfAway, 1); },
-                                    [](Zam64f v) { return Zam64s(model(v, 1, R::Away, (long double)INT64_MIN, (long double)INT64_MAX, (long double)INT64_MAX)); }, xd, o);
-    // In place where the sizes match is part of the sweep; single to double both ways too.
-    zt::sweep_unary<Zam32f, Zam64f>(zamsConvert_32f64f, [](Zam32f v) { return double(v); }, x, o);
+    zt::sweep_unary<Zam32f, Zam64f>(zamsConvert_32f64f, [](Zam32f v) { return double(v); }, floats(100, 4), o);
     zt::sweep_unary<Zam64f, Zam32f>(zamsConvert_64f32f, [](Zam64f v) {
-        return std::isnan(v) ? float(v) : v > FLT_MAX ? FLT_MAX : v < -FLT_MAX ? -FLT_MAX : float(v); }, xd, o);
+        return std::isnan(v) ? float(v) : v > FLT_MAX ? FLT_MAX : v < -FLT_MAX ? -FLT_MAX : float(v); }, doubles(100, 5), o);
 }
 
 TEST(ConvertRound, PointersLengthAndUnsignedLength) {
@@ -164,44 +149,6 @@ TEST(ConvertRound, PointersLengthAndUnsignedLength) {
     EXPECT_EQ(zamsConvert_64f64s_Sfs(nullptr, w, 0, zamRoundNearestEven, 0), zamStatusNullPointer);
     EXPECT_EQ(y[0], 7);
     EXPECT_EQ(w[0], 7);
-}
-
-// One call under the rounding direction csr: it leaves the direction as it
-// found it and its results (scale factor 1) do not depend on it.
-template <class S, class D>
-void under_direction(unsigned csr, zamStatus (*fn)(const S*, D*, int, zamRoundMode, int), const std::vector<S>& x,
-                     int mode, R rule, long double lo, long double hi, long double nan) {
-    const unsigned saved = _mm_getcsr();
-    std::vector<D> y(x.size());
-    _mm_setcsr(csr);
-    zamStatus st = fn(x.data(), y.data(), int(x.size()), zamRoundMode(mode), 1);
-    const unsigned after = _mm_getcsr();
-    _mm_setcsr(saved);
-    ASSERT_EQ(st, zamStatusOk);
-    EXPECT_EQ(after, csr);
-    for (size_t i = 0; i < x.size(); ++i)
-        ASSERT_EQ(y[i], D(model(x[i], 1, rule, lo, hi, nan))) << "mode " << mode << " element " << i;
-}
-
-TEST(ConvertRound, CallerRoundingDirectionKept) {
-    auto x = floats(64, 6);
-    auto xd = doubles(64, 7);
-    for (unsigned dir : {0u, 1u, 2u, 3u}) {
-        SCOPED_TRACE("direction " + std::to_string(dir));
-        const unsigned csr = (_mm_getcsr() & ~0x6000u) | dir << 13;
-        for (int mode : {0, 1, 2, 5}) {
-            R r = usual(mode), r64 = mode == 2 ? R::Away : mode == 1 ? R::Even : R::Zero;
-            under_direction(csr, zamsConvert_32f8s_Sfs, x, mode, r, -128, 127, 127);
-            under_direction(csr, zamsConvert_32f8u_Sfs, x, mode, r, 0, 255, 255);
-            under_direction(csr, zamsConvert_32f16s_Sfs, x, mode, r, -32768, 32767, 32767);
-            under_direction(csr, zamsConvert_32f16u_Sfs, x, mode, r, 0, 65535, 65535);
-            under_direction(csr, zamsConvert_32f32s_Sfs, x, mode, r, INT32_MIN, INT32_MAX, INT32_MAX);
-            under_direction(csr, zamsConvert_64f16s_Sfs, xd, mode, r, -32768, 32767, 32767);
-            under_direction(csr, zamsConvert_64f32s_Sfs, xd, mode, r, INT32_MIN, INT32_MAX, INT32_MIN);
-            under_direction(csr, zamsConvert_64f64s_Sfs, xd, mode, r64, (long double)INT64_MIN, (long double)INT64_MAX,
-                            (long double)INT64_MAX);
-        }
-    }
 }
 
 ZAMS_DIGEST(convert_round) {

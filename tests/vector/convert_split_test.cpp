@@ -5,19 +5,12 @@
 #include <memory>
 
 #include "digest.h"
-#include "sweep.h"
+#include "convert_util.h"
 
 namespace {
 
-float ffrom(uint32_t b) {
-    float f;
-    std::memcpy(&f, &b, 4);
-    return f;
-}
-const float kA16 = ffrom(0x38000080u), kB16 = ffrom(0x37800080u);  // 2/65535, 1/65535
-
-int32_t get24(const uint8_t* p) { return int32_t(uint32_t(p[0]) << 8 | uint32_t(p[1]) << 16 | uint32_t(p[2]) << 24) >> 8; }
-void put24(uint8_t* p, int32_t v) { p[0] = uint8_t(v), p[1] = uint8_t(v >> 8), p[2] = uint8_t(v >> 16); }
+using ct::get24;
+const float kA16 = ct::ffrom(0x38000080u), kB16 = ct::ffrom(0x37800080u);  // 2/65535, 1/65535
 
 // Channel buffers with guards, and the tables of their pointers.
 struct Channels {
@@ -38,26 +31,40 @@ struct Channels {
     std::vector<const Zam32f*> cptrs;
 };
 
-TEST(ConvertSplit, Every16BitValueRoundTrips) {
-    // 65,536 frames of one channel, then the same values as 4 channels.
-    for (int nch : {1, 4}) {
-        const int len = 65536 / nch;
-        std::vector<Zam16s> x(65536);
-        for (int i = 0; i < 65536; ++i) x[i] = Zam16s(i * 7919);  // a permutation of all values
-        Channels ch(nch, len);
-        ASSERT_EQ(zamsSplitScaled_16s32f_D2L(x.data(), ch.ptrs.data(), nch, len), zamStatusOk);
-        ASSERT_TRUE(ch.intact());
-        for (int i = 0; i < 65536; ++i) {
-            float y = (*ch.bufs[i % nch])[i / nch];
-            ASSERT_EQ(zt::bits(y), zt::bits(float(x[i]) * kA16 + kB16)) << x[i];
-            long double exact = (2.0L * x[i] + 1) / 65535;
-            ASSERT_LE(std::fabs(y - exact), 0x1p-24L) << x[i];
-        }
-        zt::Guarded<Zam16s> back(65536, 6);
-        ASSERT_EQ(zamsJoinScaled_32f16s_D2L(ch.cptrs.data(), nch, len, back.data()), zamStatusOk);
-        for (int i = 0; i < 65536; ++i) ASSERT_EQ(back[i], x[i]) << i;
-        ASSERT_TRUE(back.guards_intact());
+// x (len frames of nch channels) split, each value within 2^-24 of
+// (2x + 1) / 65535 and exactly the float formula, joined back unchanged;
+// and through the 24-bit join and split, all within the guards.
+void round_trip16(const std::vector<Zam16s>& x, int nch, int len) {
+    Channels ch(nch, len);
+    ASSERT_EQ(zamsSplitScaled_16s32f_D2L(x.data(), ch.ptrs.data(), nch, len), zamStatusOk);
+    ASSERT_TRUE(ch.intact());
+    for (int i = 0; i < nch * len; ++i) {
+        float y = (*ch.bufs[i % nch])[i / nch];
+        ASSERT_EQ(zt::bits(y), zt::bits(float(x[i]) * kA16 + kB16)) << x[i] << " " << nch << " " << len;
+        ASSERT_LE(std::fabs(y - (2.0L * x[i] + 1) / 65535), 0x1p-24L) << x[i];
     }
+    zt::Guarded<Zam16s> back(size_t(nch * len), 6);
+    ASSERT_EQ(zamsJoinScaled_32f16s_D2L(ch.cptrs.data(), nch, len, back.data()), zamStatusOk);
+    for (int i = 0; i < nch * len; ++i) ASSERT_EQ(back[i], x[i]) << i;
+    ASSERT_TRUE(back.guards_intact());
+    zt::Guarded<Zam8u> j24(size_t(3 * nch * len), 1);
+    ASSERT_EQ(zamsJoinScaled_32f24s_D2L(ch.cptrs.data(), nch, len, j24.data()), zamStatusOk);
+    ASSERT_TRUE(j24.guards_intact());
+    Channels c24(nch, len);
+    ASSERT_EQ(zamsSplitScaled_24s32f_D2L(j24.data(), c24.ptrs.data(), nch, len), zamStatusOk);
+    ASSERT_TRUE(c24.intact());
+}
+
+// Every 16-bit value as 1 and 4 channels; random ones over channel counts
+// and lengths around the vector widths.
+TEST(ConvertSplit, Every16BitValueAndLayoutRoundTrips) {
+    std::vector<Zam16s> x(65536);
+    for (int i = 0; i < 65536; ++i) x[i] = Zam16s(i * 7919);  // a permutation of all values
+    round_trip16(x, 1, 65536);
+    round_trip16(x, 4, 16384);
+    x = zt::random_ints<Zam16s>(5 * 40, 3);
+    for (int nch : {1, 2, 3, 5})
+        for (int len : {1, 2, 7, 8, 9, 15, 16, 17, 33, 40}) round_trip16(x, nch, len);
     Zam16s ends[2] = {-32768, 32767};
     Zam32f a, b;
     Zam32f* p[2] = {&a, &b};
@@ -74,7 +81,7 @@ TEST(ConvertSplit, Dense24BitRoundTrip) {
     while (v.size() % 3) v.push_back(-1);
     const int nch = 3, len = int(v.size() / 3);
     zt::Guarded<Zam8u> src(v.size() * 3, 1);
-    for (size_t i = 0; i < v.size(); ++i) put24(&src[3 * i], v[i]);
+    for (size_t i = 0; i < v.size(); ++i) std::memcpy(&src[3 * i], ct::p24(v[i]).b, 3);
     Channels ch(nch, len);
     ASSERT_EQ(zamsSplitScaled_24s32f_D2L(src.data(), ch.ptrs.data(), nch, len), zamStatusOk);
     ASSERT_TRUE(ch.intact());
@@ -115,29 +122,6 @@ TEST(ConvertSplit, JoinClampsAndRoundsToNearestWhateverTheDirection) {
             EXPECT_EQ(get24(o24 + 3 * i), w24[i]) << "direction " << dir << " element " << i;
         }
     }
-}
-
-TEST(ConvertSplit, ChannelLayoutsAndLengths) {
-    auto x = zt::random_ints<Zam16s>(5 * 40, 3);
-    for (int nch : {1, 2, 3, 5})
-        for (int len : {1, 2, 7, 8, 9, 15, 16, 17, 33, 40}) {
-            Channels ch(nch, len);
-            ASSERT_EQ(zamsSplitScaled_16s32f_D2L(x.data(), ch.ptrs.data(), nch, len), zamStatusOk);
-            ASSERT_TRUE(ch.intact());
-            for (int i = 0; i < len; ++i)
-                for (int c = 0; c < nch; ++c)
-                    ASSERT_EQ((*ch.bufs[c])[i], float(x[i * nch + c]) * kA16 + kB16) << nch << " " << len;
-            zt::Guarded<Zam16s> j(size_t(nch * len), 2);
-            ASSERT_EQ(zamsJoinScaled_32f16s_D2L(ch.cptrs.data(), nch, len, j.data()), zamStatusOk);
-            for (int i = 0; i < nch * len; ++i) ASSERT_EQ(j[i], x[i]);
-            ASSERT_TRUE(j.guards_intact());
-            zt::Guarded<Zam8u> j24(size_t(3 * nch * len), 1);
-            ASSERT_EQ(zamsJoinScaled_32f24s_D2L(ch.cptrs.data(), nch, len, j24.data()), zamStatusOk);
-            ASSERT_TRUE(j24.guards_intact());
-            Channels c24(nch, len);
-            ASSERT_EQ(zamsSplitScaled_24s32f_D2L(j24.data(), c24.ptrs.data(), nch, len), zamStatusOk);
-            ASSERT_TRUE(c24.intact());
-        }
 }
 
 TEST(ConvertSplit, CheckOrders) {

@@ -66,24 +66,25 @@ template <class X, class Oop, class Ip> void same_in_place(const std::vector<X>&
     same_in_place(data, [=](const X* s, X* d, int n) { return zamsThreshold_##name(s, d, n, __VA_ARGS__); },      \
                   [=](X* d, int n) { return zamsThreshold_##name##_I(d, n, __VA_ARGS__); })
 
-// Each kind against its one-line model over lengths, alignments and in
-// place, levels and their negatives included; each in-place export against
-// its out-of-place twin.
+// One kind over lengths, alignments and in place against its model (the
+// complex ones within a step of the part type, or exactly).
+#define SWEEP_EQ(kind, opts, model, eq, ...)                                                                  \
+    zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_##kind(s, d, n, __VA_ARGS__); }, \
+                          model, data, opts, eq)
+#define SWEEP(kind, opts, model, ...) SWEEP_EQ(kind, opts, model, SameOrNan{}, __VA_ARGS__)
+
+// Each kind against its one-line model, levels and their negatives
+// included; each in-place export against its out-of-place twin.
 #define REAL_SUITE(T, lvl, val, opts)                                                                          \
     TEST(ThresholdReal, T##_AllKindsMatchModel) {                                                               \
         using X = Zam##T;                                                                                        \
         const X L = lvl, V = val;                                                                                \
         auto data = pool<X>(41, L);                                                                              \
-        auto lt = [=](X x) { return x < L ? L : x; };                                                             \
-        auto gt = [=](X x) { return x > L ? L : x; };                                                             \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LT_##T(s, d, n, L); }, lt, data, opts, SameOrNan{}); \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_GT_##T(s, d, n, L); }, gt, data, opts, SameOrNan{}); \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LTAbs_##T(s, d, n, L); },        \
-                              [=](X x) { return absl(x) < LD(L) ? sgn_level(x, L) : x; }, data, kShort, SameOrNan{}); \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_GTAbs_##T(s, d, n, L); },        \
-                              [=](X x) { return absl(x) > LD(L) ? sgn_level(x, L) : x; }, data, kShort, SameOrNan{}); \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LTValGTVal_##T(s, d, n, X(-L), V, L, X(-V)); }, \
-                              [=](X x) { return x < X(-L) ? V : (x > L ? X(-V) : x); }, data, kShort, SameOrNan{}); \
+        SWEEP(LT_##T, opts, [=](X x) { return x < L ? L : x; }, L);                                              \
+        SWEEP(GT_##T, opts, [=](X x) { return x > L ? L : x; }, L);                                              \
+        SWEEP(LTAbs_##T, kShort, [=](X x) { return absl(x) < LD(L) ? sgn_level(x, L) : x; }, L);                 \
+        SWEEP(GTAbs_##T, kShort, [=](X x) { return absl(x) > LD(L) ? sgn_level(x, L) : x; }, L);                 \
+        SWEEP(LTValGTVal_##T, kShort, [=](X x) { return x < X(-L) ? V : (x > L ? X(-V) : x); }, X(-L), V, L, X(-V)); \
         SAME_IN_PLACE(LT_##T, X(-5));                                                                              \
         SAME_IN_PLACE(GT_##T, X(3));                                                                               \
         SAME_IN_PLACE(LTAbs_##T, L);                                                                               \
@@ -103,14 +104,10 @@ REAL_SUITE(64f, 2.5, -9.0, kFull)
         using X = Zam##T;                                                                                        \
         const X L = lvl, V = val;                                                                                \
         auto data = pool<X>(43, L);                                                                              \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_##T(s, d, n, L, zamCmpLess); }, \
-                              [=](X x) { return x < L ? L : x; }, data, kShort, SameOrNan{});                      \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_##T(s, d, n, L, zamCmpGreater); }, \
-                              [=](X x) { return x > L ? L : x; }, data, kShort, SameOrNan{});                      \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_LTVal_##T(s, d, n, L, V); },     \
-                              [=](X x) { return x < L ? V : x; }, data, kShort, SameOrNan{});                      \
-        zt::sweep_unary<X, X>([=](const X* s, X* d, int n) { return zamsThreshold_GTVal_##T(s, d, n, L, V); },     \
-                              [=](X x) { return x > L ? V : x; }, data, kShort, SameOrNan{});                      \
+        SWEEP(T, kShort, [=](X x) { return x < L ? L : x; }, L, zamCmpLess);                                      \
+        SWEEP(T, kShort, [=](X x) { return x > L ? L : x; }, L, zamCmpGreater);                                   \
+        SWEEP(LTVal_##T, kShort, [=](X x) { return x < L ? V : x; }, L, V);                                        \
+        SWEEP(GTVal_##T, kShort, [=](X x) { return x > L ? V : x; }, L, V);                                        \
         SAME_IN_PLACE(T, L, zamCmpGreater);                                                                       \
         SAME_IN_PLACE(LTVal_##T, X(0), V);                                                                         \
         SAME_IN_PLACE(GTVal_##T, X(1), X(-2));                                                                     \
@@ -119,19 +116,6 @@ REAL_SUITE(64f, 2.5, -9.0, kFull)
 REAL_VAL_SUITE(16s, Zam16s(-300), Zam16s(32767))
 REAL_VAL_SUITE(32f, -1.5f, 100.0f)
 REAL_VAL_SUITE(64f, -1.5, 100.0)
-
-// The most negative integers have no positive counterpart: their
-// magnitude is still compared exactly.
-TEST(ThresholdReal, MostNegativeMagnitudes) {
-    Zam16s a[] = {-32768, 32767, -3};
-    ASSERT_EQ(zamsThreshold_GTAbs_16s_I(a, 3, 32767), zamStatusOk);
-    EXPECT_EQ(a[0], -32767);
-    EXPECT_EQ(a[2], -3);
-    Zam32s b[] = {INT32_MIN, 3};
-    ASSERT_EQ(zamsThreshold_LTAbs_32s_I(b, 2, INT32_MAX), zamStatusOk);
-    EXPECT_EQ(b[0], INT32_MIN);
-    EXPECT_EQ(b[1], INT32_MAX);
-}
 
 // -------------------------------------------------------------- complex
 
@@ -167,31 +151,26 @@ template <class C> struct CloseComplex {
 
 #define COMPLEX_SUITE(T, P, lvl)                                                                                  \
     TEST(ThresholdComplex, T##_AllKindsMatchModel) {                                                             \
-        using C = Zam##T;                                                                                        \
-        using M = CModel<C>;                                                                                     \
+        using X = Zam##T;                                                                                        \
+        using M = CModel<X>;                                                                                     \
         const P L = lvl;                                                                                         \
         const LD L2 = LD(L) * L;                                                                                 \
-        const C V{P(7), P(-8)};                                                                                  \
-        auto data = cpool<C>(47, L);                                                                             \
-        auto o = zt::SweepOptions{40, true, 3};                                                                  \
-        auto same = [](C a, C b) { return a.re == b.re && a.im == b.im; };                                       \
-        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_LT_##T(s, d, n, L); },          \
-                              [=](C x) { return M::n2(x) < L2 ? M::scaled(x, L) : x; }, data, o, CloseComplex<C>{}); \
-        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_GT_##T(s, d, n, L); },          \
-                              [=](C x) { return M::n2(x) > L2 ? M::scaled(x, L) : x; }, data, o, CloseComplex<C>{}); \
-        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_##T(s, d, n, L, zamCmpGreater); }, \
-                              [=](C x) { return M::n2(x) > L2 ? M::scaled(x, L) : x; }, data, o, CloseComplex<C>{}); \
-        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_LTVal_##T(s, d, n, L, V); },    \
-                              [=](C x) { return M::n2(x) < L2 ? V : x; }, data, o, same);                          \
-        zt::sweep_unary<C, C>([=](const C* s, C* d, int n) { return zamsThreshold_GTVal_##T(s, d, n, L, V); },    \
-                              [=](C x) { return M::n2(x) > L2 ? V : x; }, data, o, same);                          \
-        C io[3] = {C{P(3), P(4)}, C{P(0), P(0)}, C{P(0), P(-1)}};                                                 \
+        const X V{P(7), P(-8)};                                                                                  \
+        auto data = cpool<X>(47, L);                                                                             \
+        const zt::SweepOptions o{40, true, 3};                                                                   \
+        auto same = [](X a, X b) { return a.re == b.re && a.im == b.im; };                                       \
+        SWEEP_EQ(LT_##T, o, [=](X x) { return M::n2(x) < L2 ? M::scaled(x, L) : x; }, CloseComplex<X>{}, L);     \
+        SWEEP_EQ(GT_##T, o, [=](X x) { return M::n2(x) > L2 ? M::scaled(x, L) : x; }, CloseComplex<X>{}, L);     \
+        SWEEP_EQ(T, o, [=](X x) { return M::n2(x) > L2 ? M::scaled(x, L) : x; }, CloseComplex<X>{}, L, zamCmpGreater); \
+        SWEEP_EQ(LTVal_##T, o, [=](X x) { return M::n2(x) < L2 ? V : x; }, same, L, V);                          \
+        SWEEP_EQ(GTVal_##T, o, [=](X x) { return M::n2(x) > L2 ? V : x; }, same, L, V);                          \
+        X io[3] = {X{P(3), P(4)}, X{P(0), P(0)}, X{P(0), P(-1)}};                                                 \
         ASSERT_EQ(zamsThreshold_##T##_I(io, 3, P(2), zamCmpLess), zamStatusOk);                                  \
         ASSERT_EQ(zamsThreshold_LT_##T##_I(io, 3, P(2)), zamStatusOk);                                            \
         ASSERT_EQ(zamsThreshold_GT_##T##_I(io, 3, P(5)), zamStatusOk);                                            \
-        ASSERT_EQ(zamsThreshold_GTVal_##T##_I(io, 3, P(4), C{P(1), P(1)}), zamStatusOk);                          \
-        ASSERT_EQ(zamsThreshold_LTVal_##T##_I(io, 3, P(1), C{P(9), P(9)}), zamStatusOk);                          \
-        EXPECT_TRUE(same(io[0], C{P(1), P(1)}) && same(io[1], C{P(2), P(0)}) && same(io[2], C{P(0), P(-2)}));    \
+        ASSERT_EQ(zamsThreshold_GTVal_##T##_I(io, 3, P(4), X{P(1), P(1)}), zamStatusOk);                          \
+        ASSERT_EQ(zamsThreshold_LTVal_##T##_I(io, 3, P(1), X{P(9), P(9)}), zamStatusOk);                          \
+        EXPECT_TRUE(same(io[0], X{P(1), P(1)}) && same(io[1], X{P(2), P(0)}) && same(io[2], X{P(0), P(-2)}));    \
     }
 
 COMPLEX_SUITE(16sc, Zam16s, 20)
@@ -335,74 +314,55 @@ template <class T> std::vector<T> dpool(uint32_t seed) {
     else return zt::random_reals<T>(257, seed, T(-9), T(9));
 }
 
+// One call on x into a fresh vector: its status and its output.
+template <class T, class F, class... A> void dig(zt::Digest& d, const std::vector<T>& x, F f, A... args) {
+    std::vector<T> y(x.size());
+    d.status(f(x.data(), y.data(), int(x.size()), args...));
+    d.add(y);
+}
+template <class T> using Level = zamStatus (*)(const T*, T*, int, T);
+
+#define REAL_DIGEST(T, x, cmp)                                                                                  \
+    dig(d, x, zamsThreshold_##T, Zam##T(1), cmp);                                                             \
+    for (Level<Zam##T> f : {zamsThreshold_LT_##T, zamsThreshold_GT_##T, zamsThreshold_LTAbs_##T, zamsThreshold_GTAbs_##T}) \
+        dig(d, x, f, Zam##T(1));                                                                              \
+    dig(d, x, zamsThreshold_LTVal_##T, Zam##T(1), Zam##T(5));                                                  \
+    dig(d, x, zamsThreshold_GTVal_##T, Zam##T(1), Zam##T(5));                                                  \
+    dig(d, x, zamsThreshold_LTValGTVal_##T, Zam##T(-1), Zam##T(5), Zam##T(1), Zam##T(6));                      \
+    dig(d, x, zamsThreshold_LTInv_##T, Zam##T(0.5))
+
 ZAMS_DIGEST(threshold_real) {
     auto s16 = dpool<Zam16s>(1);
     auto s32 = dpool<Zam32s>(2);
+    dig(d, s16, zamsThreshold_16s, Zam16s(100), zamCmpLess);
+    for (Level<Zam16s> f : {zamsThreshold_LT_16s, zamsThreshold_GT_16s, zamsThreshold_LTAbs_16s, zamsThreshold_GTAbs_16s})
+        dig(d, s16, f, Zam16s(f == zamsThreshold_LT_16s ? -100 : 100));
+    dig(d, s16, zamsThreshold_LTVal_16s, Zam16s(0), Zam16s(3));
+    dig(d, s16, zamsThreshold_GTVal_16s, Zam16s(0), Zam16s(3));
+    dig(d, s16, zamsThreshold_LTValGTVal_16s, Zam16s(-9), Zam16s(1), Zam16s(9), Zam16s(2));
+    for (Level<Zam32s> f : {zamsThreshold_LT_32s, zamsThreshold_GT_32s, zamsThreshold_LTAbs_32s, zamsThreshold_GTAbs_32s})
+        dig(d, s32, f, 100);
+    dig(d, s32, zamsThreshold_LTValGTVal_32s, -9, 1, 9, 2);
     auto f32 = dpool<Zam32f>(3);
     auto f64 = dpool<Zam64f>(4);
-    std::vector<Zam16s> a(257);
-    std::vector<Zam32s> b(257);
-    std::vector<Zam32f> c(257);
-    std::vector<Zam64f> e(257);
-    const int n = 257;
-    d.status(zamsThreshold_16s(s16.data(), a.data(), n, 100, zamCmpLess)); d.add(a);
-    d.status(zamsThreshold_LT_16s(s16.data(), a.data(), n, -100)); d.add(a);
-    d.status(zamsThreshold_GT_16s(s16.data(), a.data(), n, 100)); d.add(a);
-    d.status(zamsThreshold_LTAbs_16s(s16.data(), a.data(), n, 100)); d.add(a);
-    d.status(zamsThreshold_GTAbs_16s(s16.data(), a.data(), n, 100)); d.add(a);
-    d.status(zamsThreshold_LTVal_16s(s16.data(), a.data(), n, 0, 3)); d.add(a);
-    d.status(zamsThreshold_GTVal_16s(s16.data(), a.data(), n, 0, 3)); d.add(a);
-    d.status(zamsThreshold_LTValGTVal_16s(s16.data(), a.data(), n, -9, 1, 9, 2)); d.add(a);
-    d.status(zamsThreshold_LT_32s(s32.data(), b.data(), n, 100)); d.add(b);
-    d.status(zamsThreshold_GT_32s(s32.data(), b.data(), n, 100)); d.add(b);
-    d.status(zamsThreshold_LTAbs_32s(s32.data(), b.data(), n, 100)); d.add(b);
-    d.status(zamsThreshold_GTAbs_32s(s32.data(), b.data(), n, 100)); d.add(b);
-    d.status(zamsThreshold_LTValGTVal_32s(s32.data(), b.data(), n, -9, 1, 9, 2)); d.add(b);
-    d.status(zamsThreshold_32f(f32.data(), c.data(), n, 1, zamCmpGreater)); d.add(c);
-    d.status(zamsThreshold_LT_32f(f32.data(), c.data(), n, 1)); d.add(c);
-    d.status(zamsThreshold_GT_32f(f32.data(), c.data(), n, 1)); d.add(c);
-    d.status(zamsThreshold_LTAbs_32f(f32.data(), c.data(), n, 1)); d.add(c);
-    d.status(zamsThreshold_GTAbs_32f(f32.data(), c.data(), n, 1)); d.add(c);
-    d.status(zamsThreshold_LTVal_32f(f32.data(), c.data(), n, 1, 5)); d.add(c);
-    d.status(zamsThreshold_GTVal_32f(f32.data(), c.data(), n, 1, 5)); d.add(c);
-    d.status(zamsThreshold_LTValGTVal_32f(f32.data(), c.data(), n, -1, 5, 1, 6)); d.add(c);
-    d.status(zamsThreshold_LTInv_32f(f32.data(), c.data(), n, 0.5f)); d.add(c);
-    d.status(zamsThreshold_64f(f64.data(), e.data(), n, 1, zamCmpLess)); d.add(e);
-    d.status(zamsThreshold_LT_64f(f64.data(), e.data(), n, 1)); d.add(e);
-    d.status(zamsThreshold_GT_64f(f64.data(), e.data(), n, 1)); d.add(e);
-    d.status(zamsThreshold_LTAbs_64f(f64.data(), e.data(), n, 1)); d.add(e);
-    d.status(zamsThreshold_GTAbs_64f(f64.data(), e.data(), n, 1)); d.add(e);
-    d.status(zamsThreshold_LTVal_64f(f64.data(), e.data(), n, 1, 5)); d.add(e);
-    d.status(zamsThreshold_GTVal_64f(f64.data(), e.data(), n, 1, 5)); d.add(e);
-    d.status(zamsThreshold_LTValGTVal_64f(f64.data(), e.data(), n, -1, 5, 1, 6)); d.add(e);
-    d.status(zamsThreshold_LTInv_64f(f64.data(), e.data(), n, 0.5)); d.add(e);
+    REAL_DIGEST(32f, f32, zamCmpGreater);
+    REAL_DIGEST(64f, f64, zamCmpLess);
 }
 
+#define COMPLEX_DIGEST(T, P, seed, cmp)                                                                        \
+    auto x##T = cpool<Zam##T>(seed, 20);                                                                      \
+    dig(d, x##T, zamsThreshold_##T, P(20), cmp);                                                              \
+    dig(d, x##T, zamsThreshold_LT_##T, P(30));                                                                \
+    dig(d, x##T, zamsThreshold_GT_##T, P(30));                                                                \
+    dig(d, x##T, zamsThreshold_LTVal_##T, P(30), Zam##T{1, 2});                                               \
+    dig(d, x##T, zamsThreshold_GTVal_##T, P(30), Zam##T{1, 2})
+
 ZAMS_DIGEST(threshold_complex) {
-    auto a = cpool<Zam16sc>(5, 20);
-    auto b = cpool<Zam32fc>(6, 20);
-    auto c = cpool<Zam64fc>(7, 20);
-    std::vector<Zam16sc> x(a.size());
-    std::vector<Zam32fc> y(b.size());
-    std::vector<Zam64fc> z(c.size());
-    const int n = int(a.size());
-    d.status(zamsThreshold_16sc(a.data(), x.data(), n, 20, zamCmpLess)); d.add(x);
-    d.status(zamsThreshold_LT_16sc(a.data(), x.data(), n, 30)); d.add(x);
-    d.status(zamsThreshold_GT_16sc(a.data(), x.data(), n, 30)); d.add(x);
-    d.status(zamsThreshold_LTVal_16sc(a.data(), x.data(), n, 30, Zam16sc{1, 2})); d.add(x);
-    d.status(zamsThreshold_GTVal_16sc(a.data(), x.data(), n, 30, Zam16sc{1, 2})); d.add(x);
-    d.status(zamsThreshold_32fc(b.data(), y.data(), n, 20, zamCmpGreater)); d.add(y);
-    d.status(zamsThreshold_LT_32fc(b.data(), y.data(), n, 30)); d.add(y);
-    d.status(zamsThreshold_GT_32fc(b.data(), y.data(), n, 30)); d.add(y);
-    d.status(zamsThreshold_LTVal_32fc(b.data(), y.data(), n, 30, Zam32fc{1, 2})); d.add(y);
-    d.status(zamsThreshold_GTVal_32fc(b.data(), y.data(), n, 30, Zam32fc{1, 2})); d.add(y);
-    d.status(zamsThreshold_LTInv_32fc(b.data(), y.data(), n, 0)); d.add(y);
-    d.status(zamsThreshold_64fc(c.data(), z.data(), n, 20, zamCmpGreater)); d.add(z);
-    d.status(zamsThreshold_LT_64fc(c.data(), z.data(), n, 30)); d.add(z);
-    d.status(zamsThreshold_GT_64fc(c.data(), z.data(), n, 30)); d.add(z);
-    d.status(zamsThreshold_LTVal_64fc(c.data(), z.data(), n, 30, Zam64fc{1, 2})); d.add(z);
-    d.status(zamsThreshold_GTVal_64fc(c.data(), z.data(), n, 30, Zam64fc{1, 2})); d.add(z);
-    d.status(zamsThreshold_LTInv_64fc(c.data(), z.data(), n, 7)); d.add(z);
+    COMPLEX_DIGEST(16sc, Zam16s, 5, zamCmpLess);
+    COMPLEX_DIGEST(32fc, Zam32f, 6, zamCmpGreater);
+    dig(d, x32fc, zamsThreshold_LTInv_32fc, 0.0f);
+    COMPLEX_DIGEST(64fc, Zam64f, 7, zamCmpGreater);
+    dig(d, x64fc, zamsThreshold_LTInv_64fc, 7.0);
 }
 
 }  // namespace

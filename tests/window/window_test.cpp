@@ -230,53 +230,43 @@ TEST(Window, CheckOrder) {
     for (float v : y) EXPECT_EQ(v, 7.0f);
 }
 
-// Q15 members equal the float-alpha members at the same alpha; the scaled
-// form rounds x w 2^-sf once and saturates.
+// Q15 members, in place and not, equal the float-alpha members at
+// alpha = q / 32768.
+template <class T> void q15_agrees(zamStatus (*q)(const T*, T*, int, int), zamStatus (*qi)(T*, int, int),
+                                   zamStatus (*f)(const T*, T*, int, float), const std::vector<T>& x) {
+    const int len = int(x.size());
+    for (int k : {-5243, 0, 9830, 40000}) {
+        std::vector<T> a(len), b(len), io = x;
+        ASSERT_EQ(q(x.data(), a.data(), len, k), zamStatusOk);
+        ASSERT_EQ(qi(io.data(), len, k), zamStatusOk);
+        ASSERT_EQ(f(x.data(), b.data(), len, float(k) / 32768.0f), zamStatusOk);
+        EXPECT_EQ(std::memcmp(a.data(), b.data(), len * sizeof(T)), 0) << k;
+        EXPECT_EQ(std::memcmp(io.data(), b.data(), len * sizeof(T)), 0) << k;
+    }
+}
+
+// The scaled form rounds x w 2^-sf once and saturates.
 TEST(Window, Q15Forms) {
     const int len = 64;
     auto x = zt::random_ints<Zam16s>(len, 21);
-    std::vector<Zam16sc> xc(len);
-    for (int i = 0; i < len; ++i) xc[i] = {x[i], Zam16s(-x[i] / 2)};
-    std::vector<Zam16s> a(len), b(len);
-    std::vector<Zam16sc> ac(len), bc(len);
-    for (int q : {-5243, 0, 9830, 40000}) {
-        float alpha = float(q) / 32768.0f;
-        ASSERT_EQ(zamsWinBlackmanQ15_16s(x.data(), a.data(), len, q), zamStatusOk);
-        ASSERT_EQ(zamsWinBlackman_16s(x.data(), b.data(), len, alpha), zamStatusOk);
-        EXPECT_EQ(a, b);
-        ASSERT_EQ(zamsWinBlackmanQ15_16sc(xc.data(), ac.data(), len, q), zamStatusOk);
-        ASSERT_EQ(zamsWinBlackman_16sc(xc.data(), bc.data(), len, alpha), zamStatusOk);
-        EXPECT_EQ(std::memcmp(ac.data(), bc.data(), len * 4), 0);
-        ASSERT_EQ(zamsWinKaiserQ15_16s(x.data(), a.data(), len, q), zamStatusOk);
-        ASSERT_EQ(zamsWinKaiser_16s(x.data(), b.data(), len, alpha), zamStatusOk);
-        EXPECT_EQ(a, b);
-        ASSERT_EQ(zamsWinKaiserQ15_16sc(xc.data(), ac.data(), len, q), zamStatusOk);
-        ASSERT_EQ(zamsWinKaiser_16sc(xc.data(), bc.data(), len, alpha), zamStatusOk);
-        EXPECT_EQ(std::memcmp(ac.data(), bc.data(), len * 4), 0);
-        auto io = x;
-        ASSERT_EQ(zamsWinKaiserQ15_16s_I(io.data(), len, q), zamStatusOk);
-        EXPECT_EQ(io, a);
-        auto ioc = xc;
-        ASSERT_EQ(zamsWinKaiserQ15_16sc_I(ioc.data(), len, q), zamStatusOk);
-        ASSERT_EQ(zamsWinBlackmanQ15_16sc_I(xc.data(), len, q), zamStatusOk);
-        io = x;
-        ASSERT_EQ(zamsWinBlackmanQ15_16s_I(io.data(), len, q), zamStatusOk);
-        ASSERT_EQ(zamsWinBlackman_16s(x.data(), b.data(), len, alpha), zamStatusOk);
-        EXPECT_EQ(io, b);
+    auto xc = complex_of<Zam16sc>(zt::random_ints<Zam16s>(2 * len, 22));
+    q15_agrees(zamsWinBlackmanQ15_16s, zamsWinBlackmanQ15_16s_I, zamsWinBlackman_16s, x);
+    q15_agrees(zamsWinBlackmanQ15_16sc, zamsWinBlackmanQ15_16sc_I, zamsWinBlackman_16sc, xc);
+    q15_agrees(zamsWinKaiserQ15_16s, zamsWinKaiserQ15_16s_I, zamsWinKaiser_16s, x);
+    q15_agrees(zamsWinKaiserQ15_16sc, zamsWinKaiserQ15_16sc_I, zamsWinKaiser_16sc, xc);
+    for (int q : {-5243, 0, 9830, 40000})
         for (int sf : {-3, 0, 2, 40}) {
-            io = x;
+            auto io = x;
             ASSERT_EQ(zamsWinBlackmanQ15_16s_ISfs(io.data(), len, q, sf), zamStatusOk);
             std::vector<Zam64f> ones(len, 1.0), w(len);
-            ASSERT_EQ(zamsWinBlackman_64f(ones.data(), w.data(), len, alpha), zamStatusOk);
+            ASSERT_EQ(zamsWinBlackman_64f(ones.data(), w.data(), len, float(q) / 32768.0f), zamStatusOk);
             for (int n = 0; n < len; ++n) {
                 LD v = std::nearbyint(LD(x[n]) * w[n] * std::ldexp(1.0L, -sf));
-                v = std::min(32767.0L, std::max(-32768.0L, v));
-                ASSERT_LE(std::fabs(io[n] - v), 1) << q << " " << sf << " " << n;
+                ASSERT_LE(std::fabs(io[n] - std::clamp(v, -32768.0L, 32767.0L)), 1) << q << " " << sf << " " << n;
             }
         }
-    }
     EXPECT_EQ(zamsWinBlackmanQ15_16s_ISfs(nullptr, 5, 0, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsWinBlackmanQ15_16s_ISfs(a.data(), 2, 0, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsWinBlackmanQ15_16s_ISfs(x.data(), 2, 0, 0), zamStatusBadLength);
 }
 
 template <class T> void digest_type(zt::Digest& d, const Fns<T>& f, const std::vector<T>& x) {
