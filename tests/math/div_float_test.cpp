@@ -40,9 +40,9 @@ TEST(DivFloat, ZeroDivisorsGiveIeeeResultsWithoutWarning) {
 TEST(DivFloat, ComplexQuotients) {
     auto p = zt::random_reals<Zam32f>(4000, 5, -1e3f, 1e3f);
     for (int i = 0; i < 4000; i += 9) p[i] *= 1e-35f, p[i + 1] *= 1e30f;
-    std::vector<Zam32fc> a(1000), b(1000), y(1000);
-    std::memcpy(a.data(), p.data(), 8000);
-    std::memcpy(b.data(), p.data() + 2000, 8000);
+    auto a = mt::as_complex<Zam32fc>(std::vector<Zam32f>(p.begin(), p.begin() + 2000));
+    auto b = mt::as_complex<Zam32fc>(std::vector<Zam32f>(p.begin() + 2000, p.end()));
+    std::vector<Zam32fc> y(1000);
     for (int off = 0; off < 3; ++off) {
         ASSERT_EQ(zamsDiv_32fc(a.data() + off, b.data() + off, y.data() + off, 1000 - off), zamStatusOk);
         for (int i = off; i < 1000; ++i) {
@@ -60,9 +60,9 @@ TEST(DivFloat, ComplexQuotients) {
     }
     auto q = zt::random_reals<Zam64f>(4000, 6, -1e3, 1e3);
     for (int i = 0; i < 4000; i += 9) q[i] *= 1e-300, q[i + 1] *= 1e300;
-    std::vector<Zam64fc> c(1000), d(1000), z(1000);
-    std::memcpy(c.data(), q.data(), 16000);
-    std::memcpy(d.data(), q.data() + 2000, 16000);
+    auto c = mt::as_complex<Zam64fc>(std::vector<Zam64f>(q.begin(), q.begin() + 2000));
+    auto d = mt::as_complex<Zam64fc>(std::vector<Zam64f>(q.begin() + 2000, q.end()));
+    std::vector<Zam64fc> z(1000);
     ASSERT_EQ(zamsDiv_64fc(c.data(), d.data(), z.data(), 1000), zamStatusOk);
     for (int i = 0; i < 1000; ++i) {
         auto w = std::complex<long double>(d[i].re, d[i].im) / std::complex<long double>(c[i].re, c[i].im);
@@ -88,19 +88,14 @@ ZAMS_DIGEST(div_float) {
     auto a = zt::random_reals<Zam32f>(2000, 61);
     auto b = zt::random_reals<Zam32f>(2000, 62);
     std::vector<Zam32f> y(2000);
-    d.status(zamsDiv_32f(a.data(), b.data(), y.data(), 2000));
-    d.add(y);
-    d.status(zamsDivCRev_32f(a.data(), 7.0f, y.data(), 2000));
-    d.add(y);
-    d.status(zamsDiv_32fc(reinterpret_cast<Zam32fc*>(a.data()), reinterpret_cast<Zam32fc*>(b.data()),
-                          reinterpret_cast<Zam32fc*>(y.data()), 1000));
-    d.add(y);
+    auto* c = reinterpret_cast<Zam32fc*>(y.data());
+    mt::rec(d, zamsDiv_32f(a.data(), b.data(), y.data(), 2000), y);
+    mt::rec(d, zamsDivCRev_32f(a.data(), 7.0f, y.data(), 2000), y);
+    mt::rec(d, zamsDiv_32fc(reinterpret_cast<Zam32fc*>(a.data()), reinterpret_cast<Zam32fc*>(b.data()), c, 1000), y);
     std::vector<Zam64f> ad(a.begin(), a.end()), bd(b.begin(), b.end()), z(2000);
-    d.status(zamsDiv_64f(ad.data(), bd.data(), z.data(), 2000));
-    d.add(z);
-    d.status(zamsDiv_64fc(reinterpret_cast<Zam64fc*>(ad.data()), reinterpret_cast<Zam64fc*>(bd.data()),
-                          reinterpret_cast<Zam64fc*>(z.data()), 1000));
-    d.add(z);
+    auto* cd = reinterpret_cast<Zam64fc*>(z.data());
+    mt::rec(d, zamsDiv_64f(ad.data(), bd.data(), z.data(), 2000), z);
+    mt::rec(d, zamsDiv_64fc(reinterpret_cast<Zam64fc*>(ad.data()), reinterpret_cast<Zam64fc*>(bd.data()), cd, 1000), z);
 }
 
 }  // namespace
