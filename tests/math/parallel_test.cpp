@@ -13,14 +13,16 @@ namespace {
 
 using Slices = std::vector<std::pair<int, int>>;
 
-Slices slices_of(int len, zams::Team team, int warn_from = -1, int* result = nullptr) {
+// The slices a run gives (through run_threshold when a threshold is given).
+Slices slices_of(int len, zams::Team team, int warn_from = -1, int* result = nullptr, int threshold = 0) {
     Slices s;
     std::mutex m;
-    int r = zams::run_sliced(len, team, [&](int off, int cnt) {
+    auto kernel = [&](int off, int cnt) {
         std::lock_guard<std::mutex> lock(m);
         s.emplace_back(off, cnt);
         return warn_from >= 0 && off + cnt > warn_from && off <= warn_from;
-    });
+    };
+    int r = threshold ? zams::run_threshold(len, threshold, team, kernel) : zams::run_sliced(len, team, kernel);
     if (result) *result = r;
     std::sort(s.begin(), s.end());
     return s;
@@ -60,23 +62,12 @@ TEST(ParallelFrame, SlicesAndWarnings) {
     EXPECT_TRUE(all.size() < 3 || all.back() == (std::pair<int, int>{6, 4}));
 }
 
-TEST(ParallelFrame, BelowTheThresholdOneCall) {
+// Below the threshold one call on the whole vector, at it the split.
+TEST(ParallelFrame, Threshold) {
     mt::Threads t(2);
-    int calls = 0;
-    zams::run_threshold(4095, zams::threshold::Sqrt_32f, zams::Team::AtMostTwo, [&](int off, int cnt) {
-        ++calls;
-        EXPECT_EQ(off, 0);
-        EXPECT_EQ(cnt, 4095);
-        return false;
-    });
-    EXPECT_EQ(calls, 1);
-    std::mutex m;
-    zams::run_threshold(4096, zams::threshold::Sqrt_32f, zams::Team::AtMostTwo, [&](int, int) {
-        std::lock_guard<std::mutex> lock(m);
-        ++calls;
-        return false;
-    });
-    EXPECT_EQ(calls, 3);
+    const int thr = zams::threshold::Sqrt_32f;
+    EXPECT_EQ(slices_of(thr - 1, zams::Team::AtMostTwo, -1, nullptr, thr), (Slices{{0, thr - 1}}));
+    EXPECT_EQ(slices_of(thr, zams::Team::AtMostTwo, -1, nullptr, thr), (Slices{{0, thr / 2}, {thr / 2, thr - thr / 2}}));
 }
 
 // ------------------------------------------------------- parallel members
