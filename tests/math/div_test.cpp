@@ -76,8 +76,7 @@ TEST(Div, ChecksInOrder) {
     EXPECT_EQ(zamsDiv_Round_16s_Sfs(a, b, y, 0, 3, 0), zamStatusBadLength);
     EXPECT_EQ(zamsDiv_Round_16u_ISfs(nullptr, nullptr, 0, 7, 0), zamStatusNullPointer);
     EXPECT_EQ(zamsDiv_Round_8u_Sfs(nullptr, nullptr, nullptr, 1, -1, 0), zamStatusNullPointer);
-    EXPECT_EQ(y[0], 7);
-    EXPECT_EQ(y[1], 7);
+    EXPECT_EQ(mt::first(y, 2), (std::vector<Zam16s>{7, 7}));
     Zam16sc c[1] = {{1, 1}};
     EXPECT_EQ(zamsDiv_16sc_Sfs(c, c, c, -1, 0), zamStatusBadLength);
     Zam32s w[1] = {1};

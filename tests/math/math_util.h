@@ -111,6 +111,18 @@ template <class F> void steps_agree(zamStatus (*fn)(const F*, F*, int), const st
     }
 }
 
+// The first n values, complex ones as their parts, for one comparison:
+// EXPECT_EQ(mt::first(y, 2), (std::vector<Zam16s>{re0, im0, re1, im1})).
+template <class T> auto first(const T* p, size_t n) {
+    if constexpr (requires { p->re; }) {
+        std::vector<decltype(p->re)> v;
+        for (size_t i = 0; i < n; ++i) v.push_back(p[i].re), v.push_back(p[i].im);
+        return v;
+    } else {
+        return std::vector<T>(p, p + n);
+    }
+}
+
 // A status and an output into a digest.
 template <class T> void rec(zt::Digest& d, zamStatus s, const std::vector<T>& y) { d.status(s), d.add(y); }
 

@@ -14,16 +14,11 @@ TEST(Sqr, FloatAndComplex) {
     zt::sweep_unary<Zam64f, Zam64f>(zamsSqr_64f, [](Zam64f v) { return v * v; }, y);
     Zam32fc c[3] = {{3, 4}, {1e20f, 1e20f}, {-2, 0.5f}};
     ASSERT_EQ(zamsSqr_32fc_I(c, 3), zamStatusOk);
-    EXPECT_EQ(c[0].re, -7.0f);
-    EXPECT_EQ(c[0].im, 24.0f);
-    EXPECT_EQ(c[1].re, 0.0f);  // formed in double: no inf - inf
-    EXPECT_EQ(c[1].im, INFINITY);
-    EXPECT_EQ(c[2].re, 3.75f);
-    EXPECT_EQ(c[2].im, -2.0f);
+    // formed in double: no inf - inf
+    EXPECT_EQ(mt::first(c, 3), (std::vector<Zam32f>{-7.0f, 24.0f, 0.0f, INFINITY, 3.75f, -2.0f}));
     Zam64fc d[1] = {{-1, 2}}, e[1];
     ASSERT_EQ(zamsSqr_64fc(d, e, 1), zamStatusOk);
-    EXPECT_EQ(e[0].re, -3.0);
-    EXPECT_EQ(e[0].im, -4.0);
+    EXPECT_EQ(mt::first(e, 1), (std::vector<Zam64f>{-3.0, -4.0}));
     EXPECT_EQ(zamsSqr_64fc_I(nullptr, 1), zamStatusNullPointer);
     EXPECT_EQ(zamsSqr_32f(x.data(), x.data(), 0), zamStatusBadLength);
 }
@@ -46,20 +41,13 @@ TEST(Sqr, IntegerEverySourceEveryScale) {
     }
     Zam8u b[4] = {3, 5, 16, 255};  // 9 / 4 = 2.25, 25 / 4 = 6.25, 256 / 4 = 64, saturates
     ASSERT_EQ(zamsSqr_8u_ISfs(b, 4, 2), zamStatusOk);
-    EXPECT_EQ(b[0], 2);
-    EXPECT_EQ(b[1], 6);
-    EXPECT_EQ(b[2], 64);
-    EXPECT_EQ(b[3], 255);
+    EXPECT_EQ(mt::first(b, 4), (std::vector<Zam8u>{2, 6, 64, 255}));
     Zam16sc c[2] = {{3, 4}, {-32768, -32768}};  // (-7, 24); (0, 2^31) saturates
     ASSERT_EQ(zamsSqr_16sc_ISfs(c, 2, 1), zamStatusOk);
-    EXPECT_EQ(c[0].re, -4);  // -3.5 -> -4
-    EXPECT_EQ(c[0].im, 12);
-    EXPECT_EQ(c[1].re, 0);
-    EXPECT_EQ(c[1].im, 32767);
+    EXPECT_EQ(mt::first(c, 2), (std::vector<Zam16s>{-4, 12, 0, 32767}));  // -3.5 -> -4
     Zam16s t[2] = {3, 5};  // 9 / 2 = 4.5 -> 4, 25 / 2 = 12.5 -> 12
     ASSERT_EQ(zamsSqr_16s_ISfs(t, 2, 1), zamStatusOk);
-    EXPECT_EQ(t[0], 4);
-    EXPECT_EQ(t[1], 12);
+    EXPECT_EQ(mt::first(t, 2), (std::vector<Zam16s>{4, 12}));
 }
 
 ZAMS_DIGEST(sqr_cubrt) {
