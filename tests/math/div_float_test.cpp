@@ -33,43 +33,33 @@ TEST(DivFloat, ZeroDivisorsGiveIeeeResultsWithoutWarning) {
     EXPECT_EQ(zamsDivCRev_32f_I(1.0f, y, 0), zamStatusBadLength);
 }
 
-// Complex quotients: 32fc within an ulp of long double per part (it works
-// in double), 64fc within a few ulps of the magnitude, both at wide ranges.
-TEST(DivFloat, ComplexQuotients) {
-    auto p = zt::random_reals<Zam32f>(4000, 5, -1e3f, 1e3f);
-    for (int i = 0; i < 4000; i += 9) p[i] *= 1e-35f, p[i + 1] *= 1e30f;
-    auto a = mt::as_complex<Zam32fc>(std::vector<Zam32f>(p.begin(), p.begin() + 2000));
-    auto b = mt::as_complex<Zam32fc>(std::vector<Zam32f>(p.begin() + 2000, p.end()));
-    std::vector<Zam32fc> y(1000);
-    for (int off = 0; off < 3; ++off) {
-        ASSERT_EQ(zamsDiv_32fc(a.data() + off, b.data() + off, y.data() + off, 1000 - off), zamStatusOk);
+// Complex quotients against long double at wide ranges, at several start
+// offsets; `close(part, exact part, magnitude)` judges each part.
+template <class C, class P, class Close> void quotients(zamStatus (*fn)(const C*, const C*, C*, int), uint32_t seed, P tiny, P huge, int offsets, Close close) {
+    auto p = zt::random_reals<P>(4000, seed, -1e3, 1e3);
+    for (int i = 0; i < 4000; i += 9) p[i] *= tiny, p[i + 1] *= huge;
+    auto a = mt::as_complex<C>(p), b = std::vector<C>(a.begin() + 1000, a.end());
+    std::vector<C> y(1000);
+    for (int off = 0; off < offsets; ++off) {
+        ASSERT_EQ(fn(a.data() + off, b.data() + off, y.data() + off, 1000 - off), zamStatusOk);
         for (int i = off; i < 1000; ++i) {
             auto w = std::complex<long double>(b[i].re, b[i].im) / std::complex<long double>(a[i].re, a[i].im);
-            long double mag = std::abs(w);
-            // parts far below the magnitude carry cancellation: judge them against it
-            for (auto [g, v] : {std::pair{y[i].re, w.real()}, std::pair{y[i].im, w.imag()}}) {
-                if (std::fabs(v) > mag * 1e-3L) {
-                    EXPECT_LE(mt::ulp_diff(g, v), 1.0) << i;
-                } else {
-                    EXPECT_LE(std::fabs(g - v), mag * 1e-7L) << i;
-                }
-            }
+            EXPECT_TRUE(close(y[i].re, w.real(), std::abs(w)) && close(y[i].im, w.imag(), std::abs(w))) << i;
         }
     }
-    auto q = zt::random_reals<Zam64f>(4000, 6, -1e3, 1e3);
-    for (int i = 0; i < 4000; i += 9) q[i] *= 1e-300, q[i + 1] *= 1e300;
-    auto c = mt::as_complex<Zam64fc>(std::vector<Zam64f>(q.begin(), q.begin() + 2000));
-    auto d = mt::as_complex<Zam64fc>(std::vector<Zam64f>(q.begin() + 2000, q.end()));
-    std::vector<Zam64fc> z(1000);
-    ASSERT_EQ(zamsDiv_64fc(c.data(), d.data(), z.data(), 1000), zamStatusOk);
-    for (int i = 0; i < 1000; ++i) {
-        auto w = std::complex<long double>(d[i].re, d[i].im) / std::complex<long double>(c[i].re, c[i].im);
-        long double mag = std::abs(w);
-        // scaled division loses digits of a part that cancels, not of the
-        // quotient: judge each part in ulps of the magnitude
-        for (auto [g, v] : {std::pair{z[i].re, w.real()}, std::pair{z[i].im, w.imag()}})
-            EXPECT_LE(std::fabs(g - v), 4 * std::ldexp(mag, -52)) << i;
-    }
+}
+
+// 32fc works in double: within an ulp per part, but parts far below the
+// magnitude carry cancellation and are judged against it. 64fc scales: it
+// loses digits of a part that cancels, not of the quotient, so each part is
+// judged in ulps of the magnitude.
+TEST(DivFloat, ComplexQuotients) {
+    quotients<Zam32fc, Zam32f>(zamsDiv_32fc, 5, 1e-35f, 1e30f, 3, [](Zam32f g, long double v, long double mag) {
+        return std::fabs(v) > mag * 1e-3L ? mt::ulp_diff(g, v) <= 1.0 : std::fabs(g - v) <= mag * 1e-7L;
+    });
+    quotients<Zam64fc, Zam64f>(zamsDiv_64fc, 6, 1e-300, 1e300, 1, [](Zam64f g, long double v, long double mag) {
+        return std::fabs(g - v) <= 4 * std::ldexp(mag, -52);
+    });
     Zam32fc zero{0, 0}, one{1, -2}, r;
     ASSERT_EQ(zamsDiv_32fc(&zero, &one, &r, 1), zamStatusOk);
     EXPECT_EQ(r.re, INFINITY);
