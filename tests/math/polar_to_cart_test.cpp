@@ -125,21 +125,16 @@ TEST(PolarToCart, AgreesWithLongDouble) {
     auto xd = hard_phases(4000, 7);
     std::vector<Zam64f> one(xd.size(), 1.0), re(xd.size()), im(xd.size());
     ASSERT_EQ(zamsPolarToCart_64f(one.data(), xd.data(), re.data(), im.data(), int(xd.size())), zamStatusOk);
-    for (size_t i = 0; i < xd.size(); ++i) {
-        long double c = re[i], s = im[i];
-        ASSERT_NEAR(double(c * c + s * s), 1.0, 4e-16) << xd[i];
-    }
+    for (size_t i = 0; i < xd.size(); ++i) ASSERT_NEAR(double((long double)re[i] * re[i] + (long double)im[i] * im[i]), 1.0, 4e-16) << xd[i];
     // sin(-x) = -sin(x), cos(-x) = cos(x), and a half turn negates both
     std::vector<Zam64f> neg(xd.size()), re2(xd.size()), im2(xd.size());
     for (size_t i = 0; i < xd.size(); ++i) neg[i] = -xd[i];
     ASSERT_EQ(zamsPolarToCart_64f(one.data(), neg.data(), re2.data(), im2.data(), int(xd.size())), zamStatusOk);
-    for (size_t i = 0; i < xd.size(); ++i) {
-        ASSERT_EQ(re2[i], re[i]);
-        ASSERT_EQ(im2[i], -im[i]);
-    }
+    for (size_t i = 0; i < xd.size(); ++i) ASSERT_TRUE(re2[i] == re[i] && im2[i] == -im[i]) << xd[i];
 }
 
-TEST(PolarToCart, SpecialValues) {
+// Special values; bad arguments are rejected before anything is written.
+TEST(PolarToCart, SpecialValuesAndArguments) {
     const double inf = INFINITY, nan = NAN;
     Zam64f m[8] = {2, 2, 2, -3, 0, inf, 5, 1e-320};
     Zam64f p[8] = {inf, -inf, nan, 0, -1, 0, -0.0, 0.5};
@@ -154,6 +149,17 @@ TEST(PolarToCart, SpecialValues) {
     EXPECT_TRUE(std::isnan(re[0]) && std::isnan(im[0]) && std::isnan(re[1]) && std::isnan(im[1]));
     EXPECT_EQ(re[2], -4.0f);
     EXPECT_EQ(im[2], Zam32f(4 * std::sin((long double)3.14159265f)));
+    Zam64f v[2] = {1, 2}, w[2] = {7, 7};
+    Zam64fc c[1] = {{7, 7}};
+    EXPECT_EQ(zamsPolarToCart_64f(nullptr, v, w, w, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, nullptr, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_64fc(v, nullptr, c, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_32fc(nullptr, nullptr, nullptr, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, w, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsPolarToCart_64fc(v, v, c, -1), zamStatusBadLength);
+    Zam32f f[2] = {1, 1};
+    EXPECT_EQ(zamsPolarToCart_32f(f, f, f, f, -5), zamStatusBadLength);
+    EXPECT_TRUE(w[0] == 7.0 && c[0].re == 7.0 && f[0] == 1.0f);  // nothing written
 }
 
 // Four-lane steps, element steps and groups the vector step declines (a
@@ -207,21 +213,6 @@ TEST(PolarToCart, FormsAndStepsAgreeWithOneElementCalls) {
         zamsPolarToCart_64fc(&m[i], &x[i], &one, 1);
         ASSERT_TRUE(eq(a[i], b[i], one.re, one.im)) << i;
     }
-}
-
-// Bad arguments are rejected before anything is written.
-TEST(PolarToCart, Arguments) {
-    Zam64f v[2] = {1, 2}, w[2] = {7, 7};
-    Zam64fc c[1] = {{7, 7}};
-    EXPECT_EQ(zamsPolarToCart_64f(nullptr, v, w, w, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, nullptr, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_64fc(v, nullptr, c, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_32fc(nullptr, nullptr, nullptr, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, w, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsPolarToCart_64fc(v, v, c, -1), zamStatusBadLength);
-    Zam32f f[2] = {1, 1};
-    EXPECT_EQ(zamsPolarToCart_32f(f, f, f, f, -5), zamStatusBadLength);
-    EXPECT_TRUE(w[0] == 7.0 && c[0].re == 7.0 && f[0] == 1.0f);  // nothing written
 }
 
 ZAMS_DIGEST(polar_to_cart_common) {
