@@ -82,8 +82,7 @@ TEST(Elementary, SpecialValues) {
         EXPECT_TRUE(mt::same(yf, Zam32f(c.want))) << c.x;
     }
     Zam32f f[3] = {1e-45f, 88.8f, -104.0f};
-    ASSERT_EQ(zamsLn_32f_I(f, 1), zamStatusOk);
-    EXPECT_EQ(f[0], -103.27893f);
+    EXPECT_EQ(mt::ok(zamsLn_32f_I(f, 1), f[0]), -103.27893f);
     ASSERT_EQ(zamsExp_32f_I(f + 1, 2), zamStatusOk);
     EXPECT_EQ(mt::first(f + 1, 2), (std::vector<Zam32f>{INFINITY, 0.0f}));
     EXPECT_EQ(zamsArctan_64f_I(nullptr, 1), zamStatusNullPointer);

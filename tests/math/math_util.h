@@ -111,6 +111,12 @@ template <class F> void steps_agree(zamStatus (*fn)(const F*, F*, int), const st
     }
 }
 
+// The result a call wrote, after checking that it succeeded.
+template <class T> const T& ok(zamStatus s, const T& out) {
+    EXPECT_EQ(s, zamStatusOk);
+    return out;
+}
+
 // The first n values, complex ones as their parts, for one comparison:
 // EXPECT_EQ(mt::first(y, 2), (std::vector<Zam16s>{re0, im0, re1, im1})).
 template <class T> auto first(const T* p, size_t n) {
