@@ -147,24 +147,24 @@ template <class T> std::vector<T> with_zeros(std::vector<T> v) {
 
 // One function of the form fn(src1, src2, dst, len, mode, sf) against the
 // model over random pairs (zero divisors and small ones among them).
-template <class T, class Fn> void check_round(Fn fn, Range r, int sf_lo, int sf_hi, uint32_t seed, bool round) {
+template <class T, class Fn> void check_round(Fn fn, Range r, int sf_lo, int sf_hi, uint32_t seed, bool round, const char* what) {
     auto div = with_zeros(zt::random_ints<T>(500, seed)), num = zt::random_ints<T>(500, seed + 1);
     // small divisors make ties and near-ties common
     for (int i = 0; i < 500; i += 3) div[i] = T(div[i] % 9);
     for (int mode = round ? 0 : 1; mode <= (round ? 2 : 1); ++mode)
         for (int sf = sf_lo; sf <= sf_hi; ++sf)
             check_pools<T, T>([=](const T* d, const T* n, T* y, int len) { return fn(d, n, y, len, mode, sf); },
-                              [=](T n, T d) { return ref_div<T>(n, d, sf, r, mode); }, div, num, "div");
+                              [=](T n, T d) { return ref_div<T>(n, d, sf, r, mode); }, div, num, what);
 }
 
 // Div_16s (nearest) and Div_Round (every mode): each type's range of scale
 // factors differs.
 TEST(DivRound, EveryModeEveryScale) {
     check_round<Zam16s>([](auto d, auto n, auto y, int len, int, int sf) { return zamsDiv_16s_Sfs(d, n, y, len, sf); },
-                        {-30, 15}, -33, 18, 3, false);
-    check_round<Zam8u>(zamsDiv_Round_8u_Sfs, {-15, 8}, -34, 19, 5, true);
-    check_round<Zam16s>(zamsDiv_Round_16s_Sfs, {-30, 16}, -34, 19, 7, true);
-    check_round<Zam16u>(zamsDiv_Round_16u_Sfs, {-31, 16}, -34, 19, 9, true);
+                        {-30, 15}, -33, 18, 3, false, "div_16s");
+    check_round<Zam8u>(zamsDiv_Round_8u_Sfs, {-15, 8}, -34, 19, 5, true, "round_8u");
+    check_round<Zam16s>(zamsDiv_Round_16s_Sfs, {-30, 16}, -34, 19, 7, true, "round_16s");
+    check_round<Zam16u>(zamsDiv_Round_16u_Sfs, {-31, 16}, -34, 19, 9, true, "round_16u");
     // In place divides pSrcDst by pSrc.
     auto d16 = with_zeros(zt::random_ints<Zam16s>(500, 7)), n16 = zt::random_ints<Zam16s>(500, 8), io = n16;
     zamsDiv_Round_16s_ISfs(d16.data(), io.data(), 500, 2, -3);
