@@ -144,24 +144,17 @@ TEST(Phase, SpecialValuesAndCartToPolar) {
     std::vector<Zam64f> pd(p.begin(), p.end());
     auto* c = reinterpret_cast<const Zam32fc*>(p.data());
     auto* cd = reinterpret_cast<const Zam64fc*>(pd.data());
-    auto agree = [](auto polar, auto mag, auto phase, auto out) {
-        auto m = out, ph = out, m2 = out, ph2 = out;
-        ASSERT_EQ(polar(m.data(), ph.data()), zamStatusOk);
-        ASSERT_EQ(mag(m2.data()), zamStatusOk);
-        ASSERT_EQ(phase(ph2.data()), zamStatusOk);
-        EXPECT_EQ(m, m2);
-        EXPECT_EQ(ph, ph2);
+    auto agree = [](auto out, auto polar, auto mag, auto phase, auto... src) {
+        std::vector<decltype(out)> m(300), ph(300), m2(300), ph2(300);
+        ASSERT_EQ(polar(src..., m.data(), ph.data(), 300), zamStatusOk);
+        ASSERT_EQ(mag(src..., m2.data(), 300), zamStatusOk);
+        ASSERT_EQ(phase(src..., ph2.data(), 300), zamStatusOk);
+        EXPECT_TRUE(m == m2 && ph == ph2);
     };
-    const std::vector<Zam32f> of(300);
-    const std::vector<Zam64f> od(300);
-    agree([&](auto m, auto ph) { return zamsCartToPolar_32fc(c, m, ph, 300); }, [&](auto m) { return zamsMagnitude_32fc(c, m, 300); },
-          [&](auto ph) { return zamsPhase_32fc(c, ph, 300); }, of);
-    agree([&](auto m, auto ph) { return zamsCartToPolar_32f(&p[0], &p[300], m, ph, 300); },
-          [&](auto m) { return zamsMagnitude_32f(&p[0], &p[300], m, 300); }, [&](auto ph) { return zamsPhase_32f(&p[0], &p[300], ph, 300); }, of);
-    agree([&](auto m, auto ph) { return zamsCartToPolar_64fc(cd, m, ph, 300); }, [&](auto m) { return zamsMagnitude_64fc(cd, m, 300); },
-          [&](auto ph) { return zamsPhase_64fc(cd, ph, 300); }, od);
-    agree([&](auto m, auto ph) { return zamsCartToPolar_64f(&pd[0], &pd[300], m, ph, 300); },
-          [&](auto m) { return zamsMagnitude_64f(&pd[0], &pd[300], m, 300); }, [&](auto ph) { return zamsPhase_64f(&pd[0], &pd[300], ph, 300); }, od);
+    agree(Zam32f{}, zamsCartToPolar_32fc, zamsMagnitude_32fc, zamsPhase_32fc, c);
+    agree(Zam32f{}, zamsCartToPolar_32f, zamsMagnitude_32f, zamsPhase_32f, &p[0], &p[300]);
+    agree(Zam64f{}, zamsCartToPolar_64fc, zamsMagnitude_64fc, zamsPhase_64fc, cd);
+    agree(Zam64f{}, zamsCartToPolar_64f, zamsMagnitude_64f, zamsPhase_64f, &pd[0], &pd[300]);
     std::vector<Zam32f> m(300);
     std::vector<Zam64f> md(300);
     EXPECT_EQ(zamsCartToPolar_32fc(c, m.data(), nullptr, 300), zamStatusNullPointer);
