@@ -1,4 +1,5 @@
-// Cube root of double-precision vectors.
+// Cube root of single- and double-precision vectors.
+#include <bit>
 #include <cmath>
 #include <random>
 
@@ -26,54 +27,61 @@ std::vector<Zam64f> samples(size_t n, uint32_t seed) {
     return v;
 }
 
-double ulps(Zam64f x, Zam64f got) {
+template <class F> double ulps(F x, F got) {
 #ifdef ZAMS_TEST_MPFR
-    return mpfr_ulps(mpfr_cbrt, x, got);
-#else
-    return mt::ulp_diff(got, std::cbrt((long double)x));  // x87 long double: 11 bits to spare
+    if constexpr (sizeof(F) == 8) return mpfr_ulps(mpfr_cbrt, x, got);
 #endif
+    return mt::ulp_diff(got, std::cbrt((long double)x));  // x87 long double: 11 bits to spare for doubles
 }
 
-TEST(Cubrt64, WithinOneUlp) {
-    auto x = samples(sizeof(void*) == 8 ? 40000 : 8000, 1);
-    std::vector<Zam64f> y(x.size());
-    ASSERT_EQ(zamsCubrt_64f(x.data(), y.data(), int(x.size())), zamStatusOk);
-    double worst = 0;
-    size_t at = 0;
-    for (size_t i = 0; i < x.size(); ++i) {
-        double u = ulps(x[i], y[i]);
-        if (u > worst) worst = u, at = i;
+// Within an ulp of the exact root over x; exact cubes have exact roots;
+// special values; the in-place form at several alignments; vector groups,
+// element steps and groups holding a zero, subnormal, infinity or NaN agree
+// with the one-element call.
+template <class F> void cube_roots(zamStatus (*fn)(const F*, F*, int), zamStatus (*fn_i)(F*, int), const std::vector<F>& x) {
+    using L = std::numeric_limits<F>;
+    std::vector<F> y(x.size());
+    ASSERT_EQ(fn(x.data(), y.data(), int(x.size())), zamStatusOk);
+    auto [w, at] = mt::worst(x.size(), [&](size_t i) { return ulps(x[i], y[i]); });
+    EXPECT_LE(w, 1.0) << x[at];
+    EXPECT_GT(w, 0.4);  // rounding alone reaches this: the measurement saw something
+    const int e = L::digits / 3, top = sizeof(F) == 8 ? 1000 : 255;
+    for (int k = -top; k <= top; ++k) {
+        F c = std::ldexp(F(k * k * k), -3 * e), r;
+        ASSERT_EQ(fn(&c, &r, 1), zamStatusOk);
+        ASSERT_EQ(r, std::ldexp(F(k), -e)) << k;
     }
-    EXPECT_LE(worst, 1.0) << x[at];
-    EXPECT_GT(worst, 0.4);  // rounding alone reaches this: the measurement saw something
-    for (int k = -1000; k <= 1000; ++k) {  // exact cubes have exact roots
-        Zam64f c = double(k) * k * k * 0x1p-300, r;
-        ASSERT_EQ(zamsCubrt_64f(&c, &r, 1), zamStatusOk);
-        ASSERT_EQ(r, double(k) * 0x1p-100) << k;
-    }
-}
 
-TEST(Cubrt64, SpecialValuesInPlaceAndArguments) {
-    Zam64f s[7] = {0.0, -0.0, INFINITY, -INFINITY, -27.0, 5e-324, NAN};
-    ASSERT_EQ(zamsCubrt_64f_I(s, 7), zamStatusOk);
-    EXPECT_EQ(zt::bits(s[0]), zt::bits(0.0));
-    EXPECT_EQ(zt::bits(s[1]), zt::bits(-0.0));
-    EXPECT_EQ(s[2], INFINITY);
-    EXPECT_EQ(s[3], -INFINITY);
-    EXPECT_EQ(s[4], -3.0);
-    EXPECT_LE(ulps(5e-324, s[5]), 1.0);
-    EXPECT_TRUE(std::isnan(s[6]));
-
-    auto x = samples(200, 2);
-    std::vector<Zam64f> ref(x.size());
-    ASSERT_EQ(zamsCubrt_64f(x.data(), ref.data(), int(x.size())), zamStatusOk);
+    F s[7] = {0, -F(0), L::infinity(), -L::infinity(), -27, L::denorm_min(), L::quiet_NaN()};
+    const F want[7] = {0, -F(0), L::infinity(), -L::infinity(), -3, 0, L::quiet_NaN()};
+    ASSERT_EQ(fn_i(s, 7), zamStatusOk);
+    for (int i = 0; i < 7; ++i) EXPECT_TRUE(i == 5 || mt::same(s[i], want[i])) << i;
+    EXPECT_LE(ulps(L::denorm_min(), s[5]), 1.0);
     for (size_t off : {0, 1, 3, 8}) {
-        zt::Guarded<Zam64f> y(x.size(), off);
-        y.copy_from(x.data());
-        ASSERT_EQ(zamsCubrt_64f_I(y.data(), int(x.size())), zamStatusOk);
-        for (size_t i = 0; i < x.size(); ++i) ASSERT_EQ(zt::bits(y[i]), zt::bits(ref[i]));
-        ASSERT_TRUE(y.guards_intact());
+        zt::Guarded<F> io(200, off);
+        io.copy_from(x.data());
+        ASSERT_EQ(fn_i(io.data(), 200), zamStatusOk);
+        for (size_t i = 0; i < 200; ++i) ASSERT_EQ(zt::bits(io[i]), zt::bits(y[i]));
+        ASSERT_TRUE(io.guards_intact());
     }
+
+    std::vector<F> v;
+    for (F r : mt::random_bits<F>(1000, 4))
+        if (std::isnormal(r) && v.size() < 500) v.push_back(r);
+    const F odd[] = {0, -F(0), L::denorm_min(), -L::min() / 4, L::infinity(), -L::infinity(), L::quiet_NaN(), L::min(), -L::max()};
+    for (size_t i = 3; i < v.size(); i += 31) v[i] = odd[(i / 31) % 9];
+    mt::steps_agree<F>(fn, v, 5, "cubrt");
+}
+
+TEST(Cubrt, BothPrecisions) {
+    cube_roots<Zam64f>(zamsCubrt_64f, zamsCubrt_64f_I, samples(sizeof(void*) == 8 ? 40000 : 8000, 1));
+    // single precision: random bit patterns and a dense walk of three binades (one period of the reduction)
+    auto x = mt::random_bits<Zam32f>(20000, 3);
+    for (uint32_t b = 0x3f800000u; b < 0x41000000u; b += sizeof(void*) == 8 ? 13 : 997) x.push_back(std::bit_cast<Zam32f>(b));
+    cube_roots<Zam32f>(zamsCubrt_32f, zamsCubrt_32f_I, x);
+}
+
+TEST(Cubrt, Arguments) {
     Zam64f v[1] = {8.0};
     EXPECT_EQ(zamsCubrt_64f(nullptr, v, 1), zamStatusNullPointer);
     EXPECT_EQ(zamsCubrt_64f(v, nullptr, 1), zamStatusNullPointer);
@@ -83,35 +91,10 @@ TEST(Cubrt64, SpecialValuesInPlaceAndArguments) {
     EXPECT_EQ(v[0], 8.0);
 }
 
-// Four-lane groups of normal numbers, element steps and groups holding a
-// zero, subnormal, infinity or NaN agree with the one-element call.
-TEST(Cubrt64, VectorAndElementStepsAgree) {
-    std::mt19937_64 g(4);
-    std::vector<Zam64f> x;
-    while (x.size() < 500) {
-        uint64_t b = g();
-        double v;
-        std::memcpy(&v, &b, 8);
-        if (std::isnormal(v)) x.push_back(v);
-    }
-    const double odd[] = {0.0, -0.0, 5e-324, -1e-310, INFINITY, -INFINITY, NAN, 0x1p-1022, -0x1.fffffffffffffp1023};
-    for (size_t i = 3; i < x.size(); i += 31) x[i] = odd[(i / 31) % 9];
-    for (int off = 0; off < 5; ++off) {
-        std::vector<Zam64f> y(x.size());
-        ASSERT_EQ(zamsCubrt_64f(x.data() + off, y.data() + off, int(x.size()) - off), zamStatusOk);
-        for (size_t i = size_t(off); i < x.size(); ++i) {
-            Zam64f one;
-            zamsCubrt_64f(&x[i], &one, 1);
-            ASSERT_EQ(zt::bits(y[i]), zt::bits(one)) << x[i] << " at " << i;
-        }
-    }
-}
-
 ZAMS_DIGEST(cubrt64) {
     auto x = samples(3000, 3);
     std::vector<Zam64f> y(x.size());
-    d.status(zamsCubrt_64f(x.data(), y.data(), int(x.size())));
-    d.add(y);
+    mt::rec(d, zamsCubrt_64f(x.data(), y.data(), int(x.size())), y);
     d.status(zamsCubrt_64f_I(x.data(), 0));
 }
 

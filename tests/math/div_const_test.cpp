@@ -29,10 +29,7 @@ TEST(DivC, ZeroConstantIsAnErrorAfterPointersAndLength) {
     Zam64s w[1] = {9};
     EXPECT_EQ(zamsDivC_64s_ISfs(0, w, 1, 0), zamStatusDivideByZero);
     EXPECT_EQ(zamsDivC_64s_ISfs(3, w, 0, 0), zamStatusBadLength);
-    EXPECT_EQ(y[0], 7);
-    EXPECT_EQ(b[0], 1);
-    EXPECT_EQ(c[0].re, 1);
-    EXPECT_EQ(w[0], 9);
+    EXPECT_TRUE(y[0] == 7 && b[0] == 1 && c[0].re == 1 && w[0] == 9);  // nothing written
 }
 
 TEST(DivC, EveryConstantClassEveryScale) {
@@ -79,26 +76,14 @@ TEST(DivC, Signed64WholeRange) {
         for (int sf : {-63, -40, -5, -1, 0, 1, 2, 30, 62, 63, 64, 70}) {
             std::vector<Zam64s> io = x;
             ASSERT_EQ(zamsDivC_64s_ISfs(val, io.data(), 400, sf), zamStatusOk);
-#ifdef __SIZEOF_INT128__
-            for (int i = 0; i < 400; ++i) {
-                // |x| 2^63 fits in 128 bits; above 63 every quotient is below one half
-                Zam64s want;
-                if (sf > 63) {
-                    want = 0;
-                } else {
-                    want = ref_quot<Zam64s>(x[i], val, sf, INT32_MIN);
-                }
-                ASSERT_EQ(io[i], want) << x[i] << " / " << val << " sf " << sf;
-            }
-#endif
+            // |x| 2^63 fits in 128 bits; above 63 every quotient is below one half
+            for (int i = 0; i < 400 && sizeof(Wide) > 8; ++i)
+                ASSERT_EQ(io[i], sf > 63 ? 0 : ref_quot<Zam64s>(x[i], val, sf, INT32_MIN)) << x[i] << " / " << val << " sf " << sf;
         }
     }
-    Zam64s t[] = {5, -5, 6, INT64_MIN};
-    ASSERT_EQ(zamsDivC_64s_ISfs(2, t, 4, 0), zamStatusOk);
-    EXPECT_EQ(t[0], 2);  // 2.5 -> 2
-    EXPECT_EQ(t[1], -2);
-    EXPECT_EQ(t[2], 3);
-    EXPECT_EQ(t[3], INT64_MIN / 2);
+    std::vector<Zam64s> t = {5, -5, 6, INT64_MIN};  // 2.5 -> 2
+    ASSERT_EQ(zamsDivC_64s_ISfs(2, t.data(), 4, 0), zamStatusOk);
+    EXPECT_EQ(t, (std::vector<Zam64s>{2, -2, 3, INT64_MIN / 2}));
 }
 
 TEST(DivCRev16u, QuotientsZerosAndZeroConstant) {
@@ -121,11 +106,9 @@ TEST(DivCRev16u, QuotientsZerosAndZeroConstant) {
     Zam16u nz[3] = {1, 2, 3};
     EXPECT_EQ(zamsDivCRev_16u_I(0, nz, 3), zamStatusOk);
     EXPECT_EQ(nz[1], 0);
-    Zam16u q[3] = {2, 4, 6};
-    EXPECT_EQ(zamsDivCRev_16u_I(5, q, 3), zamStatusOk);
-    EXPECT_EQ(q[0], 2);  // 2.5 -> 2
-    EXPECT_EQ(q[1], 1);
-    EXPECT_EQ(q[2], 1);
+    std::vector<Zam16u> q = {2, 4, 6};  // 2.5 -> 2
+    EXPECT_EQ(zamsDivCRev_16u_I(5, q.data(), 3), zamStatusOk);
+    EXPECT_EQ(q, (std::vector<Zam16u>{2, 1, 1}));
 }
 
 ZAMS_DIGEST(div_const) {
@@ -135,18 +118,13 @@ ZAMS_DIGEST(div_const) {
     std::vector<Zam8u> b(1000);
     std::vector<Zam16u> u(1000);
     for (int sf : {-40, -5, 0, 3, 20}) {
-        d.status(zamsDivC_16s_Sfs(x.data(), -77, y.data(), 1000, sf));
-        d.add(y);
-        d.status(zamsDivC_8u_Sfs(reinterpret_cast<Zam8u*>(x.data()), 13, b.data(), 1000, sf));
-        d.add(b);
-        d.status(zamsDivC_16sc_Sfs(reinterpret_cast<Zam16sc*>(x.data()), {-9, 4}, reinterpret_cast<Zam16sc*>(y.data()), 500, sf));
-        d.add(y);
+        mt::rec(d, zamsDivC_16s_Sfs(x.data(), -77, y.data(), 1000, sf), y);
+        mt::rec(d, zamsDivC_8u_Sfs(reinterpret_cast<Zam8u*>(x.data()), 13, b.data(), 1000, sf), b);
+        mt::rec(d, zamsDivC_16sc_Sfs(reinterpret_cast<Zam16sc*>(x.data()), {-9, 4}, reinterpret_cast<Zam16sc*>(y.data()), 500, sf), y);
         std::vector<Zam64s> io = w;
-        d.status(zamsDivC_64s_ISfs(-12345, io.data(), 500, sf));
-        d.add(io);
+        mt::rec(d, zamsDivC_64s_ISfs(-12345, io.data(), 500, sf), io);
     }
-    d.status(zamsDivCRev_16u(reinterpret_cast<Zam16u*>(x.data()), 999, u.data(), 1000));
-    d.add(u);
+    mt::rec(d, zamsDivCRev_16u(reinterpret_cast<Zam16u*>(x.data()), 999, u.data(), 1000), u);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // Floating division: Div on 32f, 64f, 32fc, 64fc and DivCRev_32f.
+#include <array>
 #include <complex>
 
 #include "digest.h"
@@ -25,82 +26,58 @@ TEST(DivFloat, IeeeQuotientsAtEveryLengthAndAlignment) {
 TEST(DivFloat, ZeroDivisorsGiveIeeeResultsWithoutWarning) {
     Zam32f d[] = {0.0f, -0.0f, 0.0f, 2.0f}, n[] = {1.0f, 1.0f, 0.0f, 1.0f}, y[4];
     ASSERT_EQ(zamsDiv_32f(d, n, y, 4), zamStatusOk);
-    EXPECT_EQ(y[0], INFINITY);
-    EXPECT_EQ(y[1], -INFINITY);
-    EXPECT_TRUE(std::isnan(y[2]));
-    EXPECT_EQ(y[3], 0.5f);
-    ASSERT_EQ(zamsDiv_32f_I(d, n, 4), zamStatusOk);  // n divided by d in place
-    EXPECT_EQ(n[3], 0.5f);
+    for (int i = 0; i < 4; ++i) EXPECT_TRUE(mt::same(y[i], std::array{INFINITY, -INFINITY, NAN, 0.5f}[i])) << i;
+    EXPECT_EQ(mt::ok(zamsDiv_32f_I(d, n, 4), n[3]), 0.5f);  // n divided by d in place
     EXPECT_EQ(zamsDiv_64f_I(nullptr, nullptr, 0), zamStatusNullPointer);
     EXPECT_EQ(zamsDivCRev_32f_I(1.0f, y, 0), zamStatusBadLength);
 }
 
-// Complex quotients: 32fc within an ulp of long double per part (it works
-// in double), 64fc within a few ulps of the magnitude, both at wide ranges.
-TEST(DivFloat, ComplexQuotients) {
-    auto p = zt::random_reals<Zam32f>(4000, 5, -1e3f, 1e3f);
-    for (int i = 0; i < 4000; i += 9) p[i] *= 1e-35f, p[i + 1] *= 1e30f;
-    std::vector<Zam32fc> a(1000), b(1000), y(1000);
-    std::memcpy(a.data(), p.data(), 8000);
-    std::memcpy(b.data(), p.data() + 2000, 8000);
-    for (int off = 0; off < 3; ++off) {
-        ASSERT_EQ(zamsDiv_32fc(a.data() + off, b.data() + off, y.data() + off, 1000 - off), zamStatusOk);
+// Complex quotients against long double at wide ranges, at several start
+// offsets; `close(part, exact part, magnitude)` judges each part.
+template <class C, class P, class Close> void quotients(zamStatus (*fn)(const C*, const C*, C*, int), uint32_t seed, P tiny, P huge, int offsets, Close close) {
+    auto p = zt::random_reals<P>(4000, seed, -1e3, 1e3);
+    for (int i = 0; i < 4000; i += 9) p[i] *= tiny, p[i + 1] *= huge;
+    auto a = mt::as_complex<C>(p), b = std::vector<C>(a.begin() + 1000, a.end());
+    std::vector<C> y(1000);
+    for (int off = 0; off < offsets; ++off) {
+        ASSERT_EQ(fn(a.data() + off, b.data() + off, y.data() + off, 1000 - off), zamStatusOk);
         for (int i = off; i < 1000; ++i) {
             auto w = std::complex<long double>(b[i].re, b[i].im) / std::complex<long double>(a[i].re, a[i].im);
-            long double mag = std::abs(w);
-            // parts far below the magnitude carry cancellation: judge them against it
-            for (auto [g, v] : {std::pair{y[i].re, w.real()}, std::pair{y[i].im, w.imag()}}) {
-                if (std::fabs(v) > mag * 1e-3L) {
-                    EXPECT_LE(mt::ulp_diff(g, v), 1.0) << i;
-                } else {
-                    EXPECT_LE(std::fabs(g - v), mag * 1e-7L) << i;
-                }
-            }
+            EXPECT_TRUE(close(y[i].re, w.real(), std::abs(w)) && close(y[i].im, w.imag(), std::abs(w))) << i;
         }
     }
-    auto q = zt::random_reals<Zam64f>(4000, 6, -1e3, 1e3);
-    for (int i = 0; i < 4000; i += 9) q[i] *= 1e-300, q[i + 1] *= 1e300;
-    std::vector<Zam64fc> c(1000), d(1000), z(1000);
-    std::memcpy(c.data(), q.data(), 16000);
-    std::memcpy(d.data(), q.data() + 2000, 16000);
-    ASSERT_EQ(zamsDiv_64fc(c.data(), d.data(), z.data(), 1000), zamStatusOk);
-    for (int i = 0; i < 1000; ++i) {
-        auto w = std::complex<long double>(d[i].re, d[i].im) / std::complex<long double>(c[i].re, c[i].im);
-        long double mag = std::abs(w);
-        // scaled division loses digits of a part that cancels, not of the
-        // quotient: judge each part in ulps of the magnitude
-        for (auto [g, v] : {std::pair{z[i].re, w.real()}, std::pair{z[i].im, w.imag()}})
-            EXPECT_LE(std::fabs(g - v), 4 * std::ldexp(mag, -52)) << i;
-    }
+}
+
+// 32fc works in double: within an ulp per part, but parts far below the
+// magnitude carry cancellation and are judged against it. 64fc scales: it
+// loses digits of a part that cancels, not of the quotient, so each part is
+// judged in ulps of the magnitude.
+TEST(DivFloat, ComplexQuotients) {
+    quotients<Zam32fc, Zam32f>(zamsDiv_32fc, 5, 1e-35f, 1e30f, 3, [](Zam32f g, long double v, long double mag) {
+        return std::fabs(v) > mag * 1e-3L ? mt::ulp_diff(g, v) <= 1.0 : std::fabs(g - v) <= mag * 1e-7L;
+    });
+    quotients<Zam64fc, Zam64f>(zamsDiv_64fc, 6, 1e-300, 1e300, 1, [](Zam64f g, long double v, long double mag) {
+        return std::fabs(g - v) <= 4 * std::ldexp(mag, -52);
+    });
     Zam32fc zero{0, 0}, one{1, -2}, r;
-    ASSERT_EQ(zamsDiv_32fc(&zero, &one, &r, 1), zamStatusOk);
-    EXPECT_EQ(r.re, INFINITY);
-    EXPECT_EQ(r.im, -INFINITY);
+    EXPECT_EQ(mt::first(&mt::ok(zamsDiv_32fc(&zero, &one, &r, 1), r), 1), (std::vector<Zam32f>{INFINITY, -INFINITY}));
     Zam64fc zd{0, 0}, od{-3, 0}, rd;
-    ASSERT_EQ(zamsDiv_64fc(&zd, &od, &rd, 1), zamStatusOk);
-    EXPECT_EQ(rd.re, -INFINITY);
-    ASSERT_EQ(zamsDiv_64fc_I(&od, &od, 1), zamStatusOk);
-    EXPECT_EQ(od.re, 1.0);
-    EXPECT_EQ(od.im, 0.0);
+    EXPECT_EQ(mt::ok(zamsDiv_64fc(&zd, &od, &rd, 1), rd).re, -INFINITY);
+    EXPECT_EQ(mt::first(&mt::ok(zamsDiv_64fc_I(&od, &od, 1), od), 1), (std::vector<Zam64f>{1.0, 0.0}));
 }
 
 ZAMS_DIGEST(div_float) {
     auto a = zt::random_reals<Zam32f>(2000, 61);
     auto b = zt::random_reals<Zam32f>(2000, 62);
     std::vector<Zam32f> y(2000);
-    d.status(zamsDiv_32f(a.data(), b.data(), y.data(), 2000));
-    d.add(y);
-    d.status(zamsDivCRev_32f(a.data(), 7.0f, y.data(), 2000));
-    d.add(y);
-    d.status(zamsDiv_32fc(reinterpret_cast<Zam32fc*>(a.data()), reinterpret_cast<Zam32fc*>(b.data()),
-                          reinterpret_cast<Zam32fc*>(y.data()), 1000));
-    d.add(y);
+    auto* c = reinterpret_cast<Zam32fc*>(y.data());
+    mt::rec(d, zamsDiv_32f(a.data(), b.data(), y.data(), 2000), y);
+    mt::rec(d, zamsDivCRev_32f(a.data(), 7.0f, y.data(), 2000), y);
+    mt::rec(d, zamsDiv_32fc(reinterpret_cast<Zam32fc*>(a.data()), reinterpret_cast<Zam32fc*>(b.data()), c, 1000), y);
     std::vector<Zam64f> ad(a.begin(), a.end()), bd(b.begin(), b.end()), z(2000);
-    d.status(zamsDiv_64f(ad.data(), bd.data(), z.data(), 2000));
-    d.add(z);
-    d.status(zamsDiv_64fc(reinterpret_cast<Zam64fc*>(ad.data()), reinterpret_cast<Zam64fc*>(bd.data()),
-                          reinterpret_cast<Zam64fc*>(z.data()), 1000));
-    d.add(z);
+    auto* cd = reinterpret_cast<Zam64fc*>(z.data());
+    mt::rec(d, zamsDiv_64f(ad.data(), bd.data(), z.data(), 2000), z);
+    mt::rec(d, zamsDiv_64fc(reinterpret_cast<Zam64fc*>(ad.data()), reinterpret_cast<Zam64fc*>(bd.data()), cd, 1000), z);
 }
 
 }  // namespace

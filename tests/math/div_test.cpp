@@ -76,8 +76,7 @@ TEST(Div, ChecksInOrder) {
     EXPECT_EQ(zamsDiv_Round_16s_Sfs(a, b, y, 0, 3, 0), zamStatusBadLength);
     EXPECT_EQ(zamsDiv_Round_16u_ISfs(nullptr, nullptr, 0, 7, 0), zamStatusNullPointer);
     EXPECT_EQ(zamsDiv_Round_8u_Sfs(nullptr, nullptr, nullptr, 1, -1, 0), zamStatusNullPointer);
-    EXPECT_EQ(y[0], 7);
-    EXPECT_EQ(y[1], 7);
+    EXPECT_EQ(mt::first(y, 2), (std::vector<Zam16s>{7, 7}));
     Zam16sc c[1] = {{1, 1}};
     EXPECT_EQ(zamsDiv_16sc_Sfs(c, c, c, -1, 0), zamStatusBadLength);
     Zam32s w[1] = {1};
@@ -146,40 +145,28 @@ template <class T> std::vector<T> with_zeros(std::vector<T> v) {
     return v;
 }
 
-TEST(Div16s, RandomPairsEveryScale) {
-    auto div = with_zeros(zt::random_ints<Zam16s>(700, 3));
-    auto num = zt::random_ints<Zam16s>(700, 4);
-    for (int sf = -33; sf <= 18; ++sf) {
-        check_pools<Zam16s, Zam16s>([sf](const Zam16s* d, const Zam16s* n, Zam16s* y, int len) {
-            return zamsDiv_16s_Sfs(d, n, y, len, sf);
-        }, [sf](Zam16s n, Zam16s d) { return ref_div<Zam16s>(n, d, sf, {-30, 15}); }, div, num, "div_16s");
-    }
+// One function of the form fn(src1, src2, dst, len, mode, sf) against the
+// model over random pairs (zero divisors and small ones among them).
+template <class T, class Fn> void check_round(Fn fn, Range r, int sf_lo, int sf_hi, uint32_t seed, bool round, const char* what) {
+    auto div = with_zeros(zt::random_ints<T>(500, seed)), num = zt::random_ints<T>(500, seed + 1);
+    // small divisors make ties and near-ties common
+    for (int i = 0; i < 500; i += 3) div[i] = T(div[i] % 9);
+    for (int mode = round ? 0 : 1; mode <= (round ? 2 : 1); ++mode)
+        for (int sf = sf_lo; sf <= sf_hi; ++sf)
+            check_pools<T, T>([=](const T* d, const T* n, T* y, int len) { return fn(d, n, y, len, mode, sf); },
+                              [=](T n, T d) { return ref_div<T>(n, d, sf, r, mode); }, div, num, what);
 }
 
+// Div_16s (nearest) and Div_Round (every mode): each type's range of scale
+// factors differs.
 TEST(DivRound, EveryModeEveryScale) {
-    auto d8 = with_zeros(zt::random_ints<Zam8u>(500, 5));
-    auto n8 = zt::random_ints<Zam8u>(500, 6);
-    auto d16 = with_zeros(zt::random_ints<Zam16s>(500, 7));
-    auto n16 = zt::random_ints<Zam16s>(500, 8);
-    auto du = with_zeros(zt::random_ints<Zam16u>(500, 9));
-    auto nu = zt::random_ints<Zam16u>(500, 10);
-    // small operands make ties and near-ties common
-    for (int i = 0; i < 500; i += 3) d16[i] = Zam16s(d16[i] % 9), du[i] = Zam16u(du[i] % 9), d8[i] = Zam8u(d8[i] % 9);
-    for (int mode = 0; mode <= 2; ++mode) {
-        for (int sf = -34; sf <= 19; ++sf) {
-            check_pools<Zam8u, Zam8u>([=](const Zam8u* d, const Zam8u* n, Zam8u* y, int len) {
-                return zamsDiv_Round_8u_Sfs(d, n, y, len, mode, sf);
-            }, [=](Zam8u n, Zam8u d) { return ref_div<Zam8u>(n, d, sf, {-15, 8}, mode); }, d8, n8, "round_8u");
-            check_pools<Zam16s, Zam16s>([=](const Zam16s* d, const Zam16s* n, Zam16s* y, int len) {
-                return zamsDiv_Round_16s_Sfs(d, n, y, len, mode, sf);
-            }, [=](Zam16s n, Zam16s d) { return ref_div<Zam16s>(n, d, sf, {-30, 16}, mode); }, d16, n16, "round_16s");
-            check_pools<Zam16u, Zam16u>([=](const Zam16u* d, const Zam16u* n, Zam16u* y, int len) {
-                return zamsDiv_Round_16u_Sfs(d, n, y, len, mode, sf);
-            }, [=](Zam16u n, Zam16u d) { return ref_div<Zam16u>(n, d, sf, {-31, 16}, mode); }, du, nu, "round_16u");
-        }
-    }
+    check_round<Zam16s>([](auto d, auto n, auto y, int len, int, int sf) { return zamsDiv_16s_Sfs(d, n, y, len, sf); },
+                        {-30, 15}, -33, 18, 3, false, "div_16s");
+    check_round<Zam8u>(zamsDiv_Round_8u_Sfs, {-15, 8}, -34, 19, 5, true, "round_8u");
+    check_round<Zam16s>(zamsDiv_Round_16s_Sfs, {-30, 16}, -34, 19, 7, true, "round_16s");
+    check_round<Zam16u>(zamsDiv_Round_16u_Sfs, {-31, 16}, -34, 19, 9, true, "round_16u");
     // In place divides pSrcDst by pSrc.
-    std::vector<Zam16s> io = n16;
+    auto d16 = with_zeros(zt::random_ints<Zam16s>(500, 7)), n16 = zt::random_ints<Zam16s>(500, 8), io = n16;
     zamsDiv_Round_16s_ISfs(d16.data(), io.data(), 500, 2, -3);
     for (int i = 0; i < 500; ++i) ASSERT_EQ(io[i], ref_div<Zam16s>(n16[i], d16[i], -3, {-30, 16}, 2));
 }
@@ -243,28 +230,19 @@ ZAMS_DIGEST(div_integer) {
     auto* dc = reinterpret_cast<const Zam16sc*>(d16.data());
     auto* nc = reinterpret_cast<const Zam16sc*>(n16.data());
     for (int sf : {-40, -20, -3, 0, 1, 5, 16, 40}) {
-        d.status(zamsDiv_8u_Sfs(d8.data(), n8.data(), y8.data(), 1500, sf));
-        d.add(y8);
-        d.status(zamsDiv_16s_Sfs(d16.data(), n16.data(), y16.data(), 1500, sf));
-        d.add(y16);
-        d.status(zamsDiv_32s_Sfs(d32.data(), n32.data(), y32.data(), 1500, sf));
-        d.add(y32);
-        d.status(zamsDiv_32s16s_Sfs(d32.data(), n32.data(), y16.data(), 1500, sf));
-        d.add(y16);
-        d.status(zamsDiv_16sc_Sfs(dc, nc, yc.data(), 750, sf));
-        d.add(yc.data(), yc.size());
+        mt::rec(d, zamsDiv_8u_Sfs(d8.data(), n8.data(), y8.data(), 1500, sf), y8);
+        mt::rec(d, zamsDiv_16s_Sfs(d16.data(), n16.data(), y16.data(), 1500, sf), y16);
+        mt::rec(d, zamsDiv_32s_Sfs(d32.data(), n32.data(), y32.data(), 1500, sf), y32);
+        mt::rec(d, zamsDiv_32s16s_Sfs(d32.data(), n32.data(), y16.data(), 1500, sf), y16);
+        mt::rec(d, zamsDiv_16sc_Sfs(dc, nc, yc.data(), 750, sf), yc);
         for (int mode = 0; mode <= 2; ++mode) {
-            d.status(zamsDiv_Round_8u_Sfs(d8.data(), n8.data(), y8.data(), 1500, mode, sf));
-            d.add(y8);
-            d.status(zamsDiv_Round_16s_Sfs(d16.data(), n16.data(), y16.data(), 1500, mode, sf));
-            d.add(y16);
-            d.status(zamsDiv_Round_16u_Sfs(du, nu, yu.data(), 1500, mode, sf));
-            d.add(yu);
+            mt::rec(d, zamsDiv_Round_8u_Sfs(d8.data(), n8.data(), y8.data(), 1500, mode, sf), y8);
+            mt::rec(d, zamsDiv_Round_16s_Sfs(d16.data(), n16.data(), y16.data(), 1500, mode, sf), y16);
+            mt::rec(d, zamsDiv_Round_16u_Sfs(du, nu, yu.data(), 1500, mode, sf), yu);
         }
     }
     std::vector<Zam16s> io = n16;
-    d.status(zamsDiv_16s_ISfs(d16.data(), io.data(), 1500, 2));
-    d.add(io);
+    mt::rec(d, zamsDiv_16s_ISfs(d16.data(), io.data(), 1500, 2), io);
 }
 
 }  // namespace

@@ -14,8 +14,7 @@ long double mag_ld(long double a, long double b) { return std::sqrt(a * a + b * 
 template <class C, class P>
 void within_an_ulp(zamStatus (*ci)(const C*, P*, int), zamStatus (*split)(const P*, const P*, P*, int), const std::vector<P>& p) {
     const size_t n = p.size() / 2;
-    std::vector<C> x(n);
-    std::memcpy(x.data(), p.data(), n * sizeof(C));
+    auto x = mt::as_complex<C>(p);
     std::vector<P> re(n), im(n);
     for (size_t i = 0; i < n; ++i) re[i] = x[i].re, im[i] = x[i].im;
     for (size_t off : {0, 1, 2, 3, 5}) {
@@ -45,14 +44,8 @@ TEST(Magnitude, SpecialValues) {
     Zam32fc x[8] = {{inf, nan}, {nan, -inf}, {nan, 1}, {-3, 4}, {0, -0.0f}, {3e38f, 3e38f}, {-inf, 0}, {1e-45f, 0}};
     Zam32f y[8];
     ASSERT_EQ(zamsMagnitude_32fc(x, y, 8), zamStatusOk);
-    EXPECT_EQ(y[0], inf);
-    EXPECT_EQ(y[1], inf);
-    EXPECT_TRUE(std::isnan(y[2]));
-    EXPECT_EQ(y[3], 5.0f);
-    EXPECT_EQ(zt::bits(y[4]), zt::bits(0.0f));
-    EXPECT_EQ(y[5], float(std::sqrt(2.0) * 3e38));
-    EXPECT_EQ(y[6], inf);
-    EXPECT_EQ(y[7], 1e-45f);
+    const Zam32f want[8] = {inf, inf, nan, 5.0f, 0.0f, float(std::sqrt(2.0) * 3e38), inf, 1e-45f};
+    for (int i = 0; i < 8; ++i) EXPECT_TRUE(mt::same(y[i], want[i])) << i;
     Zam64fc xd[2] = {{nan, INFINITY}, {1e300, 1e300}};
     Zam64f yd[2];
     ASSERT_EQ(zamsMagnitude_64fc(xd, yd, 2), zamStatusOk);
@@ -69,8 +62,7 @@ TEST(Magnitude, SpecialValues) {
 TEST(Magnitude, IntegerExactUnderEveryScale) {
     auto p = zt::random_ints<Zam16s>(4000, 3);
     p[0] = -32768, p[1] = -32768, p[2] = 3, p[3] = 4;
-    std::vector<Zam16sc> x(2000);
-    std::memcpy(x.data(), p.data(), 8000);
+    auto x = mt::as_complex<Zam16sc>(p);
     std::vector<Zam16s> re(2000), im(2000), y(2000), z(2000);
     for (int i = 0; i < 2000; ++i) re[i] = x[i].re, im[i] = x[i].im;
     for (int sf = -17; sf <= 18; ++sf) {
@@ -85,27 +77,21 @@ TEST(Magnitude, IntegerExactUnderEveryScale) {
     }
     Zam16sc t[2] = {{3, 4}, {0, 3}};  // 5 / 2 = 2.5 -> 2, 3 / 2 = 1.5 -> 2
     ASSERT_EQ(zamsMagnitude_16sc_Sfs(t, y.data(), 2, 1), zamStatusOk);
-    EXPECT_EQ(y[0], 2);
-    EXPECT_EQ(y[1], 2);
+    EXPECT_EQ(mt::first(y.data(), 2), (std::vector<Zam16s>{2, 2}));
 }
 
 TEST(PowerSpectr, SumsOfSquares) {
     Zam32fc x[3] = {{3, 4}, {-1e20f, 1e20f}, {0, -2}};
     Zam32f y[3];
     ASSERT_EQ(zamsPowerSpectr_32fc(x, y, 3), zamStatusOk);
-    EXPECT_EQ(y[0], 25.0f);
-    EXPECT_EQ(y[1], float(2e40 * 1.0));
-    EXPECT_EQ(y[2], 4.0f);
+    EXPECT_EQ(mt::first(y, 3), (std::vector<Zam32f>{25.0f, INFINITY, 4.0f}));
     Zam32f re[2] = {1.5f, -2}, im[2] = {2, 0.5f};
     ASSERT_EQ(zamsPowerSpectr_32f(re, im, y, 2), zamStatusOk);
-    EXPECT_EQ(y[0], 6.25f);
-    EXPECT_EQ(y[1], 4.25f);
+    EXPECT_EQ(mt::first(y, 2), (std::vector<Zam32f>{6.25f, 4.25f}));
     Zam64fc xd[1] = {{-3, 4}};
     Zam64f yd[1], rd[1] = {2}, id[1] = {-1};
-    ASSERT_EQ(zamsPowerSpectr_64fc(xd, yd, 1), zamStatusOk);
-    EXPECT_EQ(yd[0], 25.0);
-    ASSERT_EQ(zamsPowerSpectr_64f(rd, id, yd, 1), zamStatusOk);
-    EXPECT_EQ(yd[0], 5.0);
+    EXPECT_EQ(mt::ok(zamsPowerSpectr_64fc(xd, yd, 1), yd[0]), 25.0);
+    EXPECT_EQ(mt::ok(zamsPowerSpectr_64f(rd, id, yd, 1), yd[0]), 5.0);
     EXPECT_EQ(zamsPowerSpectr_64f(rd, nullptr, yd, 1), zamStatusNullPointer);
     EXPECT_EQ(zamsPowerSpectr_32fc(x, y, -1), zamStatusBadLength);
 }
@@ -114,21 +100,18 @@ TEST(PowerSpectr, SumsOfSquares) {
 TEST(Phase, WithinUlpsOfMpfr) {
     auto p = zt::random_reals<Zam32f>(40000, 6, -10.0f, 10.0f);
     for (int i = 0; i + 2 < 40000; i += 7) p[i] *= 1e-30f, p[i + 2] *= 1e25f;
-    std::vector<Zam32fc> x(20000);
+    auto x = mt::as_complex<Zam32fc>(p);
     std::vector<Zam32f> y(20000);
-    std::memcpy(x.data(), p.data(), sizeof(Zam32fc) * 20000);
     ASSERT_EQ(zamsPhase_32fc(x.data(), y.data(), 20000), zamStatusOk);
-    double worst = 0;
-    for (int i = 0; i < 20000; ++i) worst = std::max(worst, mpfr_ulps(mpfr_atan2, x[i].im, x[i].re, y[i]));
-    EXPECT_LE(worst, 1.0);
-    EXPECT_GT(worst, 0.4);
+    double w = mt::worst(20000, [&](size_t i) { return mpfr_ulps(mpfr_atan2, x[i].im, x[i].re, y[i]); }).first;
+    EXPECT_LE(w, 1.0);
+    EXPECT_GT(w, 0.4);
     std::vector<Zam64f> re(20000), im(20000), z(20000);
     for (int i = 0; i < 20000; ++i) re[i] = double(p[2 * i]) * 1.1, im[i] = double(p[2 * i + 1]) / 3.0;
     ASSERT_EQ(zamsPhase_64f(re.data(), im.data(), z.data(), 20000), zamStatusOk);
-    worst = 0;
-    for (int i = 0; i < 20000; ++i) worst = std::max(worst, mpfr_ulps(mpfr_atan2, im[i], re[i], z[i]));
-    EXPECT_LE(worst, 2.0);
-    EXPECT_GT(worst, 0.4);
+    w = mt::worst(20000, [&](size_t i) { return mpfr_ulps(mpfr_atan2, im[i], re[i], z[i]); }).first;
+    EXPECT_LE(w, 2.0);
+    EXPECT_GT(w, 0.4);
 }
 #endif
 
@@ -156,30 +139,26 @@ TEST(Phase, SpecialValuesAndCartToPolar) {
     zamsPhase_64fc(&n, &y, 1);
     EXPECT_TRUE(std::isnan(y));
 
+    // CartToPolar gives what Magnitude and Phase give.
     auto p = zt::random_reals<Zam32f>(600, 7);
-    std::vector<Zam32f> m(300), ph(300), m2(300), ph2(300);
+    std::vector<Zam64f> pd(p.begin(), p.end());
     auto* c = reinterpret_cast<const Zam32fc*>(p.data());
-    ASSERT_EQ(zamsCartToPolar_32fc(c, m.data(), ph.data(), 300), zamStatusOk);
-    zamsMagnitude_32fc(c, m2.data(), 300);
-    zamsPhase_32fc(c, ph2.data(), 300);
-    EXPECT_EQ(m, m2);
-    EXPECT_EQ(ph, ph2);
-    ASSERT_EQ(zamsCartToPolar_32f(p.data(), p.data() + 300, m.data(), ph.data(), 300), zamStatusOk);
-    zamsMagnitude_32f(p.data(), p.data() + 300, m2.data(), 300);
-    zamsPhase_32f(p.data(), p.data() + 300, ph2.data(), 300);
-    EXPECT_EQ(m, m2);
-    EXPECT_EQ(ph, ph2);
-    std::vector<Zam64f> pd(p.begin(), p.end()), md(300), phd(300), md2(300), phd2(300);
-    ASSERT_EQ(zamsCartToPolar_64fc(reinterpret_cast<Zam64fc*>(pd.data()), md.data(), phd.data(), 300), zamStatusOk);
-    zamsMagnitude_64fc(reinterpret_cast<Zam64fc*>(pd.data()), md2.data(), 300);
-    zamsPhase_64fc(reinterpret_cast<Zam64fc*>(pd.data()), phd2.data(), 300);
-    EXPECT_EQ(md, md2);
-    EXPECT_EQ(phd, phd2);
-    ASSERT_EQ(zamsCartToPolar_64f(pd.data(), pd.data() + 300, md.data(), phd.data(), 300), zamStatusOk);
-    zamsPhase_64f(pd.data(), pd.data() + 300, phd2.data(), 300);
-    EXPECT_EQ(phd, phd2);
+    auto* cd = reinterpret_cast<const Zam64fc*>(pd.data());
+    auto agree = [](auto out, auto polar, auto mag, auto phase, auto... src) {
+        std::vector<decltype(out)> m(300), ph(300), m2(300), ph2(300);
+        ASSERT_EQ(polar(src..., m.data(), ph.data(), 300), zamStatusOk);
+        ASSERT_EQ(mag(src..., m2.data(), 300), zamStatusOk);
+        ASSERT_EQ(phase(src..., ph2.data(), 300), zamStatusOk);
+        EXPECT_TRUE(m == m2 && ph == ph2);
+    };
+    agree(Zam32f{}, zamsCartToPolar_32fc, zamsMagnitude_32fc, zamsPhase_32fc, c);
+    agree(Zam32f{}, zamsCartToPolar_32f, zamsMagnitude_32f, zamsPhase_32f, &p[0], &p[300]);
+    agree(Zam64f{}, zamsCartToPolar_64fc, zamsMagnitude_64fc, zamsPhase_64fc, cd);
+    agree(Zam64f{}, zamsCartToPolar_64f, zamsMagnitude_64f, zamsPhase_64f, &pd[0], &pd[300]);
+    std::vector<Zam32f> m(300);
+    std::vector<Zam64f> md(300);
     EXPECT_EQ(zamsCartToPolar_32fc(c, m.data(), nullptr, 300), zamStatusNullPointer);
-    EXPECT_EQ(zamsCartToPolar_64f(pd.data(), pd.data(), md.data(), phd.data(), 0), zamStatusBadLength);
+    EXPECT_EQ(zamsCartToPolar_64f(pd.data(), pd.data(), md.data(), md.data(), 0), zamStatusBadLength);
     EXPECT_EQ(zamsPhase_32fc(c, nullptr, 3), zamStatusNullPointer);
 }
 
@@ -188,28 +167,20 @@ ZAMS_DIGEST(magnitude) {
     auto q = zt::random_ints<Zam16s>(2000, 72);
     std::vector<Zam32f> y(1000);
     std::vector<Zam16s> z(1000);
-    d.status(zamsMagnitude_32fc(reinterpret_cast<Zam32fc*>(p.data()), y.data(), 1000));
-    d.add(y);
-    d.status(zamsMagnitude_32f(p.data(), p.data() + 1000, y.data(), 1000));
-    d.add(y);
-    d.status(zamsPowerSpectr_32fc(reinterpret_cast<Zam32fc*>(p.data()), y.data(), 1000));
-    d.add(y);
+    auto* c = reinterpret_cast<Zam32fc*>(p.data());
+    mt::rec(d, zamsMagnitude_32fc(c, y.data(), 1000), y);
+    mt::rec(d, zamsMagnitude_32f(p.data(), p.data() + 1000, y.data(), 1000), y);
+    mt::rec(d, zamsPowerSpectr_32fc(c, y.data(), 1000), y);
     std::vector<Zam64f> pd(p.begin(), p.end()), yd(1000);
-    d.status(zamsMagnitude_64fc(reinterpret_cast<Zam64fc*>(pd.data()), yd.data(), 1000));
-    d.add(yd);
-    d.status(zamsMagnitude_64f(pd.data(), pd.data() + 1000, yd.data(), 1000));
-    d.add(yd);
-    d.status(zamsPowerSpectr_64fc(reinterpret_cast<Zam64fc*>(pd.data()), yd.data(), 1000));
-    d.add(yd);
-    d.status(zamsPhase_32fc(reinterpret_cast<Zam32fc*>(p.data()), y.data(), 1000));
-    d.add(y);
-    d.status(zamsPhase_64f(pd.data(), pd.data() + 1000, yd.data(), 1000));
-    d.add(yd);
+    auto* cd = reinterpret_cast<Zam64fc*>(pd.data());
+    mt::rec(d, zamsMagnitude_64fc(cd, yd.data(), 1000), yd);
+    mt::rec(d, zamsMagnitude_64f(pd.data(), pd.data() + 1000, yd.data(), 1000), yd);
+    mt::rec(d, zamsPowerSpectr_64fc(cd, yd.data(), 1000), yd);
+    mt::rec(d, zamsPhase_32fc(c, y.data(), 1000), y);
+    mt::rec(d, zamsPhase_64f(pd.data(), pd.data() + 1000, yd.data(), 1000), yd);
     for (int sf : {-5, 0, 3}) {
-        d.status(zamsMagnitude_16sc_Sfs(reinterpret_cast<Zam16sc*>(q.data()), z.data(), 1000, sf));
-        d.add(z);
-        d.status(zamsMagnitude_16s_Sfs(q.data(), q.data() + 1000, z.data(), 1000, sf));
-        d.add(z);
+        mt::rec(d, zamsMagnitude_16sc_Sfs(reinterpret_cast<Zam16sc*>(q.data()), z.data(), 1000, sf), z);
+        mt::rec(d, zamsMagnitude_16s_Sfs(q.data(), q.data() + 1000, z.data(), 1000, sf), z);
     }
 }
 

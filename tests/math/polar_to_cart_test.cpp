@@ -1,4 +1,5 @@
 // PolarToCart: magnitude and phase to cartesian parts.
+#include <bit>
 #include <cmath>
 #include <random>
 
@@ -11,12 +12,6 @@
 #endif
 
 namespace {
-
-double from_bits(uint64_t b) {
-    double d;
-    std::memcpy(&d, &b, 8);
-    return d;
-}
 
 // Phases that stress the reduction: random doubles of every size, the
 // doubles nearest to multiples of pi/2 (worst cancellation), and the
@@ -31,7 +26,7 @@ std::vector<Zam64f> hard_phases(size_t n, uint32_t seed) {
             case 1: v.push_back(mid(g)); break;
             case 2: {  // any finite double
                 double x;
-                do x = from_bits(g()); while (!std::isfinite(x));
+                do x = std::bit_cast<double>(uint64_t(g())); while (!std::isfinite(x));
                 v.push_back(x);
                 break;
             }
@@ -130,42 +125,41 @@ TEST(PolarToCart, AgreesWithLongDouble) {
     auto xd = hard_phases(4000, 7);
     std::vector<Zam64f> one(xd.size(), 1.0), re(xd.size()), im(xd.size());
     ASSERT_EQ(zamsPolarToCart_64f(one.data(), xd.data(), re.data(), im.data(), int(xd.size())), zamStatusOk);
-    for (size_t i = 0; i < xd.size(); ++i) {
-        long double c = re[i], s = im[i];
-        ASSERT_NEAR(double(c * c + s * s), 1.0, 4e-16) << xd[i];
-    }
+    for (size_t i = 0; i < xd.size(); ++i) ASSERT_NEAR(double((long double)re[i] * re[i] + (long double)im[i] * im[i]), 1.0, 4e-16) << xd[i];
     // sin(-x) = -sin(x), cos(-x) = cos(x), and a half turn negates both
     std::vector<Zam64f> neg(xd.size()), re2(xd.size()), im2(xd.size());
     for (size_t i = 0; i < xd.size(); ++i) neg[i] = -xd[i];
     ASSERT_EQ(zamsPolarToCart_64f(one.data(), neg.data(), re2.data(), im2.data(), int(xd.size())), zamStatusOk);
-    for (size_t i = 0; i < xd.size(); ++i) {
-        ASSERT_EQ(re2[i], re[i]);
-        ASSERT_EQ(im2[i], -im[i]);
-    }
+    for (size_t i = 0; i < xd.size(); ++i) ASSERT_TRUE(re2[i] == re[i] && im2[i] == -im[i]) << xd[i];
 }
 
-TEST(PolarToCart, SpecialValues) {
+// Special values; bad arguments are rejected before anything is written.
+TEST(PolarToCart, SpecialValuesAndArguments) {
     const double inf = INFINITY, nan = NAN;
     Zam64f m[8] = {2, 2, 2, -3, 0, inf, 5, 1e-320};
     Zam64f p[8] = {inf, -inf, nan, 0, -1, 0, -0.0, 0.5};
     Zam64fc y[8];
+    // inf cos 0 = inf, inf sin 0 is undefined
+    const Zam64fc want[7] = {{nan, nan}, {nan, nan}, {nan, nan}, {-3.0, -0.0}, {0.0, -0.0}, {inf, nan}, {5.0, -0.0}};
     ASSERT_EQ(zamsPolarToCart_64fc(m, p, y, 8), zamStatusOk);
-    for (int i = 0; i < 3; ++i) EXPECT_TRUE(std::isnan(y[i].re) && std::isnan(y[i].im)) << i;
-    EXPECT_EQ(y[3].re, -3.0);
-    EXPECT_EQ(zt::bits(y[3].im), zt::bits(-0.0));
-    EXPECT_EQ(zt::bits(y[4].re), zt::bits(0.0));
-    EXPECT_EQ(zt::bits(y[4].im), zt::bits(-0.0));
-    EXPECT_EQ(y[5].re, inf);  // inf cos 0 = inf, inf sin 0 is undefined
-    EXPECT_TRUE(std::isnan(y[5].im));
-    EXPECT_EQ(y[6].re, 5.0);
-    EXPECT_EQ(zt::bits(y[6].im), zt::bits(-0.0));
-    EXPECT_GT(y[7].re, 0.0);  // subnormal results, not flushed
-    EXPECT_GT(y[7].im, 0.0);
+    for (int i = 0; i < 7; ++i) EXPECT_TRUE(mt::same(y[i], want[i])) << i;
+    EXPECT_TRUE(y[7].re > 0.0 && y[7].im > 0.0);  // subnormal results, not flushed
     Zam32f mf[3] = {1, 1, 4}, pf[3] = {INFINITY, NAN, 3.14159265f}, re[3], im[3];
     ASSERT_EQ(zamsPolarToCart_32f(mf, pf, re, im, 3), zamStatusOk);
     EXPECT_TRUE(std::isnan(re[0]) && std::isnan(im[0]) && std::isnan(re[1]) && std::isnan(im[1]));
     EXPECT_EQ(re[2], -4.0f);
     EXPECT_EQ(im[2], Zam32f(4 * std::sin((long double)3.14159265f)));
+    Zam64f v[2] = {1, 2}, w[2] = {7, 7};
+    Zam64fc c[1] = {{7, 7}};
+    EXPECT_EQ(zamsPolarToCart_64f(nullptr, v, w, w, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, nullptr, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_64fc(v, nullptr, c, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_32fc(nullptr, nullptr, nullptr, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, w, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsPolarToCart_64fc(v, v, c, -1), zamStatusBadLength);
+    Zam32f f[2] = {1, 1};
+    EXPECT_EQ(zamsPolarToCart_32f(f, f, f, f, -5), zamStatusBadLength);
+    EXPECT_TRUE(w[0] == 7.0 && c[0].re == 7.0 && f[0] == 1.0f);  // nothing written
 }
 
 // Four-lane steps, element steps and groups the vector step declines (a
@@ -186,6 +180,9 @@ TEST(PolarToCart, FormsAndStepsAgreeWithOneElementCalls) {
     auto mf = zt::random_reals<Zam32f>(n, 33, -1e3f, 1e3f);
     for (size_t i = 0; i < n; ++i) xf[i] = Zam32f(x[i]);
     for (size_t i = 2; i < n; i += 29) mf[i] = i % 2 ? NAN : INFINITY;
+    auto eq = [](auto re, auto im, auto want_re, auto want_im) {
+        return zt::bits(re) == zt::bits(want_re) && zt::bits(im) == zt::bits(want_im);
+    };
     for (size_t off = 0; off < 5; ++off) {
         const int len = int(n - off);
         zt::Guarded<Zam64fc> y(n - off, off * 4);
@@ -202,10 +199,8 @@ TEST(PolarToCart, FormsAndStepsAgreeWithOneElementCalls) {
             zamsPolarToCart_64fc(&m[i], &x[i], &one, 1);
             zamsPolarToCart_32f(&mf[i], &xf[i], &a, &b, 1);
             const size_t k = i - off;
-            ASSERT_TRUE(zt::bits(y[k].re) == zt::bits(one.re) && zt::bits(y[k].im) == zt::bits(one.im)) << x[i] << " at " << i;
-            ASSERT_TRUE(zt::bits(re[k]) == zt::bits(one.re) && zt::bits(im[k]) == zt::bits(one.im)) << x[i] << " at " << i;
-            ASSERT_TRUE(zt::bits(rf[k]) == zt::bits(a) && zt::bits(jf[k]) == zt::bits(b)) << xf[i] << " at " << i;
-            ASSERT_TRUE(zt::bits(yc[k].re) == zt::bits(a) && zt::bits(yc[k].im) == zt::bits(b)) << xf[i] << " at " << i;
+            ASSERT_TRUE(eq(y[k].re, y[k].im, one.re, one.im) && eq(re[k], im[k], one.re, one.im)) << x[i] << " at " << i;
+            ASSERT_TRUE(eq(rf[k], jf[k], a, b) && eq(yc[k].re, yc[k].im, a, b)) << xf[i] << " at " << i;
         }
         ASSERT_TRUE(y.guards_intact() && re.guards_intact() && im.guards_intact());
         ASSERT_TRUE(yc.guards_intact() && rf.guards_intact() && jf.guards_intact());
@@ -216,25 +211,8 @@ TEST(PolarToCart, FormsAndStepsAgreeWithOneElementCalls) {
     for (size_t i = 0; i < n; ++i) {
         Zam64fc one;
         zamsPolarToCart_64fc(&m[i], &x[i], &one, 1);
-        ASSERT_TRUE(zt::bits(a[i]) == zt::bits(one.re) && zt::bits(b[i]) == zt::bits(one.im)) << i;
+        ASSERT_TRUE(eq(a[i], b[i], one.re, one.im)) << i;
     }
-}
-
-// Bad arguments are rejected before anything is written.
-TEST(PolarToCart, Arguments) {
-    Zam64f v[2] = {1, 2}, w[2] = {7, 7};
-    Zam64fc c[1] = {{7, 7}};
-    EXPECT_EQ(zamsPolarToCart_64f(nullptr, v, w, w, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, nullptr, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_64fc(v, nullptr, c, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_32fc(nullptr, nullptr, nullptr, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, w, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsPolarToCart_64fc(v, v, c, -1), zamStatusBadLength);
-    Zam32f f[2] = {1, 1};
-    EXPECT_EQ(zamsPolarToCart_32f(f, f, f, f, -5), zamStatusBadLength);
-    EXPECT_EQ(w[0], 7.0);
-    EXPECT_EQ(c[0].re, 7.0);
-    EXPECT_EQ(f[0], 1.0f);
 }
 
 ZAMS_DIGEST(polar_to_cart_common) {
@@ -242,13 +220,10 @@ ZAMS_DIGEST(polar_to_cart_common) {
     auto m = magnitudes(x.size(), 42);
     int n = int(x.size());
     std::vector<Zam64fc> y(x.size());
-    d.status(zamsPolarToCart_64fc(m.data(), x.data(), y.data(), n));
-    d.add(y);
-    std::vector<Zam32f> xf(x.size()), re(x.size()), im(x.size());
+    mt::rec(d, zamsPolarToCart_64fc(m.data(), x.data(), y.data(), n), y);
+    std::vector<Zam32f> xf(x.begin(), x.end()), re(x.size()), im(x.size());
     auto mf = zt::random_reals<Zam32f>(x.size(), 43, -1e3f, 1e3f);
-    for (int i = 0; i < n; ++i) xf[i] = Zam32f(x[i]);
-    d.status(zamsPolarToCart_32f(mf.data(), xf.data(), re.data(), im.data(), n));
-    d.add(re);
+    mt::rec(d, zamsPolarToCart_32f(mf.data(), xf.data(), re.data(), im.data(), n), re);
     d.add(im);
 }
 
@@ -257,14 +232,12 @@ ZAMS_DIGEST(polar_to_cart) {
     auto m = magnitudes(x.size(), 12);
     int n = int(x.size());
     std::vector<Zam64f> re(x.size()), im(x.size());
-    d.status(zamsPolarToCart_64f(m.data(), x.data(), re.data(), im.data(), n));
-    d.add(re);
+    mt::rec(d, zamsPolarToCart_64f(m.data(), x.data(), re.data(), im.data(), n), re);
     d.add(im);
     std::vector<Zam32f> xf(x.size()), mf(x.size());
     for (int i = 0; i < n; ++i) xf[i] = Zam32f(std::fmod(x[i], 1e30)), mf[i] = Zam32f(m[i] * 1e-300);
     std::vector<Zam32fc> yc(x.size());
-    d.status(zamsPolarToCart_32fc(mf.data(), xf.data(), yc.data(), n));
-    d.add(yc);
+    mt::rec(d, zamsPolarToCart_32fc(mf.data(), xf.data(), yc.data(), n), yc);
     d.status(zamsPolarToCart_64fc(m.data(), nullptr, nullptr, n));
 }
 

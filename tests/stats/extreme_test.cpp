@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "digest.h"
+#include "stats_util.h"
 #include "sweep.h"
 
 namespace {
@@ -49,101 +50,87 @@ template <class T, class F> void each_layout(const std::vector<T>& pool, int max
         }
 }
 
-#define EXTREME_SUITE(T)                                                                                   \
-    TEST(Extreme, T##_ValuesAndFirstIndices) {                                                             \
-        using X = Zam##T;                                                                                  \
-        for (bool nan_first : {false, true}) {                                                             \
-            auto pool = dup_pool<X>(300, 11, nan_first);                                                   \
-            each_layout(pool, 300, [](const X* x, int n) {                                                 \
-                int imax = scan<true>(x, n), imin = scan<false>(x, n);                                     \
-                X v;                                                                                       \
-                int k = -1;                                                                                \
-                ASSERT_EQ(zamsMax_##T(x, n, &v), zamStatusOk);                                             \
-                ASSERT_TRUE(same(v, x[imax])) << n;                                                        \
-                ASSERT_EQ(zamsMin_##T(x, n, &v), zamStatusOk);                                             \
-                ASSERT_TRUE(same(v, x[imin])) << n;                                                        \
-                ASSERT_EQ(zamsMaxIndx_##T(x, n, &v, &k), zamStatusOk);                                     \
-                ASSERT_EQ(k, imax) << n;                                                                   \
-                ASSERT_TRUE(same(v, x[imax]));                                                             \
-                ASSERT_EQ(zamsMinIndx_##T(x, n, &v, &k), zamStatusOk);                                     \
-                ASSERT_EQ(k, imin) << n;                                                                   \
-                ASSERT_EQ(zamsMaxIndx_##T(x, n, &v, nullptr), zamStatusOk);                                \
-                ASSERT_TRUE(same(v, x[imax]));                                                             \
-            });                                                                                            \
-        }                                                                                                  \
+// The four functions of one kind: Max, Min, MaxIndx, MinIndx or their
+// by-magnitude forms.
+template <class T> struct Ext {
+    using type = T;
+    zamStatus (*max)(const T*, int, T*), (*min)(const T*, int, T*);
+    zamStatus (*maxi)(const T*, int, T*, int*), (*mini)(const T*, int, T*, int*);
+};
+#define EXT(T) Ext<Zam##T>{zamsMax_##T, zamsMin_##T, zamsMaxIndx_##T, zamsMinIndx_##T}
+#define EXT_ABS(T) Ext<Zam##T>{zamsMaxAbs_##T, zamsMinAbs_##T, zamsMaxAbsIndx_##T, zamsMinAbsIndx_##T}
+template <class T> struct MinMax {
+    using type = T;
+    zamStatus (*mm)(const T*, int, T*, T*);
+    zamStatus (*mmi)(const T*, int, T*, int*, T*, int*);
+};
+#define MINMAX(T) MinMax<Zam##T>{zamsMinMax_##T, zamsMinMaxIndx_##T}
+
+template <class T> void values_and_first_indices(Ext<T> f) {
+    for (bool nan_first : {false, true}) {
+        each_layout(dup_pool<T>(300, 11, nan_first), 300, [&](const T* x, int n) {
+            int imax = scan<true>(x, n), imin = scan<false>(x, n), k = -1;
+            T v;
+            ASSERT_TRUE(same(st::ok(f.max(x, n, &v), v), x[imax])) << n;
+            ASSERT_TRUE(same(st::ok(f.min(x, n, &v), v), x[imin])) << n;
+            ASSERT_EQ(st::ok(f.maxi(x, n, &v, &k), k), imax) << n;
+            ASSERT_TRUE(same(v, x[imax]));
+            ASSERT_EQ(st::ok(f.mini(x, n, &v, &k), k), imin) << n;
+            ASSERT_TRUE(same(st::ok(f.maxi(x, n, &v, nullptr), v), x[imax]));
+        });
     }
-EXTREME_SUITE(16s)
-EXTREME_SUITE(32s)
-EXTREME_SUITE(32f)
-EXTREME_SUITE(64f)
+}
+
+TEST(Extreme, ValuesAndFirstIndices) {
+    st::each([](auto f) { values_and_first_indices(f); }, EXT(16s), EXT(32s), EXT(32f), EXT(64f));
+}
 
 // MinMaxIndx: the first element equal to each extreme; a NaN extreme
 // (leading NaN) matches nothing and gives index 0.
-#define MINMAX_SUITE(T)                                                                                    \
-    TEST(Extreme, T##_MinMaxWithIndices) {                                                                 \
-        using X = Zam##T;                                                                                  \
-        auto pool = dup_pool<X>(300, 12, true);                                                            \
-        each_layout(pool, 300, [](const X* x, int n) {                                                     \
-            int imax = scan<true>(x, n), imin = scan<false>(x, n);                                         \
-            X lo, hi;                                                                                      \
-            int a = -1, b = -1;                                                                            \
-            ASSERT_EQ(zamsMinMax_##T(x, n, &lo, &hi), zamStatusOk);                                        \
-            ASSERT_TRUE(same(lo, x[imin]) && same(hi, x[imax])) << n;                                      \
-            ASSERT_EQ(zamsMinMaxIndx_##T(x, n, &lo, &a, &hi, &b), zamStatusOk);                            \
-            ASSERT_TRUE(same(lo, x[imin]) && same(hi, x[imax])) << n;                                      \
-            ASSERT_EQ(a, imin) << n;                                                                       \
-            ASSERT_EQ(b, imax) << n;                                                                       \
-        });                                                                                                \
-    }
-MINMAX_SUITE(8u)
-MINMAX_SUITE(16s)
-MINMAX_SUITE(16u)
-MINMAX_SUITE(32s)
-MINMAX_SUITE(32u)
-MINMAX_SUITE(32f)
-MINMAX_SUITE(64f)
+template <class T> void min_max_with_indices(MinMax<T> f) {
+    each_layout(dup_pool<T>(300, 12, true), 300, [&](const T* x, int n) {
+        int imax = scan<true>(x, n), imin = scan<false>(x, n), a = -1, b = -1;
+        T lo, hi;
+        ASSERT_TRUE(same(st::ok(f.mm(x, n, &lo, &hi), lo), x[imin]) && same(hi, x[imax])) << n;
+        ASSERT_TRUE(same(st::ok(f.mmi(x, n, &lo, &a, &hi, &b), lo), x[imin]) && same(hi, x[imax])) << n;
+        ASSERT_TRUE(a == imin && b == imax) << n;
+    });
+}
+
+TEST(Extreme, MinMaxWithIndices) {
+    st::each([](auto f) { min_max_with_indices(f); }, MINMAX(8u), MINMAX(16s), MINMAX(16u), MINMAX(32s), MINMAX(32u),
+             MINMAX(32f), MINMAX(64f));
+}
 
 // By magnitude: compared exactly (|-32768| beats 32767), reported saturated.
-template <class T> void abs_case(zamStatus (*mx)(const T*, int, T*), zamStatus (*mn)(const T*, int, T*),
-                                 zamStatus (*mxi)(const T*, int, T*, int*), zamStatus (*mni)(const T*, int, T*, int*)) {
-    auto pool = dup_pool<T>(300, 13);
+template <class T> void by_magnitude(Ext<T> f) {
     using W = long long;
     auto mag = [](T v) { return v < 0 ? -W(v) : W(v); };
     auto sat = [](W v) { return T(std::min<W>(v, std::numeric_limits<T>::max())); };
-    each_layout(pool, 300, [&](const T* x, int n) {
-        int a = 0, b = 0;
+    each_layout(dup_pool<T>(300, 13), 300, [&](const T* x, int n) {
+        int a = 0, b = 0, k;
         for (int i = 1; i < n; ++i) {
             if (mag(x[i]) > mag(x[a])) a = i;
             if (mag(x[i]) < mag(x[b])) b = i;
         }
         T v;
-        int k;
-        ASSERT_EQ(mx(x, n, &v), zamStatusOk);
-        ASSERT_EQ(v, sat(mag(x[a])));
-        ASSERT_EQ(mn(x, n, &v), zamStatusOk);
-        ASSERT_EQ(v, sat(mag(x[b])));
-        ASSERT_EQ(mxi(x, n, &v, &k), zamStatusOk);
-        ASSERT_EQ(k, a);
-        ASSERT_EQ(mni(x, n, &v, &k), zamStatusOk);
-        ASSERT_EQ(k, b);
+        ASSERT_EQ(st::ok(f.max(x, n, &v), v), sat(mag(x[a])));
+        ASSERT_EQ(st::ok(f.min(x, n, &v), v), sat(mag(x[b])));
+        ASSERT_EQ(st::ok(f.maxi(x, n, &v, &k), k), a);
+        ASSERT_EQ(st::ok(f.mini(x, n, &v, &k), k), b);
         ASSERT_EQ(v, sat(mag(x[b])));
     });
 }
 
-TEST(Extreme, ByMagnitude) {
-    abs_case<Zam16s>(zamsMaxAbs_16s, zamsMinAbs_16s, zamsMaxAbsIndx_16s, zamsMinAbsIndx_16s);
-    abs_case<Zam32s>(zamsMaxAbs_32s, zamsMinAbs_32s, zamsMaxAbsIndx_32s, zamsMinAbsIndx_32s);
-}
+TEST(Extreme, ByMagnitude) { st::each([](auto f) { by_magnitude(f); }, EXT_ABS(16s), EXT_ABS(32s)); }
 
 TEST(Extreme, FirstOfEqualZeros) {
     // The first of equal zeros is the result, on the vector path too.
     std::vector<Zam64f> z(100);
     for (int i = 0; i < 100; ++i) z[i] = i % 2 ? 0.0 : -0.0;
     Zam64f m;
-    ASSERT_EQ(zamsMax_64f(z.data(), 100, &m), zamStatusOk);
-    EXPECT_TRUE(std::signbit(m));
-    ASSERT_EQ(zamsMin_64f(z.data() + 1, 99, &m), zamStatusOk);
-    EXPECT_FALSE(std::signbit(m));
+    EXPECT_TRUE(std::signbit(st::ok(zamsMax_64f(z.data(), 100, &m), m)));
+    EXPECT_FALSE(std::signbit(st::ok(zamsMin_64f(z.data() + 1, 99, &m), m)));
 }
 
 TEST(Extreme, CheckOrder) {
@@ -157,8 +144,10 @@ TEST(Extreme, CheckOrder) {
     EXPECT_EQ(zamsMinMaxIndx_32f(x, 2, &v, &k, &v, nullptr), zamStatusNullPointer);
     EXPECT_EQ(zamsMinMaxIndx_32f(x, -1, &v, &k, &v, &k), zamStatusBadLength);
     EXPECT_EQ(zamsMinMax_8u(nullptr, 1, nullptr, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(v, 9);
-    EXPECT_EQ(k, 9);
+    EXPECT_EQ(zamsMaxEvery_32f(x, nullptr, x, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsMinEvery_16s_I(reinterpret_cast<Zam16s*>(x), nullptr, 1), zamStatusNullPointer);
+    EXPECT_EQ(zamsMaxEvery_64f_I(reinterpret_cast<Zam64f*>(x), reinterpret_cast<Zam64f*>(x), 0), zamStatusBadLength);
+    EXPECT_TRUE(v == 9 && k == 9 && x[0] == 1);
 }
 
 // Element-wise extremes: a > b ? a : b with a from the first source.
@@ -170,95 +159,74 @@ template <class T> std::vector<T> every_pool(uint32_t seed) {
     return v;
 }
 
-#define EVERY_OOP(T)                                                                                               \
-    zt::sweep_binary<Zam##T, Zam##T, Zam##T>(zamsMaxEvery_##T, every<true, Zam##T>, every_pool<Zam##T>(1), every_pool<Zam##T>(2), o, zt::BitEqual{}); \
-    zt::sweep_binary<Zam##T, Zam##T, Zam##T>(zamsMinEvery_##T, every<false, Zam##T>, every_pool<Zam##T>(3), every_pool<Zam##T>(4), o, zt::BitEqual{});
-#define EVERY_I(T)                                                                                                 \
-    zt::sweep_binary<Zam##T, Zam##T, Zam##T>([](const Zam##T* a, const Zam##T* b, Zam##T* d, int n) {              \
-        std::memmove(d, b, n * sizeof(Zam##T)); return zamsMaxEvery_##T##_I(a, d, n); },                             \
-        every<true, Zam##T>, every_pool<Zam##T>(5), every_pool<Zam##T>(6), o, zt::BitEqual{});                       \
-    zt::sweep_binary<Zam##T, Zam##T, Zam##T>([](const Zam##T* a, const Zam##T* b, Zam##T* d, int n) {              \
-        std::memmove(d, b, n * sizeof(Zam##T)); return zamsMinEvery_##T##_I(a, d, n); },                             \
-        every<false, Zam##T>, every_pool<Zam##T>(7), every_pool<Zam##T>(8), o, zt::BitEqual{});
+// MaxEvery, MinEvery (out of place where they exist) and their in-place forms.
+template <class T> struct Every {
+    using type = T;
+    zamStatus (*max)(const T*, const T*, T*, int), (*min)(const T*, const T*, T*, int);
+    zamStatus (*max_i)(const T*, T*, int), (*min_i)(const T*, T*, int);
+};
+#define EVERY(T) Every<Zam##T>{zamsMaxEvery_##T, zamsMinEvery_##T, zamsMaxEvery_##T##_I, zamsMinEvery_##T##_I}
+#define EVERY_I(T) Every<Zam##T>{nullptr, nullptr, zamsMaxEvery_##T##_I, zamsMinEvery_##T##_I}
 
-TEST(Every, MatchesModelEverywhere) {
+template <class T> void every_matches(Every<T> f) {
     zt::SweepOptions o{80, true, 1};
-    EVERY_OOP(8u)
-    EVERY_OOP(16u)
-    EVERY_OOP(32f)
-    EVERY_OOP(64f)
-    EVERY_I(8u)
-    EVERY_I(16s)
-    EVERY_I(16u)
-    EVERY_I(32s)
-    EVERY_I(32f)
-    EVERY_I(64f)
-    Zam32f a[1] = {1}, b[1] = {2};
-    EXPECT_EQ(zamsMaxEvery_32f(a, nullptr, b, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsMinEvery_16s_I(reinterpret_cast<Zam16s*>(a), nullptr, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsMaxEvery_64f_I(reinterpret_cast<Zam64f*>(a), reinterpret_cast<Zam64f*>(b), 0), zamStatusBadLength);
+    if (f.max) {
+        zt::sweep_binary<T, T, T>(f.max, every<true, T>, every_pool<T>(1), every_pool<T>(2), o);
+        zt::sweep_binary<T, T, T>(f.min, every<false, T>, every_pool<T>(3), every_pool<T>(4), o);
+    }
+    // the in-place form driven like the two-source one, the second source copied to the destination first
+    auto in_place = [](auto fn) {
+        return [fn](const T* a, const T* b, T* d, int n) { return std::memmove(d, b, n * sizeof(T)), fn(a, d, n); };
+    };
+    zt::sweep_binary<T, T, T>(in_place(f.max_i), every<true, T>, every_pool<T>(5), every_pool<T>(6), o);
+    zt::sweep_binary<T, T, T>(in_place(f.min_i), every<false, T>, every_pool<T>(7), every_pool<T>(8), o);
 }
 
-#define DIGEST_MINMAX(T)                                                                              \
-    {                                                                                                     \
-        auto x = dup_pool<Zam##T>(301, 40, true);                                                         \
-        auto y = dup_pool<Zam##T>(301, 41);                                                               \
-        for (int n : {1, 33, 34, 301}) {                                                                  \
-            Zam##T lo, hi;                                                                                \
-            int a, b;                                                                                     \
-            d.status(zamsMinMaxIndx_##T(x.data(), n, &lo, &a, &hi, &b));                                  \
-            d.add(&lo, 1), d.add(&hi, 1), d.add(&a, 1), d.add(&b, 1);                                     \
-            d.status(zamsMinMax_##T(y.data(), n, &lo, &hi));                                              \
-            d.add(&lo, 1), d.add(&hi, 1);                                                                 \
-        }                                                                                                 \
+TEST(Every, MatchesModelEverywhere) {
+    st::each([](auto f) { every_matches(f); }, EVERY(8u), EVERY(16u), EVERY(32f), EVERY(64f), EVERY_I(16s), EVERY_I(32s));
+}
+
+template <class T> void digest_ext(zt::Digest& d, Ext<T> f, const std::vector<T>& x, std::initializer_list<int> lens) {
+    for (int n : lens) {
+        T v;
+        int k;
+        d.status(f.max(x.data(), n, &v)), d.add(&v, 1);
+        d.status(f.min(x.data(), n, &v)), d.add(&v, 1);
+        d.status(f.maxi(x.data(), n, &v, &k)), d.add(&v, 1), d.add(&k, 1);
+        d.status(f.mini(x.data(), n, &v, &k)), d.add(&v, 1), d.add(&k, 1);
     }
-#define DIGEST_EXT(T)                                                                                     \
-    {                                                                                                     \
-        auto x = dup_pool<Zam##T>(301, 42);                                                               \
-        for (int n : {1, 33, 34, 301}) {                                                                  \
-            Zam##T v;                                                                                     \
-            int k;                                                                                        \
-            d.status(zamsMax_##T(x.data(), n, &v)); d.add(&v, 1);                                         \
-            d.status(zamsMin_##T(x.data(), n, &v)); d.add(&v, 1);                                         \
-            d.status(zamsMaxIndx_##T(x.data(), n, &v, &k)); d.add(&v, 1); d.add(&k, 1);                   \
-            d.status(zamsMinIndx_##T(x.data(), n, &v, &k)); d.add(&v, 1); d.add(&k, 1);                   \
-        }                                                                                                 \
-    }
-#define DIGEST_ABS(T)                                                                                     \
-    {                                                                                                     \
-        auto x = dup_pool<Zam##T>(301, 43);                                                               \
-        Zam##T v;                                                                                         \
-        int k;                                                                                            \
-        d.status(zamsMaxAbs_##T(x.data(), 301, &v)); d.add(&v, 1);                                        \
-        d.status(zamsMinAbs_##T(x.data(), 301, &v)); d.add(&v, 1);                                        \
-        d.status(zamsMaxAbsIndx_##T(x.data(), 301, &v, &k)); d.add(&v, 1); d.add(&k, 1);                 \
-        d.status(zamsMinAbsIndx_##T(x.data(), 301, &v, &k)); d.add(&v, 1); d.add(&k, 1);                 \
-    }
-#define DIGEST_EVERY(T)                                                                                   \
-    {                                                                                                     \
-        auto a = every_pool<Zam##T>(44), b = every_pool<Zam##T>(45);                                      \
-        std::vector<Zam##T> o(a.size());                                                                  \
-        d.status(zamsMaxEvery_##T(a.data(), b.data(), o.data(), int(a.size()))); d.add(o);                \
-        d.status(zamsMinEvery_##T(a.data(), b.data(), o.data(), int(a.size()))); d.add(o);                \
-    }
-#define DIGEST_EVERY_I(T)                                                                                 \
-    {                                                                                                     \
-        auto a = every_pool<Zam##T>(44), b = every_pool<Zam##T>(45), c = b;                               \
-        const int n = int(a.size());                                                                      \
-        d.status(zamsMaxEvery_##T##_I(a.data(), c.data(), n)); d.add(c);                                  \
-        d.status(zamsMinEvery_##T##_I(b.data(), c.data(), n)); d.add(c);                                  \
-    }
+}
 
 ZAMS_DIGEST(extremes) {
-    DIGEST_EXT(16s) DIGEST_EXT(32s) DIGEST_EXT(32f) DIGEST_EXT(64f)
-    DIGEST_ABS(16s) DIGEST_ABS(32s)
-    DIGEST_MINMAX(8u) DIGEST_MINMAX(16s) DIGEST_MINMAX(16u) DIGEST_MINMAX(32s) DIGEST_MINMAX(32u)
-    DIGEST_MINMAX(32f) DIGEST_MINMAX(64f)
+    st::each([&](auto f) { digest_ext(d, f, dup_pool<typename decltype(f)::type>(301, 42), {1, 33, 34, 301}); },
+             EXT(16s), EXT(32s), EXT(32f), EXT(64f));
+    st::each([&](auto f) { digest_ext(d, f, dup_pool<typename decltype(f)::type>(301, 43), {301}); }, EXT_ABS(16s), EXT_ABS(32s));
+    st::each([&](auto f) {
+        using T = typename decltype(f)::type;
+        auto x = dup_pool<T>(301, 40, true), y = dup_pool<T>(301, 41);
+        for (int n : {1, 33, 34, 301}) {
+            T lo, hi;
+            int a, b;
+            d.status(f.mmi(x.data(), n, &lo, &a, &hi, &b)), d.add(&lo, 1), d.add(&hi, 1), d.add(&a, 1), d.add(&b, 1);
+            d.status(f.mm(y.data(), n, &lo, &hi)), d.add(&lo, 1), d.add(&hi, 1);
+        }
+    }, MINMAX(8u), MINMAX(16s), MINMAX(16u), MINMAX(32s), MINMAX(32u), MINMAX(32f), MINMAX(64f));
 }
 
 ZAMS_DIGEST(every) {
-    DIGEST_EVERY(8u) DIGEST_EVERY(16u) DIGEST_EVERY(32f) DIGEST_EVERY(64f)
-    DIGEST_EVERY_I(8u) DIGEST_EVERY_I(16u) DIGEST_EVERY_I(32f) DIGEST_EVERY_I(64f) DIGEST_EVERY_I(16s) DIGEST_EVERY_I(32s)
+    auto pools = [](auto f) { using T = typename decltype(f)::type; return std::pair{every_pool<T>(44), every_pool<T>(45)}; };
+    st::each([&](auto f) {
+        auto [a, b] = pools(f);
+        auto o = a;
+        d.status(f.max(a.data(), b.data(), o.data(), int(a.size()))), d.add(o);
+        d.status(f.min(a.data(), b.data(), o.data(), int(a.size()))), d.add(o);
+    }, EVERY(8u), EVERY(16u), EVERY(32f), EVERY(64f));
+    st::each([&](auto f) {
+        auto [a, b] = pools(f);
+        auto c = b;
+        d.status(f.max_i(a.data(), c.data(), int(a.size()))), d.add(c);
+        d.status(f.min_i(b.data(), c.data(), int(a.size()))), d.add(c);
+    }, EVERY(8u), EVERY(16u), EVERY(32f), EVERY(64f), EVERY_I(16s), EVERY_I(32s));
 }
 
 }  // namespace
