@@ -1,12 +1,13 @@
 // Power-of-two complex FFT: spec header layout, table builders and kernels
 // shared by the complex and real transforms.
 //
-// Interleaved transforms of orders 2 to 6 run straight-line code, orders
-// 7 to 11 two levels of it (fft_small.h), float order 12 three self-sorting
-// passes and orders 13 to 16 a radix-8 pass in front of shorter transforms
-// (fft_split.h), double orders 10 to 13 self-sorting radix-8/16 passes
-// (fft_double.h), natural order in and out. The split kinds, orders 0 and 1 and the longer
-// orders run the network below.
+// Interleaved transforms of orders 2 to 6 run straight-line code
+// (fft_small.h), orders 7 to 11 planar self-sorting passes (fft_planar.h),
+// float order 12 three interleaved self-sorting passes and orders 13 to 16
+// a radix-8 pass in front of shorter transforms (fft_split.h), double
+// orders 12 and 13 self-sorting radix-8/16 passes (fft_double.h), natural
+// order in and out. The split kinds, orders 0 and 1 and the longer orders
+// run the network below.
 //
 // The network is a decimation-in-time one on bit-reversed input: a
 // first pass reads the source in bit-reversed order and runs the twiddle-free
@@ -698,9 +699,8 @@ template <class Build> void* alloc_build(int specSize, int bufSize, Build build,
     return spec;
 }
 
-// Interleaved transform of a plan, src may be dst. Orders up to 11 run the
-// straight-line and two-level code (`work`, 2^M complex values, holds the
-// middle of the two levels). Long transforms first reverse the order in
+// Interleaved transform of a plan, src may be dst. Orders 7 to 16 pass
+// through `work` (2^M complex values) between their passes. Long transforms first reverse the order in
 // tiles; the rest fuse the reversal into the first pass and copy an
 // in-place source to `work`.
 inline constexpr int kTiledOrder = 13;
@@ -709,9 +709,9 @@ template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F*
         small_fft<F, Inv>(src, dst, pl.M);
     } else if (sizeof(F) == 8 && pl.M >= kDblMinOrder && pl.M <= kDblMaxOrder) {
         if constexpr (sizeof(F) == 8) dbl_fft<Inv>(src, dst, work, pl.M);
-    } else if (pl.M > kSmallMaxOrder && pl.M <= kMidMaxOrder) {
-        mid_fft<F, Inv>(src, dst, work, pl.M);
-    } else if (pl.M > kMidMaxOrder && pl.M <= big_max_order<F>()) {
+    } else if (pl.M >= kPlanarMinOrder && pl.M <= kPlanarMaxOrder) {
+        planar_fft<F, Inv>(src, dst, work, pl.M);
+    } else if (pl.M > kPlanarMaxOrder && pl.M <= big_max_order<F>()) {
         if constexpr (sizeof(F) == 4) big_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M >= kTiledOrder) {
         if (src != dst) bitrev_tiles(src, dst, pl.M);

@@ -1,4 +1,4 @@
-// Double-precision complex transforms of orders 10 to 13: self-sorting
+// Double-precision complex transforms of orders 12 and 13: self-sorting
 // passes of radix 8 or 16, natural order in and out, no bit reversal.
 //
 // A pass sees s interleaved sequences of length n = N / s (sequence q holds
@@ -27,14 +27,12 @@
 
 namespace zams::fft {
 
-inline constexpr int kDblMinOrder = 10;
+inline constexpr int kDblMinOrder = 12;
 inline constexpr int kDblMaxOrder = 13;
 
 // Radices of the passes of each order, first pass first (0 ends a list).
 inline constexpr int kDblRadix[kDblMaxOrder + 1][4] = {
-    {}, {}, {}, {}, {}, {}, {}, {}, {}, {},
-    {16, 8, 8, 0},    // 10
-    {16, 16, 8, 0},   // 11
+    {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {},
     {8, 8, 8, 8},     // 12
     {16, 8, 8, 8},    // 13
 };

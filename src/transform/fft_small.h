@@ -173,27 +173,18 @@ namespace zams::fft {
 // N = N1 N2 points, n = n1 + N1 n2, k = k2 + N2 k1. The first level runs
 // N2-point transforms across W columns n1 at a time, multiplies by
 // w_N^(n1 k2) and stores the transposed blocks to t (row n1 holds k2); the
-// second runs N1-point transforms across W columns k2 at a time and stores
-// contiguous vectors of the natural order. Source and destination are read
-// and written once each, so they may be the same array.
-inline constexpr int kMidMaxOrder = 11;
+// rows then hold N2 interleaved sequences of N1 points for the
+// self-sorting passes below. Float order 12 runs this way (fft_split.h);
+// orders 7 to 11 run the planar passes of fft_planar.h.
 
-// Up to 1024 points the factors keep their parts duplicated (the shuffles
-// saved pay); above, the table's size in the first-level cache costs more.
-template <int M1, int M2> inline constexpr bool kMidDup = M1 + M2 <= 10;
+// w_N^(n1 k2) at k2 N1 + n1.
 template <class F, int M1, int M2> struct MidTab {
     static constexpr int N1 = 1 << M1, N2 = 1 << M2;
-    static constexpr int W = VT<F>::W;
-    // w_N^(n1 k2) at k2 N1 + n1, or duplicated parts of vector (k2 N1 + n1) / W
-    alignas(64) F w[(kMidDup<M1, M2> ? 4 : 2) * N1 * N2];
+    alignas(64) F w[2 * N1 * N2];
     MidTab() {
         const long long N = 1LL << (M1 + M2);
         for (long long k2 = 0; k2 < N2; ++k2)
-            for (long long n1 = 0; n1 < N1; ++n1) {
-                const long long k = 2 * ((n1 * k2) % N);
-                if constexpr (kMidDup<M1, M2>) put_w_dup(w + 4 * (k2 * N1 + n1 - n1 % W), int(n1 % W), k, N);
-                else put_w(w + 2 * (k2 * N1 + n1), k, N);
-            }
+            for (long long n1 = 0; n1 < N1; ++n1) put_w(w + 2 * (k2 * N1 + n1), 2 * ((n1 * k2) % N), N);
     }
 };
 template <class F, int M1, int M2> const F* mid_tab() {
@@ -211,20 +202,6 @@ template <class F> inline void transpose_w(typename VT<F>::V* v) {
     }
 }
 
-// The N2-point transforms of columns g .. g + W - 1 (N1 columns), times
-// w_N^(n1 k2) from the table of mid_tab.
-template <class F, bool Inv, int M1, int M2>
-__attribute__((always_inline)) inline void column_step(const F* src, int g, typename VT<F>::V* z, const SmallTabs<F>& tb,
-                                                       const F* tw) {
-    constexpr int N1 = 1 << M1, N2 = 1 << M2;
-    vdft<F, Inv, N2>(src + 2 * g, N1 / VT<F>::W, z, tb.root[M2], 1);
-#pragma GCC unroll 64
-    for (int k = 1; k < N2; ++k) {
-        if constexpr (kMidDup<M1, M2>) z[k] = cmul_dup<F, Inv>(z[k], tw + 4 * (k * N1 + g));
-        else z[k] = cmul_mem<F, Inv>(z[k], tw + 2 * (k * N1 + g));
-    }
-}
-
 // The first level alone: columns transformed, multiplied and stored
 // transposed to t (row n1 holds k2).
 template <class F, bool Inv, int M1, int M2> void first_level(const F* src, F* t) {
@@ -235,7 +212,9 @@ template <class F, bool Inv, int M1, int M2> void first_level(const F* src, F* t
     const F* tw = mid_tab<F, M1, M2>();
     for (int g = 0; g < N1; g += W) {
         V z[N2];
-        column_step<F, Inv, M1, M2>(src, g, z, tb, tw);
+        vdft<F, Inv, N2>(src + 2 * g, N1 / W, z, tb.root[M2], 1);
+#pragma GCC unroll 64
+        for (int k = 1; k < N2; ++k) z[k] = cmul_mem<F, Inv>(z[k], tw + 2 * (k * N1 + g));
 #pragma GCC unroll 64
         for (int b = 0; b < N2; b += W) {
             transpose_w<F>(z + b);
@@ -290,32 +269,7 @@ template <class F, int K> const F* root_tab() {
     return t.w;
 }
 
-// The second level is a last self-sorting pass: N1-point transforms across
-// W columns k2 at a time, contiguous vectors of the natural order out.
-template <class F, bool Inv, int M1, int M2> void mid_fft_m(const F* src, F* dst, F* t) {
-    first_level<F, Inv, M1, M2>(src, t);
-    sort_pass<F, Inv, 1 << M1, 1 << (M1 + M2), 1 << M2, 0>(t, dst, nullptr);
-}
-
-// M1 (the first level runs 2^M1 columns of 2^(M - M1) points) for orders
-// 7 to 11, by precision: the splits that ran fastest. Float order 11 takes
-// 32-point columns: with 64-point ones the first level's loop is 12 KB of
-// straight-line code, and its speed swings by a fifth with where the linker
-// happens to place it. Double orders 10 and 11 run faster as the
-// self-sorting passes of fft_double.h.
-template <class F> inline constexpr int kMidSplit[kMidMaxOrder + 1] = {0, 0, 0, 0, 0, 0, 0, 2, 3, 4, 5, 6};
-template <> inline constexpr int kMidSplit<double>[kMidMaxOrder + 1] = {0, 0, 0, 0, 0, 0, 0, 3, 3, 4, 5, 5};
-
-// Orders 7 to 11 through a buffer t of 2^M complex values. Out of place the
-// destination is the buffer: the second level reads and writes the same
-// columns of it, so the data stays in two arrays instead of three.
-template <class F, bool Inv> void mid_fft(const F* src, F* dst, F* t, int M) {
-    if (src != dst) t = dst;
-    with_order<kSmallMaxOrder + 1, kMidMaxOrder>(M, [&]<int K>() {
-        mid_fft_m<F, Inv, kMidSplit<F>[K], K - kMidSplit<F>[K]>(src, dst, t);
-    });
-}
-
 }  // namespace zams::fft
 
+#include "fft_planar.h"
 #include "fft_split.h"

@@ -5,7 +5,8 @@
 // passes into the destination and 32-point ones in place there.
 //
 // Orders 13 to 16: one radix-8 pass in front of 8 shorter transforms: the
-// two-level code up to order 14, this code again at orders 15 and 16.
+// planar passes (fft_planar.h) up to order 14, this code again at orders 15
+// and 16.
 //
 // N = R NR, n = n2 + NR n1, k = k1 + R k2. The first pass runs R-point
 // transforms across W positions n2 at a time (inputs NR apart, contiguous
@@ -23,7 +24,7 @@
 
 namespace zams::fft {
 
-template <class F> constexpr int big_max_order() { return sizeof(F) == 4 ? 16 : kMidMaxOrder; }
+template <class F> constexpr int big_max_order() { return sizeof(F) == 4 ? 16 : kPlanarMaxOrder; }
 
 template <class F, bool Inv> void big_fft(const F* src, F* dst, F* work, int M);
 
@@ -60,7 +61,7 @@ template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst
     }
     for (int k1 = 0; k1 < R; ++k1) {
         F* row = work + 2 * k1 * NR;
-        if constexpr (M - LR <= kMidMaxOrder) mid_fft<F, Inv>(row, row, dst, M - LR);
+        if constexpr (M - LR <= kPlanarMaxOrder) planar_fft<F, Inv>(row, row, dst, M - LR);
         else big_fft<F, Inv>(row, row, dst, M - LR);
     }
     for (int k = 0; k < NR; k += W) {
