@@ -709,9 +709,9 @@ template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F*
         small_fft<F, Inv>(src, dst, pl.M);
     } else if (sizeof(F) == 8 && pl.M >= kDblMinOrder && pl.M <= kDblMaxOrder) {
         if constexpr (sizeof(F) == 8) dbl_fft<Inv>(src, dst, work, pl.M);
-    } else if (pl.M >= kPlanarMinOrder && pl.M <= kPlanarMaxOrder) {
+    } else if (pl.M >= kPlanarMinOrder && pl.M <= planar_max_order<F>()) {
         planar_fft<F, Inv>(src, dst, work, pl.M);
-    } else if (pl.M > kPlanarMaxOrder && pl.M <= big_max_order<F>()) {
+    } else if (pl.M > planar_max_order<F>() && pl.M <= big_max_order<F>()) {
         if constexpr (sizeof(F) == 4) big_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M >= kTiledOrder) {
         if (src != dst) bitrev_tiles(src, dst, pl.M);

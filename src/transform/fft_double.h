@@ -11,7 +11,7 @@
 // The first pass (s = 1) runs its R-point transforms across two p at once
 // (the two lanes of a vector) and swaps lanes into place as it stores; its
 // factors lie in reading order, one vector (w^(pk), w^((p+1)k)) a step. The
-// later passes are sort_pass of fft_small.h: two sequences q at once, one
+// later passes are sort_pass below: two sequences q at once, one
 // factor w_N^(pks) broadcast to both lanes. The R-point transforms are the straight-line
 // ones of fft_small.h; with R at most 16 a 256-bit vector of two points
 // keeps them near the register count of the 64-bit target.
@@ -23,7 +23,7 @@
 // 4 KB apart (order 12) lose to four radix-8 passes on cache-set conflicts.
 #pragma once
 
-// Included from fft_core.h behind fft_small.h (vdft, cmul_bc, cmul_mem).
+// Included from fft_core.h behind fft_small.h (vdft, cmul_bc, cmul_mem, ilog2).
 
 namespace zams::fft {
 
@@ -36,6 +36,37 @@ inline constexpr int kDblRadix[kDblMaxOrder + 1][4] = {
     {8, 8, 8, 8},     // 12
     {16, 8, 8, 8},    // 13
 };
+
+// A self-sorting pass of radix R over s >= W interleaved sequences of
+// length n = N / s (sequence q holds the points q + s j). With m = n / R it
+// takes the R points j = p + r m of every sequence, transforms them to b_k
+// and stores b_k w_N^(p k s) at q + s (R p + k): the next pass sees R s
+// sequences of length m. It runs across W sequences at once with one
+// factor broadcast to every lane, w_N^(p k s) = root[2 p k s]. With m = 1
+// there are no factors, and x may be y: every position is read before it
+// is written.
+template <class F, bool Inv, int R, int N, int s> void sort_pass(const F* x, F* y, const F* root) {
+    using T = VT<F>;
+    constexpr int W = T::W, m = N / (s * R), xs = s * m / W;
+    const F* rt = small_tabs<F>().root[ilog2(R)];
+    for (int q = 0; q < s; q += W) {
+        typename T::V c[R];
+        vdft<F, Inv, R>(x + 2 * q, xs, c, rt, 1);
+#pragma GCC unroll 64
+        for (int k = 0; k < R; ++k) T::store(y + 2 * (q + s * k), c[k]);
+    }
+    for (int p = 1; p < m; ++p) {
+        const F* w = root + 2 * p * s;
+        for (int q = 0; q < s; q += W) {
+            typename T::V c[R];
+            vdft<F, Inv, R>(x + 2 * (q + s * p), xs, c, rt, 1);
+#pragma GCC unroll 64
+            for (int k = 1; k < R; ++k) c[k] = cmul_bc<F, Inv>(c[k], w + 2 * p * s * (k - 1));
+#pragma GCC unroll 64
+            for (int k = 0; k < R; ++k) T::store(y + 2 * (q + s * (R * p + k)), c[k]);
+        }
+    }
+}
 
 // w_N^j for j < N, and the first pass's factors in reading order.
 template <int M> struct DblTab {
@@ -90,7 +121,7 @@ template <bool Inv, int M> void dbl_fft_m(const double* src, double* dst, double
     auto step = [&]<int I>() {
         double* y = (I == P - 1 || x == work) ? dst : work;
         constexpr int s = dbl_stride(M, I);
-        sort_pass<double, Inv, rad[I], N, s, s>(x, y, tb.root);
+        sort_pass<double, Inv, rad[I], N, s>(x, y, tb.root);
         x = y;
     };
     step.template operator()<1>();

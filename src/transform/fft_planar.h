@@ -1,7 +1,7 @@
-// Complex orders 7 to 11 in planar form: between passes the data lies in
-// blocks of L points (L = 8 floats or 4 doubles, one vector), the L real
-// parts and then the L imaginary parts, so a complex vector is two
-// registers (re, im). A product by a factor is four multiplies and two
+// Complex orders 7 to 11 (float 7 to 12) in planar form: between passes
+// the data lies in blocks of L points (L = 8 floats or 4 doubles, one
+// vector), the L real parts and then the L imaginary parts, so a complex
+// vector is two registers (re, im). A product by a factor is four multiplies and two
 // adds with no shuffles, and the products by -i and +i of the radix-4
 // butterflies are free: the parts trade places and the signs go into the
 // adds around them. Shuffles are left to the edges: the first pass turns
@@ -12,7 +12,7 @@
 // across L columns n1 at a time, multiplies result k2 by w_N^(n1 k2) and
 // transposes blocks of L x L, so row n1 of the buffer holds k2 = 0 .. R0 - 1:
 // R0 sequences (q = k2) of N1 points. Then self-sorting passes as in
-// sort_pass of fft_small.h, each across L sequences at once: a pass of radix
+// sort_pass of fft_double.h, each across L sequences at once: a pass of radix
 // R over s sequences of length n = N / s takes the points p + r m (m = n / R)
 // of every sequence, transforms them to b_k, multiplies by w_N^(p k s) and
 // stores them at q + s (R p + k). The last pass (m = 1) stores interleaved.
@@ -258,17 +258,20 @@ template <class F, bool Inv, int R, int N, int s> void planar_pass(const F* x, F
 
 // Radices of the passes of each order, first pass first (0 ends a list):
 // the fastest of the splits timed. The short radix-4 pass after the
-// first keeps every transform within the registers.
-inline constexpr int kPlanarMinOrder = 7, kPlanarMaxOrder = 11;
-template <class F> inline constexpr int kPlanarRadix[kPlanarMaxOrder + 1][4] = {
+// first keeps every transform within the registers. Double order 12 runs
+// faster as the interleaved passes of fft_double.h.
+inline constexpr int kPlanarMinOrder = 7;
+template <class F> constexpr int planar_max_order() { return sizeof(F) == 4 ? 12 : 11; }
+template <class F> inline constexpr int kPlanarRadix[13][4] = {
     {}, {}, {}, {}, {}, {}, {},
     {16, 8, 0, 0},   // 7
     {16, 16, 0, 0},  // 8
     {16, 4, 8, 0},   // 9
     {16, 4, 16, 0},  // 10
     {16, 4, 4, 8},   // 11
+    {16, 8, 32, 0},  // 12
 };
-template <> inline constexpr int kPlanarRadix<double>[kPlanarMaxOrder + 1][4] = {
+template <> inline constexpr int kPlanarRadix<double>[13][4] = {
     {}, {}, {}, {}, {}, {}, {},
     {16, 8, 0, 0},   // 7
     {16, 16, 0, 0},  // 8
@@ -303,7 +306,7 @@ template <class F, bool Inv, int M> void planar_fft_m(const F* src, F* dst, F* w
 }
 
 template <class F, bool Inv> void planar_fft(const F* src, F* dst, F* work, int M) {
-    with_order<kPlanarMinOrder, kPlanarMaxOrder>(M, [&]<int K>() { planar_fft_m<F, Inv, K>(src, dst, work); });
+    with_order<kPlanarMinOrder, planar_max_order<F>()>(M, [&]<int K>() { planar_fft_m<F, Inv, K>(src, dst, work); });
 }
 
 }  // namespace zams::fft

@@ -169,95 +169,9 @@ template <class F, bool Inv> void small_fft(const F* src, F* dst, int M) {
 
 namespace zams::fft {
 
-// ------------------------------------------------------------ two levels --
-// N = N1 N2 points, n = n1 + N1 n2, k = k2 + N2 k1. The first level runs
-// N2-point transforms across W columns n1 at a time, multiplies by
-// w_N^(n1 k2) and stores the transposed blocks to t (row n1 holds k2); the
-// rows then hold N2 interleaved sequences of N1 points for the
-// self-sorting passes below. Float order 12 runs this way (fft_split.h);
-// orders 7 to 11 run the planar passes of fft_planar.h.
-
-// w_N^(n1 k2) at k2 N1 + n1.
-template <class F, int M1, int M2> struct MidTab {
-    static constexpr int N1 = 1 << M1, N2 = 1 << M2;
-    alignas(64) F w[2 * N1 * N2];
-    MidTab() {
-        const long long N = 1LL << (M1 + M2);
-        for (long long k2 = 0; k2 < N2; ++k2)
-            for (long long n1 = 0; n1 < N1; ++n1) put_w(w + 2 * (k2 * N1 + n1), 2 * ((n1 * k2) % N), N);
-    }
-};
-template <class F, int M1, int M2> const F* mid_tab() {
-    static const MidTab<F, M1, M2> t;
-    return t.w;
-}
-
-template <class F> inline void transpose_w(typename VT<F>::V* v) {
-    if constexpr (sizeof(F) == 4) {
-        FirstVec<F>::transpose(v[0], v[1], v[2], v[3]);
-    } else {
-        const auto a = _mm256_permute2f128_pd(v[0], v[1], 0x20), b = _mm256_permute2f128_pd(v[0], v[1], 0x31);
-        v[0] = a;
-        v[1] = b;
-    }
-}
-
-// The first level alone: columns transformed, multiplied and stored
-// transposed to t (row n1 holds k2).
-template <class F, bool Inv, int M1, int M2> void first_level(const F* src, F* t) {
-    using T = VT<F>;
-    using V = typename T::V;
-    constexpr int W = T::W, N1 = 1 << M1, N2 = 1 << M2;
-    const SmallTabs<F>& tb = small_tabs<F>();
-    const F* tw = mid_tab<F, M1, M2>();
-    for (int g = 0; g < N1; g += W) {
-        V z[N2];
-        vdft<F, Inv, N2>(src + 2 * g, N1 / W, z, tb.root[M2], 1);
-#pragma GCC unroll 64
-        for (int k = 1; k < N2; ++k) z[k] = cmul_mem<F, Inv>(z[k], tw + 2 * (k * N1 + g));
-#pragma GCC unroll 64
-        for (int b = 0; b < N2; b += W) {
-            transpose_w<F>(z + b);
-#pragma GCC unroll 64
-            for (int j = 0; j < W; ++j) T::store(t + 2 * ((g + j) * N2 + b), z[b + j]);
-        }
-    }
-}
-
 constexpr int ilog2(int r) { return r <= 1 ? 0 : 1 + ilog2(r / 2); }
 
-// A self-sorting pass of radix R over s >= W interleaved sequences of
-// length n = N / s (sequence q holds the points q + s j). With m = n / R it
-// takes the R points j = p + r m of every sequence, transforms them to b_k
-// and stores b_k w_N^(p k s) at q + s (R p + k): the next pass sees R s
-// sequences of length m. It runs across W sequences at once with one
-// factor broadcast to every lane, w_N^(p k s) = root[2 p k TS] (TS = s for
-// a table of w_N, 1 for a table of w_(N/s)). With m = 1 there are no
-// factors, and x may be y: every position is read before it is written.
-template <class F, bool Inv, int R, int N, int s, int TS> void sort_pass(const F* x, F* y, const F* root) {
-    using T = VT<F>;
-    constexpr int W = T::W, m = N / (s * R), xs = s * m / W;
-    const F* rt = small_tabs<F>().root[ilog2(R)];
-    for (int q = 0; q < s; q += W) {
-        typename T::V c[R];
-        vdft<F, Inv, R>(x + 2 * q, xs, c, rt, 1);
-#pragma GCC unroll 64
-        for (int k = 0; k < R; ++k) T::store(y + 2 * (q + s * k), c[k]);
-    }
-    for (int p = 1; p < m; ++p) {
-        const F* w = root + 2 * p * TS;
-        for (int q = 0; q < s; q += W) {
-            typename T::V c[R];
-            vdft<F, Inv, R>(x + 2 * (q + s * p), xs, c, rt, 1);
-#pragma GCC unroll 64
-            for (int k = 1; k < R; ++k) c[k] = cmul_bc<F, Inv>(c[k], w + 2 * p * TS * (k - 1));
-#pragma GCC unroll 64
-            for (int k = 0; k < R; ++k) T::store(y + 2 * (q + s * (R * p + k)), c[k]);
-        }
-    }
-}
-
-// w_(2^K)^j for j < 2^K: the factors of a self-sorting pass with TS = 1.
+// w_(2^K)^j for j < 2^K: the factors of the self-sorting passes.
 template <class F, int K> struct RootTab {
     alignas(64) F w[2 << K];
     RootTab() {

@@ -1,30 +1,34 @@
-// Float orders 12 to 16.
-//
-// Order 12 runs three self-sorting passes of radix 16, 8 and 32 (fft_small.h):
-// the first level's 16-point columns into the work buffer, then 8-point
-// passes into the destination and 32-point ones in place there.
-//
-// Orders 13 to 16: one radix-8 pass in front of 8 shorter transforms: the
-// planar passes (fft_planar.h) up to order 14, this code again at orders 15
-// and 16.
+// Float orders 13 to 16: one radix-8 pass in front of 8 shorter
+// transforms, the planar passes of fft_planar.h for the rows of orders 13
+// to 15, this code again for those of order 16.
 //
 // N = R NR, n = n2 + NR n1, k = k1 + R k2. The first pass runs R-point
 // transforms across W positions n2 at a time (inputs NR apart, contiguous
 // vectors), multiplies result k1 by w_N^(n2 k1) and stores it to row k1 of
 // the work buffer. Each row is then an NR-point transform in place (its
 // scratch is the destination, free by then: the source has been read
-// whole; a row of order 12 or 13 takes its own work buffer from there
-// too), and a last pass interleaves the rows: bin k1 + R k2 is element k2
-// of row k1. Every stream is read and written contiguously, so the
-// source may be the destination. Longer orders, and the double kinds from
-// order 12, keep the network.
+// whole; a row of order 13 takes its own work buffer from there too), and
+// a last pass interleaves the rows: bin k1 + R k2 is element k2 of row k1.
+// Every stream is read and written contiguously, so the source may be the
+// destination. Longer orders, and the double kinds from order 14, keep the
+// network.
 #pragma once
 
 // Included from the end of fft_small.h.
 
 namespace zams::fft {
 
-template <class F> constexpr int big_max_order() { return sizeof(F) == 4 ? 16 : kPlanarMaxOrder; }
+template <class F> inline void transpose_w(typename VT<F>::V* v) {
+    if constexpr (sizeof(F) == 4) {
+        FirstVec<F>::transpose(v[0], v[1], v[2], v[3]);
+    } else {
+        const auto a = _mm256_permute2f128_pd(v[0], v[1], 0x20), b = _mm256_permute2f128_pd(v[0], v[1], 0x31);
+        v[0] = a;
+        v[1] = b;
+    }
+}
+
+template <class F> constexpr int big_max_order() { return sizeof(F) == 4 ? 16 : planar_max_order<F>(); }
 
 template <class F, bool Inv> void big_fft(const F* src, F* dst, F* work, int M);
 
@@ -61,7 +65,7 @@ template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst
     }
     for (int k1 = 0; k1 < R; ++k1) {
         F* row = work + 2 * k1 * NR;
-        if constexpr (M - LR <= kPlanarMaxOrder) planar_fft<F, Inv>(row, row, dst, M - LR);
+        if constexpr (M - LR <= planar_max_order<F>()) planar_fft<F, Inv>(row, row, dst, M - LR);
         else big_fft<F, Inv>(row, row, dst, M - LR);
     }
     for (int k = 0; k < NR; k += W) {
@@ -77,19 +81,8 @@ template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst
     }
 }
 
-// Orders 12 to 16 through a work buffer of 2^M complex values.
-// 4096 points as 16 x 8 x 32: each pass's transforms fit the registers
-// better than the 64-point ones of a two-level split, and every pass stays
-// in the first-level cache.
-template <class F, bool Inv> void sort_fft12(const F* src, F* dst, F* work) {
-    constexpr int N = 1 << 12;
-    first_level<F, Inv, 8, 4>(src, work);
-    sort_pass<F, Inv, 8, N, 16, 1>(work, dst, root_tab<F, 8>());
-    sort_pass<F, Inv, 32, N, 128, 0>(dst, dst, nullptr);
-}
-
+// Orders 13 to 16 through a work buffer of 2^M complex values.
 template <class F, bool Inv> void big_fft(const F* src, F* dst, F* work, int M) {
-    if (M == 12) return sort_fft12<F, Inv>(src, dst, work);
     with_order<13, big_max_order<F>()>(M, [&]<int K>() { split_fft_m<F, Inv, K, 8>(src, dst, work); });
 }
 
