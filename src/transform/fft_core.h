@@ -2,12 +2,12 @@
 // shared by the complex and real transforms.
 //
 // Interleaved transforms of orders 2 to 6 run straight-line code
-// (fft_small.h), orders 7 to 11 planar self-sorting passes (fft_planar.h),
-// float order 12 three interleaved self-sorting passes and orders 13 to 16
-// a radix-8 pass in front of shorter transforms (fft_split.h), double
-// orders 12 and 13 self-sorting radix-8/16 passes (fft_double.h), natural
-// order in and out. The split kinds, orders 0 and 1 and the longer orders
-// run the network below.
+// (fft_small.h), orders 7 to 11 and float order 12 planar self-sorting
+// passes (fft_planar.h), float orders 13 to 16 and double order 14 a
+// radix-8 pass in front of shorter transforms (fft_split.h), double orders
+// 12 and 13 self-sorting radix-8/16 passes (fft_double.h), natural order
+// in and out. The split kinds, orders 0 and 1 and the longer orders run
+// the network below.
 //
 // The network is a decimation-in-time one on bit-reversed input: a
 // first pass reads the source in bit-reversed order and runs the twiddle-free
@@ -628,7 +628,6 @@ template <class F> Plan<F> plan_of(const Hdr<F>* h, int M);
 }  // namespace zams::fft
 
 #include "fft_small.h"
-#include "fft_double.h"
 #include "fft_static_tables.h"
 
 namespace zams::fft {
@@ -712,7 +711,7 @@ template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F*
     } else if (pl.M >= kPlanarMinOrder && pl.M <= planar_max_order<F>()) {
         planar_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M > planar_max_order<F>() && pl.M <= big_max_order<F>()) {
-        if constexpr (sizeof(F) == 4) big_fft<F, Inv>(src, dst, work, pl.M);
+        big_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M >= kTiledOrder) {
         if (src != dst) bitrev_tiles(src, dst, pl.M);
         else bitrev_tiles_inplace(dst, pl.M);

@@ -23,7 +23,7 @@
 // 4 KB apart (order 12) lose to four radix-8 passes on cache-set conflicts.
 #pragma once
 
-// Included from fft_core.h behind fft_small.h (vdft, cmul_bc, cmul_mem, ilog2).
+// Included from the end of fft_small.h (vdft, cmul_bc, cmul_mem, ilog2).
 
 namespace zams::fft {
 

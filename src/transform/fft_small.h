@@ -187,3 +187,4 @@ template <class F, int K> const F* root_tab() {
 
 #include "fft_planar.h"
 #include "fft_split.h"
+#include "fft_double.h"

@@ -1,6 +1,6 @@
-// Float orders 13 to 16: one radix-8 pass in front of 8 shorter
-// transforms, the planar passes of fft_planar.h for the rows of orders 13
-// to 15, this code again for those of order 16.
+// Float orders 13 to 16 and double order 14: one radix-8 pass in front of
+// 8 shorter transforms, the planar passes of fft_planar.h for the rows of
+// orders 13 to 15, this code again for those of order 16.
 //
 // N = R NR, n = n2 + NR n1, k = k1 + R k2. The first pass runs R-point
 // transforms across W positions n2 at a time (inputs NR apart, contiguous
@@ -10,7 +10,7 @@
 // whole; a row of order 13 takes its own work buffer from there too), and
 // a last pass interleaves the rows: bin k1 + R k2 is element k2 of row k1.
 // Every stream is read and written contiguously, so the source may be the
-// destination. Longer orders, and the double kinds from order 14, keep the
+// destination. Longer orders, and the double kinds from order 15, keep the
 // network.
 #pragma once
 
@@ -28,7 +28,9 @@ template <class F> inline void transpose_w(typename VT<F>::V* v) {
     }
 }
 
-template <class F> constexpr int big_max_order() { return sizeof(F) == 4 ? 16 : planar_max_order<F>(); }
+// Double order 14 runs this way too (rows of order 11); from order 15 the
+// network is as fast for double.
+template <class F> constexpr int big_max_order() { return sizeof(F) == 4 ? 16 : 14; }
 
 template <class F, bool Inv> void big_fft(const F* src, F* dst, F* work, int M);
 
