@@ -198,6 +198,7 @@ template <class F, bool Inv, int M, int R0> void planar_first(const F* src, F* t
     using Pl = Planar<F>;
     using C = PV<F>;
     constexpr int L = Pl::L, N1 = (1 << M) / R0;
+    static_assert(N1 % L == 0 && R0 % L == 0, "the first pass works on whole blocks of L columns and L rows");
     const F* rt = small_tabs<F>().root[ilog2(R0)];
     const F* tw = planar_tab<F, M, R0>();
     for (int g = 0; g < N1; g += L) {
@@ -235,6 +236,7 @@ template <class F, bool Inv, int M, int R0> void planar_first(const F* src, F* t
 template <class F, bool Inv, int R, int N, int s> void planar_pass(const F* x, F* y, const F* root) {
     using C = PV<F>;
     constexpr int L = Planar<F>::L, m = N / (s * R), xs = s * m;
+    static_assert(s % L == 0 && m * s * R == N, "a pass works on whole blocks of L sequences");
     const F* rt = small_tabs<F>().root[ilog2(R)];
     for (int p = 0; p < m; ++p) {
         for (int q = 0; q < s; q += L) {
