@@ -699,9 +699,9 @@ template <class Build> void* alloc_build(int specSize, int bufSize, Build build,
 }
 
 // Interleaved transform of a plan, src may be dst. Orders 7 to 16 pass
-// through `work` (2^M complex values) between their passes. Long transforms first reverse the order in
-// tiles; the rest fuse the reversal into the first pass and copy an
-// in-place source to `work`.
+// through `work` (2^M complex values) between their passes. Long
+// transforms first reverse the order in tiles; the rest fuse the reversal
+// into the first pass and copy an in-place source to `work`.
 inline constexpr int kTiledOrder = 13;
 template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F* dst, F* work) {
     if (pl.M <= kSmallMaxOrder && pl.M >= kSmallMinOrder) {
@@ -710,7 +710,7 @@ template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F*
         if constexpr (sizeof(F) == 8) dbl_fft<Inv>(src, dst, work, pl.M);
     } else if (pl.M >= kPlanarMinOrder && pl.M <= planar_max_order<F>()) {
         planar_fft<F, Inv>(src, dst, work, pl.M);
-    } else if (pl.M > planar_max_order<F>() && pl.M <= big_max_order<F>()) {
+    } else if (pl.M >= big_min_order<F>() && pl.M <= big_max_order<F>()) {
         big_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M >= kTiledOrder) {
         if (src != dst) bitrev_tiles(src, dst, pl.M);

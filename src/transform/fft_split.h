@@ -30,6 +30,7 @@ template <class F> inline void transpose_w(typename VT<F>::V* v) {
 
 // Double order 14 runs this way too (rows of order 11); from order 15 the
 // network is as fast for double.
+template <class F> constexpr int big_min_order() { return sizeof(F) == 4 ? 13 : 14; }
 template <class F> constexpr int big_max_order() { return sizeof(F) == 4 ? 16 : 14; }
 
 template <class F, bool Inv> void big_fft(const F* src, F* dst, F* work, int M);
@@ -83,9 +84,10 @@ template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst
     }
 }
 
-// Orders 13 to 16 through a work buffer of 2^M complex values.
+// Float orders 13 to 16 and double order 14, through a work buffer of 2^M
+// complex values.
 template <class F, bool Inv> void big_fft(const F* src, F* dst, F* work, int M) {
-    with_order<13, big_max_order<F>()>(M, [&]<int K>() { split_fft_m<F, Inv, K, 8>(src, dst, work); });
+    with_order<big_min_order<F>(), big_max_order<F>()>(M, [&]<int K>() { split_fft_m<F, Inv, K, 8>(src, dst, work); });
 }
 
 }  // namespace zams::fft
