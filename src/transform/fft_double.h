@@ -107,29 +107,19 @@ template <bool Inv, int R, int N> void dbl_first(const double* x, double* y, con
     }
 }
 
-constexpr int dbl_stride(int M, int i) { return i == 0 ? 1 : dbl_stride(M, i - 1) * kDblRadix[M][i - 1]; }
-
 // Even counts out of place start in the destination and end with the last
 // pass in place there; in place, and odd counts, start in the work buffer.
 template <bool Inv, int M> void dbl_fft_m(const double* src, double* dst, double* work) {
-    constexpr int N = 1 << M;
-    constexpr const int* rad = kDblRadix[M];
-    constexpr int P = rad[3] ? 4 : 3;
+    constexpr int N = 1 << M, P = pass_count(kDblRadix[M]);
     const DblTab<M>& tb = dbl_tab<M>();
     double* x = ((P & 1) || src == dst) ? work : dst;
-    dbl_first<Inv, rad[0], N>(src, x, tb.first);
-    auto step = [&]<int I>() {
-        double* y = (I == P - 1 || x == work) ? dst : work;
-        constexpr int s = dbl_stride(M, I);
-        sort_pass<double, Inv, rad[I], N, s>(x, y, tb.root);
-        x = y;
-    };
-    step.template operator()<1>();
-    step.template operator()<2>();
-    if constexpr (P > 3) step.template operator()<3>();
+    dbl_first<Inv, kDblRadix[M][0], N>(src, x, tb.first);
+    later_passes<P>(x, dst, work, [&]<int I>(const double* in, double* out) {
+        sort_pass<double, Inv, kDblRadix[M][I], N, pass_stride(kDblRadix[M], I)>(in, out, tb.root);
+    });
 }
 
-// Orders 10 to 13; src may be dst, work holds 2^M complex values.
+// Orders 12 and 13; src may be dst, work holds 2^M complex values.
 template <bool Inv> void dbl_fft(const double* src, double* dst, double* work, int M) {
     with_order<kDblMinOrder, kDblMaxOrder>(M, [&]<int K>() { dbl_fft_m<Inv, K>(src, dst, work); });
 }

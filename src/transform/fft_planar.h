@@ -283,28 +283,17 @@ template <> inline constexpr int kPlanarRadix<double>[13][4] = {
 };
 
 // Order M through a work buffer of 2^M complex values; src may be dst.
-// The first pass writes the work buffer (the destination too when only
-// one pass follows and the source is elsewhere); the passes then alternate,
-// the last one writing the destination, in place there if need be.
+// The first pass writes the work buffer (the destination when only one
+// pass follows and the source is elsewhere); later_passes does the rest.
 template <class F, bool Inv, int M> void planar_fft_m(const F* src, F* dst, F* work) {
-    constexpr const int* rad = kPlanarRadix<F>[M];
-    constexpr int P = rad[3] ? 4 : rad[2] ? 3 : 2;
+    constexpr const int(&rad)[4] = kPlanarRadix<F>[M];
+    constexpr int P = pass_count(rad);
     const F* root = root_tab<F, M>();
     F* x = (P == 2 && src != dst) ? dst : work;
     planar_first<F, Inv, M, rad[0]>(src, x);
-    auto step = [&]<int I>() {
-        constexpr int s = [] {
-            int v = 1;
-            for (int j = 0; j < I; ++j) v *= kPlanarRadix<F>[M][j];
-            return v;
-        }();
-        F* y = (I == P - 1 || x == work) ? dst : work;
-        planar_pass<F, Inv, rad[I], 1 << M, s>(x, y, root);
-        x = y;
-    };
-    step.template operator()<1>();
-    if constexpr (P > 2) step.template operator()<2>();
-    if constexpr (P > 3) step.template operator()<3>();
+    later_passes<P>(x, dst, work, [&]<int I>(const F* in, F* out) {
+        planar_pass<F, Inv, rad[I], 1 << M, pass_stride(rad, I)>(in, out, root);
+    });
 }
 
 template <class F, bool Inv> void planar_fft(const F* src, F* dst, F* work, int M) {

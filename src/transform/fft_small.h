@@ -171,6 +171,34 @@ namespace zams::fft {
 
 constexpr int ilog2(int r) { return r <= 1 ? 0 : 1 + ilog2(r / 2); }
 
+// Radix lists of the self-sorting transforms: at most four radices, first
+// pass first, 0 ends a list. A pass sees as many sequences as the product
+// of the radices before it.
+constexpr int pass_count(const int (&rad)[4]) {
+    int p = 0;
+    while (p < 4 && rad[p]) ++p;
+    return p;
+}
+constexpr int pass_stride(const int (&rad)[4], int i) {
+    int s = 1;
+    for (int j = 0; j < i; ++j) s *= rad[j];
+    return s;
+}
+
+// The passes after the first of a P-pass transform, from x (where the first
+// pass wrote): pass.template operator()<I>(in, out) for I = 1 .. P - 1. They
+// alternate between the work buffer and the destination, the last one
+// writing the destination, in place there when the one before did too.
+template <int P, class F, class Pass> void later_passes(F* x, F* dst, F* work, Pass&& pass) {
+    [&]<int... I>(std::integer_sequence<int, I...>) {
+        ([&] {
+            F* y = (I + 2 == P || x == work) ? dst : work;
+            pass.template operator()<I + 1>(x, y);
+            x = y;
+        }(), ...);
+    }(std::make_integer_sequence<int, P - 1>{});
+}
+
 // w_(2^K)^j for j < 2^K: the factors of the self-sorting passes.
 template <class F, int K> struct RootTab {
     alignas(64) F w[2 << K];
