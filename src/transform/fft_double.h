@@ -107,12 +107,11 @@ template <bool Inv, int R, int N> void dbl_first(const double* x, double* y, con
     }
 }
 
-// Even counts out of place start in the destination and end with the last
-// pass in place there; in place, and odd counts, start in the work buffer.
+// Through first_out and later_passes of fft_small.h.
 template <bool Inv, int M> void dbl_fft_m(const double* src, double* dst, double* work) {
     constexpr int N = 1 << M, P = pass_count(kDblRadix[M]);
     const DblTab<M>& tb = dbl_tab<M>();
-    double* x = ((P & 1) || src == dst) ? work : dst;
+    double* x = first_out<P>(src, dst, work);
     dbl_first<Inv, kDblRadix[M][0], N>(src, x, tb.first);
     later_passes<P>(x, dst, work, [&]<int I>(const double* in, double* out) {
         sort_pass<double, Inv, kDblRadix[M][I], N, pass_stride(kDblRadix[M], I)>(in, out, tb.root);

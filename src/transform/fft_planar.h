@@ -283,13 +283,12 @@ template <> inline constexpr int kPlanarRadix<double>[13][4] = {
 };
 
 // Order M through a work buffer of 2^M complex values; src may be dst.
-// The first pass writes the work buffer (the destination when only one
-// pass follows and the source is elsewhere); later_passes does the rest.
+// The first pass writes where first_out says, later_passes does the rest.
 template <class F, bool Inv, int M> void planar_fft_m(const F* src, F* dst, F* work) {
     constexpr const int(&rad)[4] = kPlanarRadix<F>[M];
     constexpr int P = pass_count(rad);
     const F* root = root_tab<F, M>();
-    F* x = (P == 2 && src != dst) ? dst : work;
+    F* x = first_out<P>(src, dst, work);
     planar_first<F, Inv, M, rad[0]>(src, x);
     later_passes<P>(x, dst, work, [&]<int I>(const F* in, F* out) {
         planar_pass<F, Inv, rad[I], 1 << M, pass_stride(rad, I)>(in, out, root);

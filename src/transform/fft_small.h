@@ -185,6 +185,11 @@ constexpr int pass_stride(const int (&rad)[4], int i) {
     return s;
 }
 
+// Where the first pass of a P-pass transform writes: out of place with an
+// even count, the destination (the passes then end with the last one in
+// place there); in place, and with an odd count, the work buffer.
+template <int P, class F> F* first_out(const F* src, F* dst, F* work) { return ((P & 1) || src == dst) ? work : dst; }
+
 // The passes after the first of a P-pass transform, from x (where the first
 // pass wrote): pass.template operator()<I>(in, out) for I = 1 .. P - 1. They
 // alternate between the work buffer and the destination, the last one
