@@ -192,28 +192,21 @@ template <class F, int M, int R0> const F* planar_tab() {
     return t.w;
 }
 
-// Radices of the passes of each order, first pass first (0 ends a list):
-// the fastest of the splits timed. The short radix-4 pass after the
-// first keeps every transform within the registers. Double order 12 runs
-// faster as the interleaved passes of fft_double.h.
+// Radices of the passes of each order, first pass first (0 ends a list),
+// the same for both precisions: the fastest of the splits timed. The short
+// radix-4 passes after the first keep every transform within the
+// registers. Double order 12 runs faster as the interleaved passes of
+// fft_double.h.
 inline constexpr int kPlanarMinOrder = 7;
 template <class F> constexpr int planar_max_order() { return sizeof(F) == 4 ? 12 : 11; }
-template <class F> inline constexpr int kPlanarRadix[13][4] = {
+inline constexpr int kPlanarRadix[13][4] = {
     {}, {}, {}, {}, {}, {}, {},
     {16, 8, 0, 0},   // 7
     {16, 16, 0, 0},  // 8
     {16, 4, 8, 0},   // 9
     {16, 4, 16, 0},  // 10
     {16, 4, 4, 8},   // 11
-    {16, 8, 32, 0},  // 12
-};
-template <> inline constexpr int kPlanarRadix<double>[13][4] = {
-    {}, {}, {}, {}, {}, {}, {},
-    {16, 8, 0, 0},   // 7
-    {16, 16, 0, 0},  // 8
-    {16, 4, 8, 0},   // 9
-    {16, 4, 16, 0},  // 10
-    {16, 4, 32, 0},  // 11
+    {16, 8, 4, 8},   // 12 (float)
 };
 
 // The later passes run in place, decimation in time: a pass of radix R
@@ -239,7 +232,7 @@ template <class F, bool Inv, int M> void planar_first(const F* src, F* t) {
     using A = Avx<F>;
     using Pl = Planar<F>;
     using C = PV<F>;
-    constexpr const int(&rad)[4] = kPlanarRadix<F>[M];
+    constexpr const int(&rad)[4] = kPlanarRadix[M];
     constexpr int L = Pl::L, R0 = rad[0], N1 = (1 << M) / R0, Dl = N1 / rad[pass_count(rad) - 1];
     static_assert(N1 % L == 0 && R0 % L == 0, "the first pass works on whole blocks of L columns and L rows");
     static_assert(N1 / Dl >= L, "the rows of a block of columns lie Dl slots apart");
@@ -285,7 +278,7 @@ template <class F, bool Inv, int M> void planar_first(const F* src, F* t) {
 template <class F, bool Inv, int M, int J> void planar_pass(const F* x, F* y, const F* root) {
     using C = PV<F>;
     using Pl = Planar<F>;
-    constexpr const int(&rad)[4] = kPlanarRadix<F>[M];
+    constexpr const int(&rad)[4] = kPlanarRadix[M];
     constexpr int P = pass_count(rad), R0 = rad[0], R = rad[J], D = pass_stride(rad, J) / R0, L = Pl::L;
     constexpr int N1 = (1 << M) / R0, Rn = J + 1 < P ? rad[J + 1] : 1, wst = (1 << M) / (D * R * Rn);
     static_assert(R0 % L == 0 && N1 % (D * R) == 0, "a pass works on whole blocks of L sequences");
@@ -321,7 +314,7 @@ template <class F, bool Inv, int M, int J> void planar_pass(const F* x, F* y, co
 // destination; in place the first pass writes the work buffer (2^M complex
 // values), the last reads it back.
 template <class F, bool Inv, int M> void planar_fft_m(const F* src, F* dst, F* work) {
-    constexpr int P = pass_count(kPlanarRadix<F>[M]);
+    constexpr int P = pass_count(kPlanarRadix[M]);
     const F* root = root_tab<F, M>();
     F* x = src == dst ? work : dst;
     planar_first<F, Inv, M>(src, x);
