@@ -7,7 +7,7 @@
 // vectors), multiplies result k1 by w_N^(n2 k1) and stores it to row k1 of
 // the work buffer. Each row is then an NR-point transform in place (its
 // scratch is the destination, free by then: the source has been read
-// whole; a row of order 13 takes its own work buffer from there too), and
+// whole, aligned; a row of order 13 takes its own work buffer from there too), and
 // a last pass interleaves the rows: bin k1 + R k2 is element k2 of row k1.
 // Every stream is read and written contiguously, so the source may be the
 // destination. Longer orders, and the double kinds from order 15, keep the
@@ -66,10 +66,12 @@ template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst
 #pragma GCC unroll 8
         for (int k1 = 1; k1 < R; ++k1) T::store(work + 2 * (k1 * NR + g), cmul_mem<F, Inv>(y[k1], tw + 2 * ((R - 1) * g + (k1 - 1) * W)));
     }
+    // the rows' scratch: the destination, aligned (a row is 1/R of it)
+    F* scratch = reinterpret_cast<F*>(align64(dst));
     for (int k1 = 0; k1 < R; ++k1) {
         F* row = work + 2 * k1 * NR;
-        if constexpr (M - LR <= planar_max_order<F>()) planar_fft<F, Inv>(row, row, dst, M - LR);
-        else big_fft<F, Inv>(row, row, dst, M - LR);
+        if constexpr (M - LR <= planar_max_order<F>()) planar_fft<F, Inv>(row, row, scratch, M - LR);
+        else big_fft<F, Inv>(row, row, scratch, M - LR);
     }
     for (int k = 0; k < NR; k += W) {
 #pragma GCC unroll 2
