@@ -13,9 +13,9 @@
 // transposes blocks of L x L, so a row of the buffer holds k2 = 0 .. R0 - 1
 // of one n1: R0 sequences (q = k2) of N1 points. The later passes run their
 // N1-point transforms across L sequences at once, in place and by
-// decimation in time (see row_slot), so out of place the transform needs no
-// buffer but the destination, and touches less memory. The last pass
-// stores interleaved.
+// decimation in time (see row_slot), so out of place into an aligned
+// destination (vec_aligned) the transform needs no other buffer, and
+// touches less memory. The last pass stores interleaved.
 //
 // Lane order: the loads that split an interleaved pair of vectors leave
 // point P[l] of a block in lane l, and a block stored interleaved takes
