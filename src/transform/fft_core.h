@@ -713,9 +713,13 @@ template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F*
     } else if (pl.M >= big_min_order<F>() && pl.M <= big_max_order<F>()) {
         big_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M >= kTiledOrder) {
-        if (src != dst) bitrev_tiles(src, dst, pl.M);
-        else bitrev_tiles_inplace(dst, pl.M);
-        run<F, Inv, true>(Interleaved<F>{dst}, dst, pl);
+        // Into a destination off the vector alignment the passes run in
+        // the work buffer (whole below the large layout) and one copy goes out.
+        F* x = (vec_aligned(dst) || pl.M >= large_threshold<F>(true)) ? dst : work;
+        if (src != x) bitrev_tiles(src, x, pl.M);
+        else bitrev_tiles_inplace(x, pl.M);
+        run<F, Inv, true>(Interleaved<F>{x}, x, pl);
+        if (x != dst) std::memcpy(dst, x, (size_t(2) << pl.M) * sizeof(F));
     } else if (src != dst) {
         run<F, Inv, false>(Interleaved<F>{src}, dst, pl);
     } else {
