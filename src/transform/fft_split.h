@@ -6,9 +6,10 @@
 // transforms across W positions n2 at a time (inputs NR apart, contiguous
 // vectors), multiplies result k1 by w_N^(n2 k1) and stores it to row k1 of
 // the work buffer. Each row is then an NR-point transform in place (its
-// scratch is the destination, free by then: the source has been read
-// whole, aligned; a row of order 13 takes its own work buffer from there too), and
-// a last pass interleaves the rows: bin k1 + R k2 is element k2 of row k1.
+// scratch is the destination aligned up, free by then: the source has been
+// read whole; a row of order 13 takes its own work buffer from there too),
+// and a last pass interleaves the rows: bin k1 + R k2 is element k2 of row
+// k1.
 // Every stream is read and written contiguously, so the source may be the
 // destination. Longer orders, and the double kinds from order 15, keep the
 // network.
