@@ -698,10 +698,11 @@ template <class Build> void* alloc_build(int specSize, int bufSize, Build build,
     return spec;
 }
 
-// Interleaved transform of a plan, src may be dst. Orders 7 to 16 pass
-// through `work` (2^M complex values) between their passes. Long
-// transforms first reverse the order in tiles; the rest fuse the reversal
-// into the first pass and copy an in-place source to `work`.
+// Interleaved transform of a plan, src may be dst. `work` holds 2^M complex
+// values for every kind below the real kinds' large threshold; orders 7 to
+// 16 may pass through it between their passes. Long transforms first
+// reverse the order in tiles; the rest fuse the reversal into the first
+// pass and copy an in-place source to `work`.
 inline constexpr int kTiledOrder = 13;
 template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F* dst, F* work) {
     if (pl.M <= kSmallMaxOrder && pl.M >= kSmallMinOrder) {
@@ -714,7 +715,8 @@ template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F*
         big_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M >= kTiledOrder) {
         // Into a destination off the vector alignment the passes run in
-        // the work buffer (whole below the large layout) and one copy goes out.
+        // the work buffer, where it holds the whole transform, and one copy
+        // goes out.
         F* x = (vec_aligned(dst) || pl.M >= large_threshold<F>(true)) ? dst : work;
         if (src != x) bitrev_tiles(src, x, pl.M);
         else bitrev_tiles_inplace(x, pl.M);

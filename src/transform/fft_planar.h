@@ -310,12 +310,6 @@ template <class F, bool Inv, int M, int J> void planar_pass(const F* x, F* y, co
     }
 }
 
-// Whether passes may run in a caller's buffer: half the vector loads and
-// stores of a buffer 16 bytes off a 32-byte boundary cross a cache line,
-// and with their passes there the transforms of orders 9 to 11 took 8-13%
-// longer. The work buffer is aligned.
-inline bool vec_aligned(const void* p) { return reinterpret_cast<uintptr_t>(p) % 32 == 0; }
-
 // Order M; src may be dst. Out of place, into a destination vec_aligned,
 // the passes run in the destination; otherwise the first pass writes the
 // work buffer (2^M complex values), the last reads it back.
