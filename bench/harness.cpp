@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <map>
 
@@ -25,6 +26,16 @@ double sample(const Fn& f, long reps) {
     return (now() - t0) / double(reps);
 }
 
+// Samples a contender: ZAMS_BENCH_ROUNDS, 15 by default.
+int rounds() {
+    static const int r = [] {
+        const char* e = std::getenv("ZAMS_BENCH_ROUNDS");
+        const int v = e ? std::atoi(e) : 0;
+        return v > 0 ? v : 15;
+    }();
+    return r;
+}
+
 }  // namespace
 
 int register_bench(const char* name, BenchFn fn) {
@@ -41,16 +52,18 @@ void Bench::row(const std::string& what, long n, double bytes, std::vector<Conte
         reps.push_back(r);
     }
     std::vector<std::vector<double>> t(cs.size());
-    for (int round = 0; round < 15; ++round)
+    for (int round = 0; round < rounds(); ++round)
         for (size_t i = 0; i < cs.size(); ++i) t[i].push_back(sample(cs[i].second, reps[i]));
-    std::vector<double> med;
+    std::vector<double> med, best;
     for (auto& v : t) {
         std::sort(v.begin(), v.end());
         med.push_back(v[v.size() / 2]);
+        best.push_back(v[0]);
     }
     std::printf("%-28s %9ld  %s %10.1f ns", what.c_str(), n, cs[0].first.c_str(), med[0] * 1e9);
     if (bytes > 0) std::printf(" (%5.1f GB/s)", bytes / med[0] / 1e9);
-    for (size_t i = 1; i < cs.size(); ++i) std::printf("  /%s %5.2f", cs[i].first.c_str(), med[0] / med[i]);
+    for (size_t i = 1; i < cs.size(); ++i)
+        std::printf("  /%s %5.2f (best %4.2f)", cs[i].first.c_str(), med[0] / med[i], best[0] / best[i]);
     std::printf("\n");
     std::fflush(stdout);
 }

@@ -28,10 +28,11 @@ class Bench {
 public:
     // The vector lengths most benchmarks use: 256, 4 Ki, 64 Ki, 4 Mi.
     std::vector<int> sizes() const { return {256, 4096, 65536, 4 << 20}; }
-    // Times every contender (median of repeated runs, interleaved so that
-    // machine noise hits all alike) and prints one line: time of the first
-    // contender (zams), then its ratio to each of the others. `bytes` > 0
-    // adds the first contender's bandwidth.
+    // Times every contender (repeated samples, interleaved so that machine
+    // noise hits all alike) and prints one line: the median time of the
+    // first contender (zams), then its ratio to each of the others, of the
+    // medians and (in brackets) of the best samples. `bytes` > 0 adds the
+    // first contender's bandwidth.
     void row(const std::string& what, long n, double bytes, std::vector<Contender> contenders);
 };
 
