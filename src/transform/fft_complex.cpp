@@ -6,7 +6,7 @@ namespace {
 
 template <class F, bool Inv> zamStatus cfft_c(const F* src, F* dst, const void* spec, uint8_t* buf, int32_t id) {
     zamStatus s;
-    const Hdr<F>* h = checked<F>(spec, id, s);
+    const Hdr<F>* h = spec_of<Hdr<F>>(spec, id, s);
     if (!h) return s;
     if (!src || !dst) return zamStatusNullPointer;
     const int M = h->order;
@@ -39,7 +39,7 @@ template <class F> void deinterleave(const F* t, F* re, F* im, size_t n, bool sc
 template <class F, bool Inv>
 zamStatus cfft_split(const F* sre, const F* sim, F* dre, F* dim, const void* spec, uint8_t* buf, int32_t id) {
     zamStatus s;
-    const Hdr<F>* h = checked<F>(spec, id, s);
+    const Hdr<F>* h = spec_of<Hdr<F>>(spec, id, s);
     if (!h) return s;
     if (!sre || !sim || !dre || !dim) return zamStatusNullPointer;
     const int M = h->order;

@@ -30,7 +30,9 @@
 #include <type_traits>
 #include <utility>
 
+#include "../common/ids.h"
 #include "../common/simd.h"
+#include "../common/spec.h"
 #include "../common/trig.h"
 #include "zams.h"
 #include "zams_impl.h"
@@ -38,7 +40,10 @@
 namespace zams::fft {
 
 // Identifier words of the kinds.
-enum : int32_t { kIdC32fc = 4, kIdC32f = 5, kIdR32f = 6, kIdC64fc = 7, kIdC64f = 8, kIdR64f = 9 };
+enum : int32_t {
+    kIdC32fc = id::FftC32fc, kIdC32f = id::FftC32f, kIdR32f = id::FftR32f,
+    kIdC64fc = id::FftC64fc, kIdC64f = id::FftC64f, kIdR64f = id::FftR64f
+};
 
 // Spec header: 84 bytes for float kinds, 88 for double. Tables are referred
 // to by byte offsets from the header start, one layout for both targets.
@@ -54,11 +59,6 @@ template <class F> struct Hdr {
 };
 static_assert(sizeof(Hdr<float>) == 84 && sizeof(Hdr<double>) == 88);
 
-inline uint8_t* align64(void* p) {
-    uintptr_t u = reinterpret_cast<uintptr_t>(p);
-    return reinterpret_cast<uint8_t*>((u + 63) & ~uintptr_t(63));
-}
-inline size_t round64(size_t n) { return (n + 63) & ~size_t(63); }
 
 // Complex orders at and above which the blocked large layout is used.
 template <class F> constexpr int large_threshold(bool real) { return (sizeof(F) == 4 && !real) ? 19 : 18; }
@@ -647,55 +647,6 @@ template <class F> Plan<F> plan_of(const Hdr<F>* h, int M) {
     else p.tab = (M & 1) ? kTabOdd_64f : kTabEven_64f;
     p.tabOrder = (M & 1) ? 5 : 6;
     return p;
-}
-
-// The work buffer of one call: the caller's (aligned up to 64), or a block
-// of its own when the caller gives none, released on return.
-struct WorkBuf {
-    uint8_t* p = nullptr;
-    bool own = false;
-    zamStatus get(int size, uint8_t* caller) {
-        if (size <= 0) return zamStatusOk;
-        if (caller) { p = align64(caller); return zamStatusOk; }
-        p = zamsMalloc_8u(size);
-        if (!p) return zamStatusNoMemory;
-        own = true;
-        return zamStatusOk;
-    }
-    ~WorkBuf() { if (own) zamsFree(p); }
-};
-
-// A transform's spec: null gives -8, another kind's or a freed one -17.
-template <class F> const Hdr<F>* checked(const void* spec, int32_t id, zamStatus& s) {
-    if (!spec) { s = zamStatusNullPointer; return nullptr; }
-    const Hdr<F>* h = static_cast<const Hdr<F>*>(spec);
-    if (h->id != id) { s = zamStatusContextMismatch; return nullptr; }
-    s = zamStatusOk;
-    return h;
-}
-
-// The allocating build of every kind: the spec block and the temporary
-// build block from zamsMalloc_8u, the build, the temporary released. The
-// allocator's blocks are 64-byte aligned, so the FFT spec structure starts its block and
-// Free can release it. Returns the spec structure or null with the status.
-template <class Build> void* alloc_build(int specSize, int bufSize, Build build, zamStatus& s) {
-    uint8_t* mem = zamsMalloc_8u(specSize);
-    if (!mem) { s = zamStatusNoMemory; return nullptr; }
-    uint8_t* tmp = nullptr;
-    if (bufSize >= 1 && !(tmp = zamsMalloc_8u(bufSize))) {
-        zamsFree(mem);
-        s = zamStatusNoMemory;
-        return nullptr;
-    }
-    void* spec = nullptr;
-    s = build(&spec, mem, tmp);
-    if (tmp) zamsFree(tmp);
-    if (s != zamStatusOk || spec != mem) {
-        zamsFree(mem);
-        if (s == zamStatusOk) s = zamStatusNoMemory;
-        return nullptr;
-    }
-    return spec;
 }
 
 // Interleaved transform of a plan, src may be dst. `work` holds 2^M complex

@@ -3,7 +3,9 @@
 // the 32-bit kinds through an inner 64-bit float spec. Results are scaled
 // by 2^-scaleFactor, rounded to nearest even and saturated.
 #include <cmath>
+#include <cstddef>
 
+#include "../common/fft_plan.h"
 #include "../common/fpenv.h"
 #include "../common/scale.h"
 #include "fft_core.h"
@@ -12,8 +14,8 @@ namespace zams::fft {
 namespace {
 
 enum : int32_t {
-    kIdC16sc = 1, kIdC16s = 2, kIdR16s = 3,
-    kIdC32s = 0x434D414D, kIdC32sc = 0x434D414C, kIdR32s = 0x434D414E, kIdR16s32s = 0x434D414F
+    kIdC16sc = id::FftC16sc, kIdC16s = id::FftC16s, kIdR16s = id::FftR16s,
+    kIdC32s = id::FftC32s, kIdC32sc = id::FftC32sc, kIdR32s = id::FftR32s, kIdR16s32s = id::FftR16s32s
 };
 
 // 16-bit spec header, 52 bytes; table positions are offsets from its start.
@@ -30,35 +32,51 @@ struct Hdr32 {
 };
 static_assert(sizeof(Hdr32) == 24);
 
-// ------------------------------------------------------ the floating kinds --
-// Exported functions of the floating kind an integer kind is built on.
-struct FloatKindFns {
-    zamStatus (*get_size)(int, int, int, int*, int*, int*);
-    zamStatus (*init)(void**, int, int, int, Zam8u*, Zam8u*);
-    zamStatus (*buf_size)(const void*, int*);
-};
-template <class S> FloatKindFns fns(zamStatus (*gs)(int, int, int, int*, int*, int*),
-                                    zamStatus (*in)(S**, int, int, int, Zam8u*, Zam8u*),
-                                    zamStatus (*bs)(const S*, int*)) {
-    return {gs, reinterpret_cast<zamStatus (*)(void**, int, int, int, Zam8u*, Zam8u*)>(in),
-            reinterpret_cast<zamStatus (*)(const void*, int*)>(bs)};
-}
-
 enum class Kind { C16sc, C16s, R16s, C32s, C32sc, R32s, R16s32s };
-
-FloatKindFns inner_of(Kind k) {
-    switch (k) {
-        case Kind::C16sc: return fns(zamsFFTGetSize_C_32fc, zamsFFTInit_C_32fc, zamsFFTGetBufSize_C_32fc);
-        case Kind::C16s: return fns(zamsFFTGetSize_C_32f, zamsFFTInit_C_32f, zamsFFTGetBufSize_C_32f);
-        case Kind::R16s: return fns(zamsFFTGetSize_R_32f, zamsFFTInit_R_32f, zamsFFTGetBufSize_R_32f);
-        case Kind::C32s: return fns(zamsFFTGetSize_C_64f, zamsFFTInit_C_64f, zamsFFTGetBufSize_C_64f);
-        case Kind::C32sc: return fns(zamsFFTGetSize_C_64fc, zamsFFTInit_C_64fc, zamsFFTGetBufSize_C_64fc);
-        default: return fns(zamsFFTGetSize_R_64f, zamsFFTInit_R_64f, zamsFFTGetBufSize_R_64f);
-    }
-}
 
 constexpr bool is16(Kind k) { return k == Kind::C16sc || k == Kind::C16s || k == Kind::R16s; }
 constexpr bool is_real(Kind k) { return k == Kind::R16s || k == Kind::R32s || k == Kind::R16s32s; }
+
+// Both headers: 64-byte aligned, Free invalidates a spec in caller memory.
+constexpr Shape kShape16{64, offsetof(Hdr16, owned), true};
+constexpr Shape kShape32{64, offsetof(Hdr32, owned), true};
+constexpr const Shape& shape_of(Kind k) { return is16(k) ? kShape16 : kShape32; }
+
+// ------------------------------------------------------ the floating kinds --
+// The floating kind an integer kind is built on: its size query, its build
+// (hint 0) and its work size, through the kind's own implementation.
+template <class S> zamStatus init_as(zamStatus (*fn)(S**, int, int, int, Zam8u*, Zam8u*), void** out, int order,
+                                     int flag, uint8_t* mem, uint8_t* tmp) {
+    S* p = nullptr;
+    zamStatus s = fn(&p, order, flag, 0, mem, tmp);
+    *out = p;
+    return s;
+}
+template <class S> int work_as(zamStatus (*fn)(const S*, int*), const void* spec) {
+    int w = 0;
+    fn(static_cast<const S*>(spec), &w);
+    return w;
+}
+#define ZAMS_INNER(KIND, SUF)                                                                                      \
+    case Kind::KIND:                                                                                               \
+        switch (op) {                                                                                              \
+            case Op::Size: return g9_zamsFFTGetSize_##SUF(order, flag, 0, &sz->spec, &sz->init, &sz->work);      \
+            case Op::Init: return init_as(g9_zamsFFTInit_##SUF, out, order, flag, mem, tmp);                      \
+            default: *work = work_as(g9_zamsFFTGetBufSize_##SUF, *out); return zamStatusOk;                       \
+        }
+enum class Op { Size, Init, Work };
+zamStatus inner(Kind k, Op op, int order, int flag, fftp::Sizes* sz, void** out, uint8_t* mem, uint8_t* tmp,
+                int* work) {
+    switch (k) {
+        ZAMS_INNER(C16sc, C_32fc)
+        ZAMS_INNER(C16s, C_32f)
+        ZAMS_INNER(R16s, R_32f)
+        ZAMS_INNER(C32s, C_64f)
+        ZAMS_INNER(C32sc, C_64fc)
+        default: ZAMS_INNER(R32s, R_64f)
+    }
+}
+#undef ZAMS_INNER
 
 // Bytes of the conversion area in front of the inner transform's buffer.
 int64_t conv_bytes(Kind k, int64_t n) {
@@ -67,6 +85,9 @@ int64_t conv_bytes(Kind k, int64_t n) {
 }
 
 bool small_path(Kind k, int order, int hint) { return is16(k) && order >= 1 && order <= 3 && (hint == 0 || hint == 1); }
+
+// Work bytes of the 16-bit small path (without the 64 of slack).
+int64_t small_work(Kind k, int64_t n) { return k == Kind::R16s ? 4 * n + 8 : (k == Kind::C16s ? 12 : 8) * n; }
 
 // ----------------------------------------------------------------- sizes --
 zamStatus get_size(Kind k, int order, int flag, int hint, int* ps, int* pb, int* pw) {
@@ -79,15 +100,16 @@ zamStatus get_size(Kind k, int order, int flag, int hint, int* ps, int* pb, int*
         return zamStatusOk;
     }
     if (small_path(k, order, hint)) {
-        if (k == Kind::R16s) { *ps = 320; *pb = 128; *pw = int(4 * n + 8 + 64); }
-        else { *ps = 256; *pb = 128; *pw = int((k == Kind::C16s ? 12 : 8) * n + 64); }
+        *ps = k == Kind::R16s ? 320 : 256;
+        *pb = 128;
+        *pw = int(small_work(k, n) + 64);
         return zamStatusOk;
     }
-    int s, b, w;
-    if (zamStatus e = inner_of(k).get_size(order, flag, 0, &s, &b, &w)) return e;
-    const int64_t spec = int64_t(s) + 128;
-    const int64_t buf = is16(k) ? int64_t(b) + 64 : (b ? int64_t(b) + 64 : 0);
-    const int64_t work = int64_t(w) + conv_bytes(k, n) + 64;
+    fftp::Sizes in;
+    if (zamStatus e = inner(k, Op::Size, order, flag, &in, nullptr, nullptr, nullptr, nullptr)) return e;
+    const int64_t spec = int64_t(in.spec) + 128;
+    const int64_t buf = is16(k) ? int64_t(in.init) + 64 : (in.init ? int64_t(in.init) + 64 : 0);
+    const int64_t work = int64_t(in.work) + conv_bytes(k, n) + 64;
     if (spec >= INT32_MAX || buf >= INT32_MAX || work >= INT32_MAX) return zamStatusNoMemory;
     *ps = int(spec); *pb = int(buf); *pw = int(work);
     return zamStatusOk;
@@ -97,11 +119,11 @@ zamStatus get_size(Kind k, int order, int flag, int hint, int* ps, int* pb, int*
 // The inner floating spec behind the header (flag as given, hint 0) and the
 // work size: the inner transform's buffer behind the conversion area.
 zamStatus build_inner(Kind k, uint8_t* base, int order, int flag, uint8_t* specBuf, uint32_t& offInner, int32_t& work) {
-    void* inner = nullptr;
-    if (zamStatus e = inner_of(k).init(&inner, order, flag, 0, base + 64, specBuf)) return e;
-    offInner = uint32_t(static_cast<uint8_t*>(inner) - base);
+    void* in = nullptr;
+    if (zamStatus e = inner(k, Op::Init, order, flag, nullptr, &in, base + 64, specBuf, nullptr)) return e;
+    offInner = uint32_t(static_cast<uint8_t*>(in) - base);
     int w = 0;
-    inner_of(k).buf_size(inner, &w);
+    inner(k, Op::Work, order, flag, nullptr, &in, nullptr, nullptr, &w);
     work = int32_t(w + conv_bytes(k, int64_t(1) << order));
     return zamStatusOk;
 }
@@ -110,45 +132,41 @@ zamStatus init(Kind k, void** pp, int order, int flag, int hint, uint8_t* mem, u
     if (!pp) return zamStatusNullPointer;
     if (static_cast<unsigned>(order) > 30u) return zamStatusBadFftOrder;
     if (!mem) return zamStatusNullPointer;
-    uint8_t* base = align64(mem);
-    const int64_t n = int64_t(1) << order;
-    if (is16(k)) {
-        Hdr16* h = reinterpret_cast<Hdr16*>(base);
-        std::memset(h, 0, sizeof *h);
-        h->order = order;
-        h->hint = hint;
-        switch (flag) {
-            case 8: break;
-            case 4: h->fwdShift = h->invShift = order / 2; h->halfStep = order % 2; break;
-            case 1: h->fwdShift = order; break;
-            case 2: h->invShift = order; break;
-            default: return zamStatusBadFftFlag;  // identifier stays 0
-        }
-        if (order > 0) {
-            if (!specBuf) return zamStatusNullPointer;
-            if (small_path(k, order, hint)) {
-                // Direct evaluation: no tables are needed.
-                h->work = int32_t(k == Kind::R16s ? 4 * n + 8 : (k == Kind::C16s ? 12 : 8) * n);
-            } else {
-                h->innerFloat = 1;
-                if (zamStatus e = build_inner(k, base, order, flag, specBuf, h->offInner, h->work)) return e;
+    return lay_into(pp, mem, shape_of(k), [&](uint8_t* base, int32_t& idOut) -> zamStatus {
+        if (is16(k)) {
+            Hdr16* h = reinterpret_cast<Hdr16*>(base);
+            std::memset(h, 0, sizeof *h);
+            h->order = order;
+            h->hint = hint;
+            switch (flag) {
+                case 8: break;
+                case 4: h->fwdShift = h->invShift = order / 2; h->halfStep = order % 2; break;
+                case 1: h->fwdShift = order; break;
+                case 2: h->invShift = order; break;
+                default: return zamStatusBadFftFlag;
             }
+            if (order > 0) {
+                if (!specBuf) return zamStatusNullPointer;
+                if (small_path(k, order, hint)) {
+                    // Direct evaluation: no tables are needed.
+                    h->work = int32_t(small_work(k, int64_t(1) << order));
+                } else {
+                    h->innerFloat = 1;
+                    if (zamStatus e = build_inner(k, base, order, flag, specBuf, h->offInner, h->work)) return e;
+                }
+            }
+        } else {
+            Hdr32* h = reinterpret_cast<Hdr32*>(base);
+            std::memset(h, 0, sizeof *h);
+            h->order = order;
+            h->hint = hint;
+            if (zamStatus e = build_inner(k, base, order, flag, specBuf, h->offInner, h->work)) return e;
         }
-        h->id = id;
-        *pp = h;
+        idOut = id;
         return zamStatusOk;
-    }
-    Hdr32* h = reinterpret_cast<Hdr32*>(base);
-    std::memset(h, 0, sizeof *h);
-    h->order = order;
-    h->hint = hint;
-    if (zamStatus e = build_inner(k, base, order, flag, specBuf, h->offInner, h->work)) return e;
-    h->id = id;
-    *pp = h;
-    return zamStatusOk;
+    });
 }
 
-int32_t& owned_of(Kind k, void* spec) { return is16(k) ? static_cast<Hdr16*>(spec)->owned : static_cast<Hdr32*>(spec)->owned; }
 int32_t work_of(Kind k, const void* spec) {
     return is16(k) ? static_cast<const Hdr16*>(spec)->work : static_cast<const Hdr32*>(spec)->work;
 }
@@ -157,31 +175,20 @@ zamStatus init_alloc(Kind k, void** pp, int order, int flag, int hint, int32_t i
     if (!pp) return zamStatusNullPointer;
     int specSize, bufSize, workSize;
     if (zamStatus s = get_size(k, order, flag, hint, &specSize, &bufSize, &workSize)) return s;
-    zamStatus s;
-    void* spec = alloc_build(specSize, bufSize, [&](void** out, uint8_t* mem, uint8_t* tmp) {
+    return lay_alloc(pp, specSize, bufSize, shape_of(k), [&](void** out, uint8_t* mem, uint8_t* tmp) {
         return init(k, out, order, flag, hint, mem, tmp, id);
-    }, s);
-    if (!spec) return s;
-    owned_of(k, spec) = 1;
-    *pp = spec;
-    return zamStatusOk;
+    });
 }
 
 zamStatus buf_size(const void* spec, int32_t id, Kind k, int* p) {
     if (!spec || !p) return zamStatusNullPointer;
-    if (*static_cast<const int32_t*>(spec) != id) return zamStatusContextMismatch;
+    if (zamStatus s = check_id(spec, uint32_t(id))) return s;
     const int32_t w = work_of(k, spec);
     *p = w >= 1 ? w + 64 : 0;
     return zamStatusOk;
 }
 
-zamStatus free_spec(void* spec, int32_t id, Kind k) {
-    if (!spec) return zamStatusNullPointer;
-    if (*static_cast<int32_t*>(spec) != id) return zamStatusContextMismatch;
-    *static_cast<int32_t*>(spec) = 0;
-    if (owned_of(k, spec) == 1) zamsFree(spec);
-    return zamStatusOk;
-}
+zamStatus free_spec(void* spec, int32_t id, Kind k) { return release(spec, {id}, shape_of(k)); }
 
 // ----------------------------------------------------------- conversion --
 // v * 2^-sf rounded to nearest even (the call runs in that rounding
@@ -206,13 +213,6 @@ template <class T> struct ToInt {
 template <class T> T scaled_int(int64_t v, int sf) { return scale_round_sat<T>(v, sf); }
 
 // ------------------------------------------------------------ transforms --
-template <class T> const void* check_spec(const void* spec, int32_t id, zamStatus& s) {
-    if (!spec) { s = zamStatusNullPointer; return nullptr; }
-    if (*static_cast<const int32_t*>(spec) != id) { s = zamStatusContextMismatch; return nullptr; }
-    s = zamStatusOk;
-    return spec;
-}
-
 // Direct transform of the 16-bit small path (2, 4 or 8 points) in double:
 // sums of 16-bit values are exact, the twiddles of 8 points are the only
 // rounding, then the direction's shift, the half step and the scale factor.
@@ -243,7 +243,7 @@ template <class P, class F, Kind K> struct Complex {
     static zamStatus run(bool inv, const P* sr, const P* si, P* dr, P* di, size_t stride, const void* spec, int sf,
                          uint8_t* buf, int32_t id) {
         zamStatus s;
-        if (!check_spec<P>(spec, id, s)) return s;
+        if (!spec_of<void>(spec, id, s)) return s;
         if (!sr || !si || !dr || !di) return zamStatusNullPointer;
         RoundingScope rs(Rounding::Nearest);
         const int order = *(static_cast<const int32_t*>(spec) + 1);
@@ -278,10 +278,10 @@ template <class P, class F, Kind K> struct Complex {
             for (size_t j = 0; j < n; ++j) { t[j] = F(sr[j * stride]); t[n + j] = F(si[j * stride]); }
             if constexpr (sizeof(F) == 4) {
                 auto* p = static_cast<const ZamsFFTSpec_C_32f*>(inner);
-                e = inv ? zamsFFTInv_CToC_32f_I(t, t + n, p, iw) : zamsFFTFwd_CToC_32f_I(t, t + n, p, iw);
+                e = inv ? g9_zamsFFTInv_CToC_32f_I(t, t + n, p, iw) : g9_zamsFFTFwd_CToC_32f_I(t, t + n, p, iw);
             } else {
                 auto* p = static_cast<const ZamsFFTSpec_C_64f*>(inner);
-                e = inv ? zamsFFTInv_CToC_64f_I(t, t + n, p, iw) : zamsFFTFwd_CToC_64f_I(t, t + n, p, iw);
+                e = inv ? g9_zamsFFTInv_CToC_64f_I(t, t + n, p, iw) : g9_zamsFFTFwd_CToC_64f_I(t, t + n, p, iw);
             }
             if (e) return e;
             for (size_t j = 0; j < n; ++j) { dr[j * stride] = cv(t[j]); di[j * stride] = cv(t[n + j]); }
@@ -290,11 +290,11 @@ template <class P, class F, Kind K> struct Complex {
             if constexpr (sizeof(F) == 4) {
                 auto* p = static_cast<const ZamsFFTSpec_C_32fc*>(inner);
                 auto* c = reinterpret_cast<Zam32fc*>(t);
-                e = inv ? zamsFFTInv_CToC_32fc_I(c, p, iw) : zamsFFTFwd_CToC_32fc_I(c, p, iw);
+                e = inv ? g9_zamsFFTInv_CToC_32fc_I(c, p, iw) : g9_zamsFFTFwd_CToC_32fc_I(c, p, iw);
             } else {
                 auto* p = static_cast<const ZamsFFTSpec_C_64fc*>(inner);
                 auto* c = reinterpret_cast<Zam64fc*>(t);
-                e = inv ? zamsFFTInv_CToC_64fc_I(c, p, iw) : zamsFFTFwd_CToC_64fc_I(c, p, iw);
+                e = inv ? g9_zamsFFTInv_CToC_64fc_I(c, p, iw) : g9_zamsFFTFwd_CToC_64fc_I(c, p, iw);
             }
             if (e) return e;
             for (size_t j = 0; j < n; ++j) { dr[j * stride] = cv(t[2 * j]); di[j * stride] = cv(t[2 * j + 1]); }
@@ -310,12 +310,12 @@ inline size_t packed_len(Fmt f, size_t n) { return f == Fmt::Ccs ? (n == 1 ? 2 :
 template <class F> zamStatus real_inner(bool inv, Fmt f, F* t, const void* inner, uint8_t* iw) {
     if constexpr (sizeof(F) == 4) {
         auto* p = static_cast<const ZamsFFTSpec_R_32f*>(inner);
-        if (!inv) return f == Fmt::Perm ? zamsFFTFwd_RToPerm_32f_I(t, p, iw) : f == Fmt::Pack ? zamsFFTFwd_RToPack_32f_I(t, p, iw) : zamsFFTFwd_RToCCS_32f_I(t, p, iw);
-        return f == Fmt::Perm ? zamsFFTInv_PermToR_32f_I(t, p, iw) : f == Fmt::Pack ? zamsFFTInv_PackToR_32f_I(t, p, iw) : zamsFFTInv_CCSToR_32f_I(t, p, iw);
+        if (!inv) return f == Fmt::Perm ? g9_zamsFFTFwd_RToPerm_32f_I(t, p, iw) : f == Fmt::Pack ? g9_zamsFFTFwd_RToPack_32f_I(t, p, iw) : g9_zamsFFTFwd_RToCCS_32f_I(t, p, iw);
+        return f == Fmt::Perm ? g9_zamsFFTInv_PermToR_32f_I(t, p, iw) : f == Fmt::Pack ? g9_zamsFFTInv_PackToR_32f_I(t, p, iw) : g9_zamsFFTInv_CCSToR_32f_I(t, p, iw);
     } else {
         auto* p = static_cast<const ZamsFFTSpec_R_64f*>(inner);
-        if (!inv) return f == Fmt::Perm ? zamsFFTFwd_RToPerm_64f_I(t, p, iw) : f == Fmt::Pack ? zamsFFTFwd_RToPack_64f_I(t, p, iw) : zamsFFTFwd_RToCCS_64f_I(t, p, iw);
-        return f == Fmt::Perm ? zamsFFTInv_PermToR_64f_I(t, p, iw) : f == Fmt::Pack ? zamsFFTInv_PackToR_64f_I(t, p, iw) : zamsFFTInv_CCSToR_64f_I(t, p, iw);
+        if (!inv) return f == Fmt::Perm ? g9_zamsFFTFwd_RToPerm_64f_I(t, p, iw) : f == Fmt::Pack ? g9_zamsFFTFwd_RToPack_64f_I(t, p, iw) : g9_zamsFFTFwd_RToCCS_64f_I(t, p, iw);
+        return f == Fmt::Perm ? g9_zamsFFTInv_PermToR_64f_I(t, p, iw) : f == Fmt::Pack ? g9_zamsFFTInv_PackToR_64f_I(t, p, iw) : g9_zamsFFTInv_CCSToR_64f_I(t, p, iw);
     }
 }
 
@@ -323,7 +323,7 @@ template <class F> zamStatus real_inner(bool inv, Fmt f, F* t, const void* inner
 template <class S, class D, class F, Kind K>
 zamStatus real_run(bool inv, Fmt f, const S* src, D* dst, const void* spec, int sf, uint8_t* buf, int32_t id) {
     zamStatus s;
-    if (!check_spec<S>(spec, id, s)) return s;
+    if (!spec_of<void>(spec, id, s)) return s;
     if (!src || !dst) return zamStatusNullPointer;
     RoundingScope rs(Rounding::Nearest);
     const int order = *(static_cast<const int32_t*>(spec) + 1);

@@ -216,7 +216,7 @@ template <class F> struct RealCall {
 template <class F, bool Inv>
 zamStatus real_call(const void* spec, int32_t id, const F* src, const F* dst, RealCall<F>& c) {
     zamStatus s;
-    c.h = checked<F>(spec, id, s);
+    c.h = spec_of<Hdr<F>>(spec, id, s);
     if (!c.h) return s;
     if (!src || !dst) return zamStatusNullPointer;
     c.R = c.h->order;

@@ -1,6 +1,7 @@
 // FFT specs of the floating kinds: sizes, building, query, release.
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 #include "fft_core.h"
 
@@ -115,41 +116,44 @@ template <class F> uint32_t build_recomb(Hdr<F>* h, uint8_t* base, uint32_t off,
     return off + uint32_t(round64(nc * 2 * sizeof(F)));
 }
 
+// Where the floating kinds' owned mark sits; Free invalidates a spec in
+// caller memory too.
+template <class F> constexpr Shape kShape{64, offsetof(Hdr<F>, owned), true};
+
 template <class F, bool Real>
 zamStatus init(Hdr<F>** pp, int order, int flag, int hint, uint8_t* mem, uint8_t* specBuf, int32_t id) {
     if (!pp) return zamStatusNullPointer;
     if (order < 0 || order > max_order<F>(Real)) return zamStatusBadFftOrder;
     if (!mem) return zamStatusNullPointer;
-    uint8_t* base = align64(mem);
-    Hdr<F>* h = reinterpret_cast<Hdr<F>*>(base);
-    std::memset(h, 0, sizeof(Hdr<F>));
-    h->order = order;
-    h->hint = hint;
-    switch (flag) {
-        case 1: h->fwdOn = 1; break;
-        case 2: h->invOn = 1; break;
-        case 4: h->fwdOn = h->invOn = 1; break;
-        case 8: break;
-        default: return zamStatusBadFftFlag;  // identifier stays 0
-    }
-    if (flag != 8) h->scale = scale_for<F>(order, flag);
-    const int M = Real ? order - 1 : order;
-    const int tabled = Real ? 5 : 7;  // first order with tables
-    if (order >= tabled) {
-        // Orders from 11 take the caller's build buffer. Without it the
-        // spec stays unusable (identifier 0).
-        if (order >= 11 && !specBuf) return zamStatusNullPointer;
-        uint32_t off = 128;
-        if (M >= 7) {
-            off = build_complex_tables(h, base, off, M, Real);
-            Sizes s = Real ? real_sizes<F>(order) : complex_sizes<F>(order);
-            h->work = int32_t(s.work - 64);
+    return lay_into(reinterpret_cast<void**>(pp), mem, kShape<F>, [&](uint8_t* base, int32_t& idOut) {
+        Hdr<F>* h = reinterpret_cast<Hdr<F>*>(base);
+        std::memset(h, 0, sizeof(Hdr<F>));
+        h->order = order;
+        h->hint = hint;
+        switch (flag) {
+            case 1: h->fwdOn = 1; break;
+            case 2: h->invOn = 1; break;
+            case 4: h->fwdOn = h->invOn = 1; break;
+            case 8: break;
+            default: return zamStatusBadFftFlag;
         }
-        if (Real) build_recomb(h, base, off, order);
-    }
-    h->id = id;
-    *pp = h;
-    return zamStatusOk;
+        if (flag != 8) h->scale = scale_for<F>(order, flag);
+        const int M = Real ? order - 1 : order;
+        const int tabled = Real ? 5 : 7;  // first order with tables
+        if (order >= tabled) {
+            // Orders from 11 take the caller's build buffer.
+            if (order >= 11 && !specBuf) return zamStatusNullPointer;
+            uint32_t off = 128;
+            if (M >= 7) {
+                off = build_complex_tables(h, base, off, M, Real);
+                const Sizes s = Real ? real_sizes<F>(order) : complex_sizes<F>(order);
+                h->work = int32_t(s.work - 64);
+            }
+            if (Real) build_recomb(h, base, off, order);
+        }
+        idOut = id;
+        return zamStatusOk;
+    });
 }
 
 template <class F, bool Real>
@@ -157,35 +161,21 @@ zamStatus init_alloc(Hdr<F>** pp, int order, int flag, int hint, int32_t id) {
     if (!pp) return zamStatusNullPointer;
     int specSize, bufSize, workSize;
     if (zamStatus s = get_size<F, Real>(order, flag, hint, &specSize, &bufSize, &workSize)) return s;
-    zamStatus s;
-    void* spec = alloc_build(specSize, bufSize, [&](void** out, uint8_t* mem, uint8_t* tmp) {
+    return lay_alloc(reinterpret_cast<void**>(pp), specSize, bufSize, kShape<F>, [&](void** out, uint8_t* mem, uint8_t* tmp) {
         return init<F, Real>(reinterpret_cast<Hdr<F>**>(out), order, flag, hint, mem, tmp, id);
-    }, s);
-    if (!spec) return s;
-    Hdr<F>* h = static_cast<Hdr<F>*>(spec);
-    h->owned = 1;
-    *pp = h;
-    return zamStatusOk;
+    });
 }
 
-inline zamStatus get_buf_size(const void* spec, int32_t id, int* pSize) {
+template <class F> zamStatus get_buf_size(const void* spec, int32_t id, int* pSize) {
     if (!spec || !pSize) return zamStatusNullPointer;
-    const int32_t* w = static_cast<const int32_t*>(spec);
-    if (w[0] != id) return zamStatusContextMismatch;
-    const bool single = id == kIdC32fc || id == kIdC32f || id == kIdR32f;
-    const int32_t work = single ? static_cast<const Hdr<float>*>(spec)->work : static_cast<const Hdr<double>*>(spec)->work;
-    *pSize = work >= 1 ? work + 64 : 0;
+    zamStatus s;
+    const Hdr<F>* h = spec_of<Hdr<F>>(spec, id, s);
+    if (!h) return s;
+    *pSize = h->work >= 1 ? h->work + 64 : 0;
     return zamStatusOk;
 }
 
-template <class F> zamStatus free_spec(void* spec, int32_t id) {
-    if (!spec) return zamStatusNullPointer;
-    Hdr<F>* h = static_cast<Hdr<F>*>(spec);
-    if (h->id != id) return zamStatusContextMismatch;
-    h->id = 0;
-    if (h->owned == 1) zamsFree(spec);
-    return zamStatusOk;
-}
+template <class F> zamStatus free_spec(void* spec, int32_t id) { return release(spec, {id}, kShape<F>); }
 
 }  // namespace
 }  // namespace zams::fft
@@ -203,7 +193,7 @@ using namespace zams::fft;
     ZAMS_FN(zamStatus, zamsFFTInitAlloc_##K)(ZamsFFTSpec_##K * *pp, int order, int flag, int hint) {          \
         return init_alloc<F, REAL>(reinterpret_cast<Hdr<F>**>(pp), order, flag, hint, ID);                    \
     }                                                                                                          \
-    ZAMS_FN(zamStatus, zamsFFTGetBufSize_##K)(const ZamsFFTSpec_##K* s, int* p) { return get_buf_size(s, ID, p); } \
+    ZAMS_FN(zamStatus, zamsFFTGetBufSize_##K)(const ZamsFFTSpec_##K* s, int* p) { return get_buf_size<F>(s, ID, p); } \
     ZAMS_FN(zamStatus, zamsFFTFree_##K)(ZamsFFTSpec_##K * s) { return free_spec<F>(s, ID); }
 
 ZAMS_FFT_SPEC_FNS(C_32fc, float, false, kIdC32fc)
@@ -225,7 +215,7 @@ ZAMS_FN(zamStatus, zamsFFTInitAlloc_C_32f)(ZamsFFTSpec_C_32f** pp, int order, in
     if (s == zamStatusOk) reinterpret_cast<Hdr<float>*>(*pp)->id = kIdC32f;
     return s;
 }
-ZAMS_FN(zamStatus, zamsFFTGetBufSize_C_32f)(const ZamsFFTSpec_C_32f* s, int* p) { return get_buf_size(s, kIdC32f, p); }
+ZAMS_FN(zamStatus, zamsFFTGetBufSize_C_32f)(const ZamsFFTSpec_C_32f* s, int* p) { return get_buf_size<float>(s, kIdC32f, p); }
 ZAMS_FN(zamStatus, zamsFFTFree_C_32f)(ZamsFFTSpec_C_32f* s) { return free_spec<float>(s, kIdC32f); }
 
 ZAMS_FN(zamStatus, zamsFFTGetSize_C_64f)(int order, int flag, int hint, int* a, int* b, int* c) {
@@ -241,5 +231,5 @@ ZAMS_FN(zamStatus, zamsFFTInitAlloc_C_64f)(ZamsFFTSpec_C_64f** pp, int order, in
     if (s == zamStatusOk) reinterpret_cast<Hdr<double>*>(*pp)->id = kIdC64f;
     return s;
 }
-ZAMS_FN(zamStatus, zamsFFTGetBufSize_C_64f)(const ZamsFFTSpec_C_64f* s, int* p) { return get_buf_size(s, kIdC64f, p); }
+ZAMS_FN(zamStatus, zamsFFTGetBufSize_C_64f)(const ZamsFFTSpec_C_64f* s, int* p) { return get_buf_size<double>(s, kIdC64f, p); }
 ZAMS_FN(zamStatus, zamsFFTFree_C_64f)(ZamsFFTSpec_C_64f* s) { return free_spec<double>(s, kIdC64f); }

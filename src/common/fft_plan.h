@@ -1,0 +1,164 @@
+// The power-of-two FFTs as families inside the library use them: typed
+// plans over the transforms' own implementations, so that a filter, a
+// correlation or another transform builds, runs and releases an FFT
+// specification without going through the exported entry points and
+// without casting one function type to another.
+//
+// A plan is a pointer to a built specification plus the calls that take
+// it. Arguments are the caller's to get right (these are internal calls:
+// the specification is valid, the vectors hold N or the packed length);
+// statuses are the transforms' own, passed on unchanged.
+//
+// Where an exported function is defined as handing a case to another
+// export and returning its status, it calls that export by name instead.
+#pragma once
+
+#include <cstdint>
+
+#include "zams_impl.h"
+
+namespace zams::fftp {
+
+// The three byte counts of a specification's size query.
+struct Sizes {
+    int spec = 0, init = 0, work = 0;
+};
+
+// The implementations of one precision, as typed function pointers.
+template <class F> struct Fns;
+template <> struct Fns<float> {
+    using RSpec = ZamsFFTSpec_R_32f;
+    using CSpec = ZamsFFTSpec_C_32fc;
+    using Cplx = Zam32fc;
+    static constexpr auto rsize = g9_zamsFFTGetSize_R_32f;
+    static constexpr auto rinit = g9_zamsFFTInit_R_32f;
+    static constexpr auto ralloc = g9_zamsFFTInitAlloc_R_32f;
+    static constexpr auto rbuf = g9_zamsFFTGetBufSize_R_32f;
+    static constexpr auto rfree = g9_zamsFFTFree_R_32f;
+    static constexpr auto fwdPerm = g9_zamsFFTFwd_RToPerm_32f;
+    static constexpr auto invPerm = g9_zamsFFTInv_PermToR_32f;
+    static constexpr auto fwdPack = g9_zamsFFTFwd_RToPack_32f;
+    static constexpr auto invPack = g9_zamsFFTInv_PackToR_32f;
+    static constexpr auto fwdCcs = g9_zamsFFTFwd_RToCCS_32f;
+    static constexpr auto invCcs = g9_zamsFFTInv_CCSToR_32f;
+    static constexpr auto mulPerm = g9_zamsMulPerm_32f_I;
+    static constexpr auto mulPack = g9_zamsMulPack_32f_I;
+    static constexpr auto mulPackConj = g9_zamsMulPackConj_32f_I;
+    static constexpr auto csize = g9_zamsFFTGetSize_C_32fc;
+    static constexpr auto cinit = g9_zamsFFTInit_C_32fc;
+    static constexpr auto calloc = g9_zamsFFTInitAlloc_C_32fc;
+    static constexpr auto cbuf = g9_zamsFFTGetBufSize_C_32fc;
+    static constexpr auto cfree = g9_zamsFFTFree_C_32fc;
+    static constexpr auto cfwd = g9_zamsFFTFwd_CToC_32fc;
+    static constexpr auto cinv = g9_zamsFFTInv_CToC_32fc;
+    static constexpr auto cmul = g9_zamsMul_32fc_I;
+};
+template <> struct Fns<double> {
+    using RSpec = ZamsFFTSpec_R_64f;
+    using CSpec = ZamsFFTSpec_C_64fc;
+    using Cplx = Zam64fc;
+    static constexpr auto rsize = g9_zamsFFTGetSize_R_64f;
+    static constexpr auto rinit = g9_zamsFFTInit_R_64f;
+    static constexpr auto ralloc = g9_zamsFFTInitAlloc_R_64f;
+    static constexpr auto rbuf = g9_zamsFFTGetBufSize_R_64f;
+    static constexpr auto rfree = g9_zamsFFTFree_R_64f;
+    static constexpr auto fwdPerm = g9_zamsFFTFwd_RToPerm_64f;
+    static constexpr auto invPerm = g9_zamsFFTInv_PermToR_64f;
+    static constexpr auto fwdPack = g9_zamsFFTFwd_RToPack_64f;
+    static constexpr auto invPack = g9_zamsFFTInv_PackToR_64f;
+    static constexpr auto fwdCcs = g9_zamsFFTFwd_RToCCS_64f;
+    static constexpr auto invCcs = g9_zamsFFTInv_CCSToR_64f;
+    static constexpr auto mulPerm = g9_zamsMulPerm_64f_I;
+    static constexpr auto mulPack = g9_zamsMulPack_64f_I;
+    static constexpr auto mulPackConj = g9_zamsMulPackConj_64f_I;
+    static constexpr auto csize = g9_zamsFFTGetSize_C_64fc;
+    static constexpr auto cinit = g9_zamsFFTInit_C_64fc;
+    static constexpr auto calloc = g9_zamsFFTInitAlloc_C_64fc;
+    static constexpr auto cbuf = g9_zamsFFTGetBufSize_C_64fc;
+    static constexpr auto cfree = g9_zamsFFTFree_C_64fc;
+    static constexpr auto cfwd = g9_zamsFFTFwd_CToC_64fc;
+    static constexpr auto cinv = g9_zamsFFTInv_CToC_64fc;
+    static constexpr auto cmul = g9_zamsMul_64fc_I;
+};
+
+// Real transform of order `order`: N real values to a packed spectrum of N
+// (Perm, Pack) or N + 2 (CCS) values and back.
+template <class F> struct Real {
+    using X = Fns<F>;
+    using Elem = F;
+    const typename X::RSpec* spec = nullptr;
+
+    static zamStatus sizes(int order, int flag, Sizes& s) { return X::rsize(order, flag, 0, &s.spec, &s.init, &s.work); }
+    // Into caller memory of sizes().spec bytes (tmp: sizes().init bytes, or null when 0).
+    static zamStatus build(int order, int flag, uint8_t* mem, uint8_t* tmp, Real& out) {
+        typename X::RSpec* p = nullptr;
+        zamStatus s = X::rinit(&p, order, flag, 0, mem, tmp);
+        if (s == zamStatusOk) out.spec = p;
+        return s;
+    }
+    static zamStatus alloc(int order, int flag, Real& out) {
+        typename X::RSpec* p = nullptr;
+        zamStatus s = X::ralloc(&p, order, flag, 0);
+        if (s == zamStatusOk) out.spec = p;
+        return s;
+    }
+    // Releases a specification made by alloc (invalidates one made by build).
+    zamStatus release() {
+        zamStatus s = spec ? X::rfree(const_cast<typename X::RSpec*>(spec)) : zamStatusOk;
+        spec = nullptr;
+        return s;
+    }
+    // Bytes of the work buffer a call needs (its 64 bytes of slack included).
+    int work_bytes() const {
+        int w = 0;
+        X::rbuf(spec, &w);
+        return w;
+    }
+    zamStatus fwd_perm(const F* s, F* d, uint8_t* w) const { return X::fwdPerm(s, d, spec, w); }
+    zamStatus inv_perm(const F* s, F* d, uint8_t* w) const { return X::invPerm(s, d, spec, w); }
+    zamStatus fwd_pack(const F* s, F* d, uint8_t* w) const { return X::fwdPack(s, d, spec, w); }
+    zamStatus inv_pack(const F* s, F* d, uint8_t* w) const { return X::invPack(s, d, spec, w); }
+    zamStatus fwd_ccs(const F* s, F* d, uint8_t* w) const { return X::fwdCcs(s, d, spec, w); }
+    zamStatus inv_ccs(const F* s, F* d, uint8_t* w) const { return X::invCcs(s, d, spec, w); }
+    // d = d * k, both in Perm (or Pack) order, n values.
+    static void mul_perm(const F* k, F* d, int n) { X::mulPerm(k, d, n); }
+    static void mul_pack(const F* k, F* d, int n) { X::mulPack(k, d, n); }
+    // d = d * conj(k), Pack order.
+    static void mul_pack_conj(const F* k, F* d, int n) { X::mulPackConj(k, d, n); }
+};
+
+// Interleaved complex transform of order `order`.
+template <class F> struct Complex {
+    using X = Fns<F>;
+    using Elem = typename X::Cplx;
+    const typename X::CSpec* spec = nullptr;
+
+    static zamStatus sizes(int order, int flag, Sizes& s) { return X::csize(order, flag, 0, &s.spec, &s.init, &s.work); }
+    static zamStatus build(int order, int flag, uint8_t* mem, uint8_t* tmp, Complex& out) {
+        typename X::CSpec* p = nullptr;
+        zamStatus s = X::cinit(&p, order, flag, 0, mem, tmp);
+        if (s == zamStatusOk) out.spec = p;
+        return s;
+    }
+    static zamStatus alloc(int order, int flag, Complex& out) {
+        typename X::CSpec* p = nullptr;
+        zamStatus s = X::calloc(&p, order, flag, 0);
+        if (s == zamStatusOk) out.spec = p;
+        return s;
+    }
+    zamStatus release() {
+        zamStatus s = spec ? X::cfree(const_cast<typename X::CSpec*>(spec)) : zamStatusOk;
+        spec = nullptr;
+        return s;
+    }
+    int work_bytes() const {
+        int w = 0;
+        X::cbuf(spec, &w);
+        return w;
+    }
+    zamStatus fwd(const Elem* s, Elem* d, uint8_t* w) const { return X::cfwd(s, d, spec, w); }
+    zamStatus inv(const Elem* s, Elem* d, uint8_t* w) const { return X::cinv(s, d, spec, w); }
+    static void mul(const Elem* k, Elem* d, int n) { X::cmul(k, d, n); }
+};
+
+}  // namespace zams::fftp
