@@ -1,0 +1,178 @@
+// The block convolution engine (interface and rules in
+// src/common/blockconv.h).
+#include <omp.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "../common/blockconv.h"
+#include "../common/spec.h"
+
+namespace zams::conv {
+namespace {
+
+// The domain's three steps, the same shape for real and complex data.
+template <class F> zamStatus fwd(const fftp::Real<F>& d, const F* s, F* b, uint8_t* w) { return d.fwd_perm(s, b, w); }
+template <class F> zamStatus inv(const fftp::Real<F>& d, F* b, uint8_t* w) { return d.inv_perm(b, b, w); }
+template <class F> void mul(const fftp::Real<F>&, const F* k, F* b, int n) { fftp::Real<F>::mul_perm(k, b, n); }
+template <class F, class E> zamStatus fwd(const fftp::Complex<F>& d, const E* s, E* b, uint8_t* w) { return d.fwd(s, b, w); }
+template <class F, class E> zamStatus inv(const fftp::Complex<F>& d, E* b, uint8_t* w) { return d.inv(b, b, w); }
+template <class F, class E> void mul(const fftp::Complex<F>&, const E* k, E* b, int n) { fftp::Complex<F>::mul(k, b, n); }
+
+// One thread's scratch block: the FFT's work buffer, then the section.
+template <class D> struct Scratch {
+    uint8_t* work;
+    typename D::Elem* buf;
+    Scratch(const D& fft, uint8_t* p) : work(p) {
+        buf = reinterpret_cast<typename D::Elem*>(align_up(p + fft.work_bytes(), 16));
+    }
+};
+
+// Values [p, p + n) of the signal into dst, zeros outside its pieces.
+template <class E> void gather(const Signal& s, int64_t p, int64_t n, E* dst) {
+    const E* head = static_cast<const E*>(s.head);
+    const E* body = static_cast<const E*>(s.body);
+    int64_t i = 0;
+    auto fill = [&](int64_t end, const E* src, int64_t srcStart) {
+        end = std::min(end, n);
+        if (end <= i) return;
+        if (src) std::memcpy(dst + i, src + (p + i - srcStart), size_t(end - i) * sizeof(E));
+        else std::memset(static_cast<void*>(dst + i), 0, size_t(end - i) * sizeof(E));
+        i = end;
+    };
+    fill(-p, nullptr, 0);                                         // before the head
+    fill(s.headLen - p, head, 0);                                 // the head
+    fill(s.headLen + s.bodyLen - p, body, s.headLen);             // the body
+    fill(n, nullptr, 0);                                          // after the body
+}
+
+// Sections [first, last) of the call, in the given direction.
+template <class D>
+zamStatus sections(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int64_t outLen, uint8_t* scratch,
+                   int64_t first, int64_t last, bool backwards) {
+    using E = typename D::Elem;
+    const int64_t N = int64_t(1) << k.order, h = k.taps - 1, step = N - h;
+    const Scratch<D> sc(k.fft, scratch);
+    const E* body = static_cast<const E*>(s.body);
+    zamStatus worst = zamStatusOk;
+    for (int64_t j = 0; j < last - first; ++j) {
+        const int64_t sec = backwards ? last - 1 - j : first + j;
+        const int64_t n0 = sec * step, cnt = std::min(step, outLen - n0);
+        const int64_t p = n0 + s.shift - h;
+        const E* src = sc.buf;
+        if (p >= s.headLen && p + N <= s.headLen + s.bodyLen) src = body + (p - s.headLen);
+        else gather(s, p, N, sc.buf);
+        zamStatus st = fwd(k.fft, src, sc.buf, sc.work);
+        if (st >= 0) {
+            mul(k.fft, k.spectrum, sc.buf, int(N));
+            st = inv(k.fft, sc.buf, sc.work);
+        }
+        if (st < 0) return st;
+        worst = std::min(worst, st);
+        std::memcpy(static_cast<void*>(y + n0), sc.buf + h, size_t(cnt) * sizeof(E));
+    }
+    return worst;
+}
+
+int ceil_log2(int64_t v) {
+    int m = 0;
+    while ((int64_t(1) << m) < v) ++m;
+    return m;
+}
+
+}  // namespace
+
+int section_order(int64_t taps, int64_t outputs) {
+    const int lo = ceil_log2(taps) + 1;
+    // No longer than one section holding every output needs.
+    const int hi = std::max(lo, ceil_log2(outputs + taps - 1));
+    int best = lo;
+    double bestCost = 0;
+    for (int m = lo; m <= std::min(hi, lo + 10); ++m) {
+        const int64_t N = int64_t(1) << m, step = N - taps + 1;
+        const double cost = double((outputs + step - 1) / step) * double(N) * double(m + 1);
+        if (m == lo || cost < bestCost) {
+            best = m;
+            bestCost = cost;
+        }
+    }
+    return best;
+}
+
+template <class D> int64_t scratch_bytes(const D& fft, int order) {
+    return int64_t(fft.work_bytes()) + (int64_t(1) << order) * int64_t(sizeof(typename D::Elem)) + 16;
+}
+
+template <class D>
+zamStatus make_kernel(const D& fft, int order, const typename D::Elem* h, int taps, typename D::Elem* spectrum,
+                      uint8_t* scratch, Kernel<D>& out) {
+    using E = typename D::Elem;
+    const int64_t N = int64_t(1) << order;
+    std::memcpy(static_cast<void*>(spectrum), h, size_t(taps) * sizeof(E));
+    std::memset(static_cast<void*>(spectrum + taps), 0, size_t(N - taps) * sizeof(E));
+    const Scratch<D> sc(fft, scratch);
+    if (zamStatus st = fwd(fft, static_cast<const E*>(spectrum), spectrum, sc.work); st < 0) return st;
+    out.fft = fft;
+    out.order = order;
+    out.taps = taps;
+    out.spectrum = spectrum;
+    return zamStatusOk;
+}
+
+template <class D>
+zamStatus run(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int64_t outLen, uint8_t* scratch,
+              int64_t stride, int threads) {
+    using E = typename D::Elem;
+    const int64_t N = int64_t(1) << k.order, step = N - (k.taps - 1);
+    const int64_t count = (outLen + step - 1) / step;
+    const E* body = static_cast<const E*>(s.body);
+    const uintptr_t yb = uintptr_t(y), ye = uintptr_t(y + outLen), bb = uintptr_t(body), be = uintptr_t(body + s.bodyLen);
+    const bool inPlace = yb < be && bb < ye;
+    if (inPlace || threads <= 1 || count < 2) return sections(k, s, y, outLen, scratch, 0, count, inPlace);
+    const int team = int(std::min<int64_t>(threads, count));
+    zamStatus worst = zamStatusOk;
+#pragma omp parallel num_threads(team) reduction(min : worst)
+    {
+        const int t = omp_get_thread_num(), n = omp_get_num_threads();
+        const int64_t first = count * t / n, last = count * (t + 1) / n;
+        worst = sections(k, s, y, outLen, scratch + t * stride, first, last, false);
+    }
+    return worst;
+}
+
+template <class D>
+zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typename D::Elem* y, int64_t outLen,
+                   int order, int threads) {
+    using E = typename D::Elem;
+    D fft;
+    if (zamStatus st = D::alloc(order, zamFftScaleInverse, fft)) return st;
+    const int64_t N = int64_t(1) << order;
+    const int64_t stride = round_up(size_t(scratch_bytes(fft, order)), 64);
+    const int64_t count = (outLen + N - taps) / (N - taps + 1);
+    threads = int(std::max<int64_t>(1, std::min<int64_t>(threads, count)));
+    const int64_t bytes = N * int64_t(sizeof(E)) + stride * threads;
+    zamStatus st = zamStatusNoMemory;
+    uint8_t* mem = bytes < INT32_MAX ? zamsMalloc_8u(int(bytes)) : nullptr;
+    if (mem) {
+        E* spectrum = reinterpret_cast<E*>(mem);
+        uint8_t* scratch = mem + N * int64_t(sizeof(E));
+        Kernel<D> k;
+        st = make_kernel(fft, order, h, taps, spectrum, scratch, k);
+        if (st >= 0) st = run(k, s, y, outLen, scratch, stride, threads);
+        zamsFree(mem);
+    }
+    fft.release();
+    return st;
+}
+
+#define ZAMS_BLOCKCONV(D)                                                                                      \
+    template int64_t scratch_bytes<D>(const D&, int);                                                         \
+    template zamStatus make_kernel<D>(const D&, int, const D::Elem*, int, D::Elem*, uint8_t*, Kernel<D>&);     \
+    template zamStatus run<D>(const Kernel<D>&, const Signal&, D::Elem*, int64_t, uint8_t*, int64_t, int);    \
+    template zamStatus run_once<D>(const D::Elem*, int, const Signal&, D::Elem*, int64_t, int, int);
+ZAMS_BLOCKCONV(fftp::Real<float>)
+ZAMS_BLOCKCONV(fftp::Real<double>)
+ZAMS_BLOCKCONV(fftp::Complex<float>)
+ZAMS_BLOCKCONV(fftp::Complex<double>)
+
+}  // namespace zams::conv
