@@ -45,6 +45,13 @@ inline constexpr bool use_fft(const Crossover& c, int64_t outputs, int64_t taps)
     return outputs >= c.minOutputs && taps >= c.minTaps;
 }
 
+// The least order m >= 1 with 2^m >= n.
+inline int order_at_least(int64_t n) {
+    int m = 1;
+    while ((int64_t(1) << m) < n) ++m;
+    return m;
+}
+
 // The section order for a kernel of `taps` values and `outputs` outputs:
 // the order whose cost per output, N log N / (N - taps + 1), is least
 // among the orders that hold the kernel at least twice, and not longer

@@ -48,6 +48,26 @@ template <class T, class W> constexpr T scale_round_sat(W r, int sf) {
     return shl_saturate<T>(r, sf);
 }
 
+// The rule with a divisor: the exact quotient r / (d 2^sf) rounded half to
+// even and saturated to T, for |r| < 2^62 and 1 <= d < 2^31 (a normalised
+// correlation: a sum of products over its number of terms).
+template <class T> constexpr T div_scale_round_sat(int64_t r, int64_t d, int sf) {
+    if (r == 0) return T(0);
+    if (sf <= 0) {
+        // r 2^-sf / d: a numerator past 2^62 gives a quotient past 2^31.
+        if (-sf >= 62 || (r < 0 ? -r : r) >= (int64_t(1) << (62 + sf))) return r > 0 ? traits<T>::max : traits<T>::min;
+        r *= int64_t(1) << -sf;
+        sf = 0;
+    }
+    // d 2^sf past 2^63 is more than twice |r|: the quotient rounds to 0.
+    if (sf >= 63 || d > (INT64_MAX >> sf)) return T(0);
+    const int64_t den = d << sf;
+    int64_t q = r / den, rem = r % den;  // truncated towards zero
+    const int64_t twice = (rem < 0 ? -rem : rem) * 2;
+    if (twice > den || (twice == den && (q & 1))) q += r < 0 ? -1 : 1;
+    return saturate<T>(q);
+}
+
 // How a family computes a given scale factor. The limits are data, one pair
 // a family: above `zero_above` every result rounds to 0; at or below
 // `bound_at_or_below` any nonzero result saturates, so only its sign counts.

@@ -74,18 +74,12 @@ zamStatus sections(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int
     return worst;
 }
 
-int ceil_log2(int64_t v) {
-    int m = 0;
-    while ((int64_t(1) << m) < v) ++m;
-    return m;
-}
-
 }  // namespace
 
 int section_order(int64_t taps, int64_t outputs) {
-    const int lo = ceil_log2(taps) + 1;
+    const int lo = order_at_least(taps) + 1;
     // No longer than one section holding every output needs.
-    const int hi = std::max(lo, ceil_log2(outputs + taps - 1));
+    const int hi = std::max(lo, order_at_least(outputs + taps - 1));
     int best = lo;
     double bestCost = 0;
     for (int m = lo; m <= std::min(hi, lo + 10); ++m) {
