@@ -1,5 +1,5 @@
 // Integer division: Div, Div_Round (the first source divides the second).
-#include "arith/div_kernel.h"
+#include "math/div_kernel.h"
 #include "digest.h"
 #include "math_util.h"
 
