@@ -61,7 +61,8 @@ def main():
     for b in bad:
         print(b)
     if bad:
-        sys.exit(f"{len(bad)} includes across folders; share the code through src/common instead")
+        print(f"{len(bad)} includes across folders; share the code through src/common instead", flush=True)
+        sys.exit(1)
     print("includes: every folder includes only itself, src/common and src/core")
 
 

@@ -58,7 +58,8 @@ def main():
     for b in bad:
         print(b)
     if bad:
-        sys.exit(f"{len(bad)} layout faults")
+        print(f"{len(bad)} layout faults", flush=True)
+        sys.exit(1)
     print(f"layout: the exports of {len(headers)} headers live in their folders")
 
 

@@ -25,7 +25,8 @@ def main():
     for n in missing:
         print(n)
     if missing:
-        sys.exit(f"{len(missing)} of {len(exports)} exports are called by no test program")
+        print(f"{len(missing)} of {len(exports)} exports are called by no test program", flush=True)
+        sys.exit(1)
     print(f"tested: all {len(exports)} exports are called by the {len(a.programs)} test programs")
 
 
