@@ -9,7 +9,8 @@ Anything else, or an include that does not resolve, fails.
 import argparse
 import os
 import re
-import sys
+
+from verdict import verdict
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include\s*([<"])([^>"]+)[>"]', re.M)
 SHARED = ("common", "core")
@@ -58,12 +59,8 @@ def main():
                 to = folder(src, target)
                 if to is not None and to != own and to not in SHARED:
                     bad.append(f"{where}: src/{own} includes {os.path.relpath(target, a.root)}")
-    for b in bad:
-        print(b)
-    if bad:
-        print(f"{len(bad)} includes across folders; share the code through src/common instead", flush=True)
-        sys.exit(1)
-    print("includes: every folder includes only itself, src/common and src/core")
+    verdict(bad, f"{len(bad)} includes across folders; share the code through src/common instead",
+            "includes: every folder includes only itself, src/common and src/core")
 
 
 if __name__ == "__main__":

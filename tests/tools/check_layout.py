@@ -12,6 +12,8 @@ import glob
 import os
 import sys
 
+from verdict import verdict
+
 # header under include/zams/ -> (src folder, tests folder)
 LAYOUT = {
     "core.h": ("src/core", "tests/core"),
@@ -55,12 +57,8 @@ def main():
                 bad.append(f"{export} ({name}) is implemented in {src}, not in {src_dir}/")
     for name in sorted(set(LAYOUT) - {os.path.basename(h) for h in headers}):
         bad.append(f"the layout table names include/zams/{name}, which does not exist")
-    for b in bad:
-        print(b)
-    if bad:
-        print(f"{len(bad)} layout faults", flush=True)
-        sys.exit(1)
-    print(f"layout: the exports of {len(headers)} headers live in their folders")
+    verdict(bad, f"{len(bad)} layout faults",
+            f"layout: the exports of {len(headers)} headers live in their folders")
 
 
 if __name__ == "__main__":

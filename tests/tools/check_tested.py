@@ -6,7 +6,8 @@
 """
 import argparse
 import subprocess
-import sys
+
+from verdict import verdict
 
 
 def main():
@@ -22,12 +23,8 @@ def main():
         out = subprocess.run([a.nm, "-u", prog], check=True, capture_output=True, text=True).stdout
         imported.update(line.split()[-1].split("@")[0] for line in out.splitlines() if line.strip())
     missing = [n for n in exports if n not in imported]
-    for n in missing:
-        print(n)
-    if missing:
-        print(f"{len(missing)} of {len(exports)} exports are called by no test program", flush=True)
-        sys.exit(1)
-    print(f"tested: all {len(exports)} exports are called by the {len(a.programs)} test programs")
+    verdict(missing, f"{len(missing)} of {len(exports)} exports are called by no test program",
+            f"tested: all {len(exports)} exports are called by the {len(a.programs)} test programs")
 
 
 if __name__ == "__main__":

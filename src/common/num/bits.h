@@ -3,31 +3,15 @@
 // without the C library, so the same bits on both targets.
 #pragma once
 
+#include <bit>
 #include <cstdint>
-#include <cstring>
 
 namespace zams {
 
-inline uint64_t to_bits(double x) {
-    uint64_t b;
-    std::memcpy(&b, &x, 8);
-    return b;
-}
-inline uint32_t to_bits(float x) {
-    uint32_t b;
-    std::memcpy(&b, &x, 4);
-    return b;
-}
-inline double from_bits(uint64_t b) {
-    double x;
-    std::memcpy(&x, &b, 8);
-    return x;
-}
-inline float float_from_bits(uint32_t b) {
-    float x;
-    std::memcpy(&x, &b, 4);
-    return x;
-}
+inline uint64_t to_bits(double x) { return std::bit_cast<uint64_t>(x); }
+inline uint32_t to_bits(float x) { return std::bit_cast<uint32_t>(x); }
+inline double from_bits(uint64_t b) { return std::bit_cast<double>(b); }
+inline float float_from_bits(uint32_t b) { return std::bit_cast<float>(b); }
 
 // 2^k as a double, k clamped to the normal range [-1022, 1023].
 inline double pow2(int k) {

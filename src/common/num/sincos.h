@@ -1,9 +1,8 @@
 // Sine and cosine of a double in radians as unevaluated sums hi + lo,
 // accurate to far below an ulp of hi, from plain double arithmetic (no
 // fused multiply-add, no C library): the results are the same bits on every
-// target. Used by PolarToCart, whose outputs are magnitude * (hi + lo)
-// rounded once; the exact sum and product of two doubles (two_sum,
-// two_prod) serve the double cube root as well.
+// target. PolarToCart rounds magnitude * (hi + lo) once; the pair
+// arithmetic is dd.h's.
 //
 // Reduction: x = k pi/2 + r with |r| <= pi/4 (r kept as a double pair).
 // Below 2^19 a four-part pi/2 (three 33-bit heads, whose products with k are
