@@ -19,6 +19,7 @@ import subprocess
 import sys
 
 PREFIX = "g9_"
+IMPL = re.compile(PREFIX + r"(zams\w+)$")
 OBJDIR = re.compile(r"^(.*/)?CMakeFiles/[^/]+\.dir/")
 
 
@@ -43,8 +44,10 @@ def main():
         out = subprocess.run([a.nm, "--defined-only", obj], check=True, capture_output=True, text=True).stdout
         for line in out.splitlines():
             parts = line.split()
-            if len(parts) == 3 and parts[1] in "TtWw" and parts[2].startswith(PREFIX):
-                name = parts[2][len(PREFIX):]
+            # global definitions only: the compiler's local pieces (.cold, .part.0) are not
+            m = IMPL.match(parts[2]) if len(parts) == 3 and parts[1] in "TW" else None
+            if m:
+                name = m.group(1)
                 src = source_of(obj)
                 if name in where and where[name] != src:
                     errors.append(f"{name} defined in {where[name]} and {src}")
