@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes src/arith/exp64_table.h: 2^(j/128), j = 0..127, as hi + lo pairs
+"""Writes src/math/exp64_table.h: 2^(j/128), j = 0..127, as hi + lo pairs
 (hi the double nearest 2^(j/128), lo the double nearest the rest), and the
 split of ln2 / 128 for the reduction. Decimal arithmetic at 80 digits, and
 conversion to double by float(Decimal), which rounds correctly."""

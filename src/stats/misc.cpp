@@ -8,6 +8,7 @@
 #include <type_traits>
 
 #include "../common/check.h"
+#include "../common/num/bits.h"
 #include "../common/types.h"
 
 namespace zams::red {
@@ -55,8 +56,7 @@ template <class T> zamStatus max_order_fl(const T* src, int len, int* order) {
     if (m > 0) {
         constexpr int mant = std::numeric_limits<T>::digits - 1, bias = std::numeric_limits<T>::max_exponent - 1;
         using U = std::conditional_t<sizeof(T) == 8, uint64_t, uint32_t>;
-        U b;
-        std::memcpy(&b, &m, sizeof b);
+        U b = to_bits(m);
         int be = int(b >> mant);
         if (be == 0) {  // subnormal: the top set bit of the mantissa
             int top = int(sizeof(U) * 8) - 1 - (sizeof(U) == 8 ? __builtin_clzll(uint64_t(b)) : __builtin_clz(uint32_t(b)));

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "../arith/elem_kernel.h"
+#include "../common/num/elem.h"
 #include "../common/check.h"
 #include "../common/types.h"
 

@@ -139,7 +139,7 @@ class Half16s {
 public:
     Half16s(int mode, int sf) {
         int c = std::clamp(sf, -40, 40);
-        mul_ = _mm256_set1_ps(cvt::pow2f(-c));
+        mul_ = _mm256_set1_ps(pow2f(-c));
         even_ = mode == 1;
         shift_limit_ = _mm_set1_epi16(short(29 + c));  // effective exponent field above this: shift > 4
     }

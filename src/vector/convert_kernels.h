@@ -1,5 +1,5 @@
 // Pieces shared by the conversion families: the block driver, packed 24-bit
-// loads and stores, exact powers of two and the float-to-integer roundings.
+// loads and stores, the halving multiplier and the float-to-integer roundings.
 #pragma once
 
 #include <immintrin.h>
@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+
+#include "../common/num/bits.h"
 
 namespace zams::cvt {
 
@@ -87,24 +89,6 @@ inline __m128i hi128(__m256i v) { return _mm256_extractf128_si256(v, 1); }
 inline __m256i join128(__m128i lo, __m128i hi) { return _mm256_insertf128_si256(_mm256_castsi128_si256(lo), hi, 1); }
 inline __m256 to_ps(__m128i lo, __m128i hi) { return _mm256_cvtepi32_ps(join128(lo, hi)); }
 
-// ---- exact powers of two ----
-
-// 2^e for a normal single exponent, -126 <= e <= 127.
-inline float pow2f(int e) {
-    uint32_t b = uint32_t(e + 127) << 23;
-    float f;
-    std::memcpy(&f, &b, 4);
-    return f;
-}
-
-// 2^e for a normal double exponent, -1022 <= e <= 1023.
-inline double pow2d(int e) {
-    uint64_t b = uint64_t(e + 1023) << 52;
-    double f;
-    std::memcpy(&f, &b, 8);
-    return f;
-}
-
 // 1.0 halved sf times (sf > 0) or doubled -sf times (sf < 0) in single
 // precision with ties to even: exact down to the smallest sub-normal, 0
 // from sf = 150 (the last halving is a tie that goes to 0), infinite from
@@ -116,9 +100,7 @@ inline float halved_multiplier(int sf) {
     else if (sf > 126) b = 1u << (149 - sf);
     else if (sf > -128) b = uint32_t(127 - sf) << 23;
     else b = 0x7F800000u;
-    float f;
-    std::memcpy(&f, &b, 4);
-    return f;
+    return float_from_bits(b);
 }
 
 // ---- rounding of floating values to integral values ----

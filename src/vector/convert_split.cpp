@@ -13,11 +13,6 @@ namespace zams {
 namespace {
 
 // 2/65535 and 1/65535 in single precision: -32768 maps to -1, 32767 to +1.
-inline float bits_f(uint32_t b) {
-    float f;
-    std::memcpy(&f, &b, 4);
-    return f;
-}
 // 2/16777215 and 1/16777215, worked in double precision.
 constexpr double kScale24 = 2.0 / 16777215.0, kOffset24 = 1.0 / 16777215.0;
 
@@ -58,7 +53,7 @@ template <class Get> inline __m256 gather8(Get get, size_t base, size_t stride) 
 
 zamStatus split16(const Zam16s* src, Zam32f* const* dst, int nch, int clen) {
     if (zamStatus s = check_channels(src, dst, nch, clen)) return s;
-    const float a = bits_f(0x38000080u), b = bits_f(0x37800080u);
+    const float a = float_from_bits(0x38000080u), b = float_from_bits(0x37800080u);
     const __m256 va = _mm256_set1_ps(a), vb = _mm256_set1_ps(b);
     const size_t st = size_t(nch);
     auto get = [&](size_t k) { return int32_t(src[k]); };

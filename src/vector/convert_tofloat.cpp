@@ -54,8 +54,8 @@ template <Small K> zamStatus small_32f(const void* src, Zam32f* dst, int len, fl
 }
 
 // x * 2^-sf with the factor clamped to [lo, hi]; a zero factor multiplies by 1.
-inline float scale_f(int sf, int lo, int hi) { return cvt::pow2f(-std::clamp(sf, lo, hi)); }
-inline double scale_d(int sf, int lo, int hi) { return cvt::pow2d(-std::clamp(sf, lo, hi)); }
+inline float scale_f(int sf, int lo, int hi) { return pow2f(-std::clamp(sf, lo, hi)); }
+inline double scale_d(int sf, int lo, int hi) { return pow2(-std::clamp(sf, lo, hi)); }
 
 // 32-bit integers to single: the conversion rounds in the processor's
 // current direction, the power of two after it is exact.

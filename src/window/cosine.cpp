@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "../common/check.h"
+#include "../common/num/bits.h"
 #include "../common/trig.h"
 #include "apply.h"
 
@@ -88,12 +89,7 @@ template <class T> zamStatus hamming(const T* s, T* d, int n) { return cosine_wi
 template <class T> zamStatus blackman(const T* s, T* d, int n, float a) { return cosine_window<Win::Blackman>(s, d, n, a); }
 
 // alpha of the standard Blackman window: the single-precision -0.16.
-inline float std_alpha() {
-    const uint32_t b = 0xBE23D70Au;
-    float f;
-    std::memcpy(&f, &b, 4);
-    return f;
-}
+inline float std_alpha() { return float_from_bits(0xBE23D70Au); }
 
 // alpha of the optimal Blackman window, -0.5 / (1 + cos(2 pi / M)), as
 // minus the square of 0.5 / cos(pi / M).

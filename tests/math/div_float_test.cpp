@@ -64,6 +64,12 @@ TEST(DivFloat, ComplexQuotients) {
     Zam64fc zd{0, 0}, od{-3, 0}, rd;
     EXPECT_EQ(mt::ok(zamsDiv_64fc(&zd, &od, &rd, 1), rd).re, -INFINITY);
     EXPECT_EQ(mt::first(&mt::ok(zamsDiv_64fc_I(&od, &od, 1), od), 1), (std::vector<Zam64f>{1.0, 0.0}));
+    // in place divides pSrcDst by pSrc, with the out-of-place bits
+    auto a = mt::as_complex<Zam32fc>(zt::random_reals<Zam32f>(600, 7, -1e3f, 1e3f));
+    std::vector<Zam32fc> num(a.begin() + 150, a.end()), want(150);
+    ASSERT_EQ(zamsDiv_32fc(a.data(), num.data(), want.data(), 150), zamStatusOk);
+    ASSERT_EQ(zamsDiv_32fc_I(a.data(), num.data(), 150), zamStatusOk);
+    EXPECT_EQ(std::memcmp(num.data(), want.data(), want.size() * sizeof(Zam32fc)), 0);
 }
 
 ZAMS_DIGEST(div_float) {

@@ -1,5 +1,5 @@
 // Integer division: Div, Div_Round (the first source divides the second).
-#include "arith/div_kernel.h"
+#include "math/div_kernel.h"
 #include "digest.h"
 #include "math_util.h"
 
@@ -169,6 +169,13 @@ TEST(DivRound, EveryModeEveryScale) {
     auto d16 = with_zeros(zt::random_ints<Zam16s>(500, 7)), n16 = zt::random_ints<Zam16s>(500, 8), io = n16;
     zamsDiv_Round_16s_ISfs(d16.data(), io.data(), 500, 2, -3);
     for (int i = 0; i < 500; ++i) ASSERT_EQ(io[i], ref_div<Zam16s>(n16[i], d16[i], -3, {-30, 16}, 2));
+    auto d8 = with_zeros(zt::random_ints<Zam8u>(500, 10)), n8 = zt::random_ints<Zam8u>(500, 11), io8 = n8;
+    for (int i = 0; i < 500; i += 3) d8[i] = Zam8u(d8[i] % 9);
+    for (int mode = 0; mode <= 2; ++mode) {
+        io8 = n8;
+        ASSERT_EQ(zamsDiv_Round_8u_ISfs(d8.data(), io8.data(), 500, mode, 2), zamStatusWarnDivByZero);
+        for (int i = 0; i < 500; ++i) ASSERT_EQ(io8[i], ref_div<Zam8u>(n8[i], d8[i], 2, {-15, 8}, mode)) << i << " mode " << mode;
+    }
 }
 
 TEST(Div32s, RandomPairsEveryScale) {
@@ -183,6 +190,9 @@ TEST(Div32s, RandomPairsEveryScale) {
         check_pools<Zam32s, Zam16s>([sf](const Zam32s* d, const Zam32s* n, Zam16s* y, int len) {
             return zamsDiv_32s16s_Sfs(d, n, y, len, sf);
         }, [sf](Zam32s n, Zam32s d) { return ref_div<Zam16s>(n, d, sf, {-29, 31}); }, div, num, "div_32s16s");
+        auto io = num;  // in place divides pSrcDst by pSrc
+        ASSERT_EQ(zamsDiv_32s_ISfs(div.data(), io.data(), 400, sf), zamStatusWarnDivByZero);
+        for (int i = 0; i < 400; ++i) ASSERT_EQ(io[i], ref_div<Zam32s>(num[i], div[i], sf, {-62, 32})) << i << " sf " << sf;
     }
 }
 
@@ -210,6 +220,9 @@ TEST(Div16sc, RandomPairsEveryScale) {
             ASSERT_EQ(y[i].re, ref_16sc_part(a * c + b * d, a, norm, sf)) << i << " sf " << sf;
             ASSERT_EQ(y[i].im, ref_16sc_part(b * c - a * d, b, norm, sf)) << i << " sf " << sf;
         }
+        auto io = num;
+        ASSERT_EQ(zamsDiv_16sc_ISfs(div.data(), io.data(), 300, sf), zamStatusWarnDivByZero);
+        ASSERT_EQ(std::memcmp(io.data(), y.data(), y.size() * sizeof(Zam16sc)), 0) << "in place, sf " << sf;
     }
 }
 

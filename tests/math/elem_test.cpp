@@ -112,6 +112,14 @@ TEST(Elementary, VectorAndScalarStepsAgree) {
     for (int i = 0; i < 600; i += 23) d[size_t(i)] = e[size_t((i + 11) % 600)] = oddd[(i / 23) % 15];
     for (auto* v : {&d, &e})
         for (auto [fn, name] : {std::pair{&zamsExp_64f, "exp64"}, {&zamsArctan_64f, "atan64"}}) mt::steps_agree<Zam64f>(fn, *v, 9, name);
+    // in place from an odd start gives the out-of-place bits
+    for (auto [fn, fn_i] : {std::pair{&zamsExp_64f, &zamsExp_64f_I}, {&zamsLn_64f, &zamsLn_64f_I}}) {
+        std::vector<Zam64f> wd(600), iod = e;
+        ASSERT_EQ(fn(e.data(), wd.data(), 600), zamStatusOk);
+        ASSERT_EQ(fn_i(iod.data() + 1, 599), zamStatusOk);
+        EXPECT_TRUE(mt::same(iod[0], e[0]));
+        for (int i = 1; i < 600; ++i) ASSERT_TRUE(mt::same(iod[i], wd[i])) << i;
+    }
 }
 
 // Ln_16s over every source and scale factor against long double.

@@ -12,6 +12,16 @@ TEST(Sqr, FloatAndComplex) {
     zt::sweep_unary<Zam32f, Zam32f>(zamsSqr_32f, [](Zam32f v) { return v * v; }, x);
     auto y = zt::random_reals<Zam64f>(300, 2);
     zt::sweep_unary<Zam64f, Zam64f>(zamsSqr_64f, [](Zam64f v) { return v * v; }, y);
+    auto xi = x;
+    auto yi = y;
+    ASSERT_EQ(zamsSqr_32f_I(xi.data() + 1, 299), zamStatusOk);
+    ASSERT_EQ(zamsSqr_64f_I(yi.data() + 1, 299), zamStatusOk);
+    EXPECT_EQ(xi[0], x[0]);
+    EXPECT_EQ(yi[0], y[0]);
+    for (int i = 1; i < 300; ++i) {
+        ASSERT_EQ(zt::bits(xi[i]), zt::bits(x[i] * x[i])) << i;
+        ASSERT_EQ(zt::bits(yi[i]), zt::bits(y[i] * y[i])) << i;
+    }
     Zam32fc c[3] = {{3, 4}, {1e20f, 1e20f}, {-2, 0.5f}};
     ASSERT_EQ(zamsSqr_32fc_I(c, 3), zamStatusOk);
     // formed in double: no inf - inf
@@ -26,14 +36,25 @@ TEST(Sqr, FloatAndComplex) {
 TEST(Sqr, IntegerEverySourceEveryScale) {
     std::vector<Zam16s> s(65536), ys(65536);
     std::vector<Zam16u> yu(65536);
+    std::vector<Zam8u> b8(256), y8(256);
     for (int i = 0; i < 65536; ++i) s[i] = Zam16s(i);
+    for (int i = 0; i < 256; ++i) b8[i] = Zam8u(i);
     auto* u = reinterpret_cast<const Zam16u*>(s.data());
     for (int sf = -3; sf <= 34; ++sf) {
         ASSERT_EQ(zamsSqr_16s_Sfs(s.data(), ys.data(), 65536, sf), zamStatusOk);
         ASSERT_EQ(zamsSqr_16u_Sfs(u, yu.data(), 65536, sf), zamStatusOk);
+        ASSERT_EQ(zamsSqr_8u_Sfs(b8.data(), y8.data(), 256, sf), zamStatusOk);
         auto model = [sf](mt::Wide x) {
             return sf >= 0 ? mt::round_div(x * x, mt::Wide(1) << sf, 1) : x * x * (mt::Wide(1) << -sf);
         };
+        for (int i = 0; i < 256; ++i) ASSERT_EQ(y8[i], mt::clamp_to<Zam8u>(model(i))) << i << " sf " << sf;
+        // the in-place forms give the same values
+        std::vector<Zam16u> iu(u, u + 65536);
+        std::vector<Zam8u> ib = b8;
+        ASSERT_EQ(zamsSqr_16u_ISfs(iu.data(), 65536, sf), zamStatusOk);
+        ASSERT_EQ(zamsSqr_8u_ISfs(ib.data(), 256, sf), zamStatusOk);
+        ASSERT_EQ(iu, yu) << "sf " << sf;
+        ASSERT_EQ(ib, y8) << "sf " << sf;
         for (int i = 0; i < 65536; i += 3) {
             ASSERT_EQ(ys[i], mt::clamp_to<Zam16s>(model(s[i]))) << s[i] << " sf " << sf;
             ASSERT_EQ(yu[i], mt::clamp_to<Zam16u>(model(u[i]))) << u[i] << " sf " << sf;

@@ -56,6 +56,12 @@ TEST(SqrtInt, Every16BitSourceEveryScale) {
             ASSERT_EQ(yu[i], ref_sqrt_ld<Zam16u>(u[i], sf)) << u[i] << " sf " << sf;
         }
         for (int i = 0; i < 256; ++i) ASSERT_EQ(yb[i], ref_sqrt_ld<Zam8u>(i, sf)) << i << " sf " << sf;
+        auto iu = u;
+        auto ib = b;
+        ASSERT_EQ(zamsSqrt_16u_ISfs(iu.data(), 65536, sf), zamStatusOk);
+        ASSERT_EQ(zamsSqrt_8u_ISfs(ib.data(), 256, sf), zamStatusOk);
+        ASSERT_EQ(iu, yu) << "in place, sf " << sf;
+        ASSERT_EQ(ib, yb) << "in place, sf " << sf;
     }
     // ties: sqrt(9) / 2 = 1.5 -> 2, sqrt(25) / 2 = 2.5 -> 2
     Zam16s t[] = {9, 25, -4};
@@ -128,7 +134,8 @@ TEST(SqrtInt, Wide32And64BitSources) {
 
 // Parts of the principal root within `ulps` of a long double oracle over
 // wide ranges (p holds pairs of parts), and the special values of C99 Annex G.
-template <class C, class P> void root_accuracy(zamStatus (*fn)(const C*, C*, int), std::vector<P> p, P big, P small, double ulps) {
+template <class C, class P>
+void root_accuracy(zamStatus (*fn)(const C*, C*, int), zamStatus (*fn_i)(C*, int), std::vector<P> p, P big, P small, double ulps) {
     for (size_t i = 0; i < p.size(); i += 10) p[i] *= big, p[i + 1] *= small;
     auto x = mt::as_complex<C>(p);
     std::vector<C> y(x.size());
@@ -138,11 +145,13 @@ template <class C, class P> void root_accuracy(zamStatus (*fn)(const C*, C*, int
         EXPECT_LE(mt::ulp_diff(y[i].re, w.real()), ulps) << i;
         EXPECT_LE(mt::ulp_diff(y[i].im, w.imag()), ulps) << i;
     }
+    ASSERT_EQ(fn_i(x.data(), int(x.size())), zamStatusOk);  // in place: the same bits
+    EXPECT_EQ(std::memcmp(x.data(), y.data(), y.size() * sizeof(C)), 0);
 }
 
 TEST(SqrtComplex, AccuracyAndSpecialValues) {
-    root_accuracy<Zam32fc>(zamsSqrt_32fc, zt::random_reals<Zam32f>(2000, 5, -1e4f, 1e4f), 1e30f, 1e-40f, 1.0);
-    root_accuracy<Zam64fc>(zamsSqrt_64fc, zt::random_reals<Zam64f>(2000, 6, -1e4, 1e4), 1e300, 1e-310, 2.0);
+    root_accuracy<Zam32fc>(zamsSqrt_32fc, zamsSqrt_32fc_I, zt::random_reals<Zam32f>(2000, 5, -1e4f, 1e4f), 1e30f, 1e-40f, 1.0);
+    root_accuracy<Zam64fc>(zamsSqrt_64fc, zamsSqrt_64fc_I, zt::random_reals<Zam64f>(2000, 6, -1e4, 1e4), 1e300, 1e-310, 2.0);
     const double inf = INFINITY, nan = NAN;
     struct Case {
         Zam64fc in, out;
@@ -168,6 +177,9 @@ TEST(SqrtComplex, Integer16scParts) {
     std::memcpy(x.data(), p.data(), sizeof(Zam16sc) * 1000);
     for (int sf = -10; sf <= 10; ++sf) {
         ASSERT_EQ(zamsSqrt_16sc_Sfs(x.data(), y.data(), 1000, sf), zamStatusOk);
+        auto io = x;
+        ASSERT_EQ(zamsSqrt_16sc_ISfs(io.data(), 1000, sf), zamStatusOk);
+        ASSERT_EQ(std::memcmp(io.data(), y.data(), y.size() * sizeof(Zam16sc)), 0) << "in place, sf " << sf;
         for (int i = 0; i < 1000; ++i) {
             auto w = std::sqrt(std::complex<long double>(x[i].re, x[i].im));
             long double re = std::ldexp(w.real(), -sf), im = std::ldexp(w.imag(), -sf);

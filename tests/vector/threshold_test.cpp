@@ -205,6 +205,9 @@ TEST(ThresholdInv, RealMatchesModelAtEveryAlignment) {
     auto f = pool<Zam32f>(51, 0.25f);
     zt::sweep_unary<Zam32f, Zam32f>([](const Zam32f* s, Zam32f* d, int n) { return zamsThreshold_LTInv_32f(s, d, n, 0.25f); },
                                     [](Zam32f x) { return inv_model(x, 0.25f); }, f, kShort, SameOrNan{});
+    std::vector<Zam32f> io(f.begin() + 1, f.end());  // in place, from an odd start
+    ASSERT_EQ(zamsThreshold_LTInv_32f_I(io.data(), int(io.size()), 0.25f), zamStatusOk);
+    for (size_t i = 0; i < io.size(); ++i) ASSERT_TRUE(SameOrNan{}(io[i], inv_model(f[i + 1], 0.25f))) << i;
     auto g = pool<Zam64f>(52, 3.0);
     zt::sweep_unary<Zam64f, Zam64f>([](const Zam64f* s, Zam64f* d, int n) { return zamsThreshold_LTInv_64f(s, d, n, 3.0); },
                                     [](Zam64f x) { return inv_model(x, 3.0); }, g, kShort, SameOrNan{});

@@ -6,37 +6,16 @@
 
 #include <immintrin.h>
 
-#include "sincos_dd.h"
+#include "sincos.h"
 
 namespace zams::sincos_vec {
 
-struct V2 {
-    __m256d hi, lo;
-};
-
-inline __m256d c(double v) { return _mm256_set1_pd(v); }
-inline __m256d neg(__m256d a) { return _mm256_xor_pd(a, c(-0.0)); }
-
-inline V2 two_sum(__m256d a, __m256d b) {
-    __m256d s = _mm256_add_pd(a, b), bb = _mm256_sub_pd(s, a);
-    return {s, _mm256_add_pd(_mm256_sub_pd(a, _mm256_sub_pd(s, bb)), _mm256_sub_pd(b, bb))};
-}
-inline V2 fast_two_sum(__m256d a, __m256d b) {
-    __m256d s = _mm256_add_pd(a, b);
-    return {s, _mm256_sub_pd(b, _mm256_sub_pd(s, a))};
-}
-inline V2 split(__m256d a) {
-    __m256d t = _mm256_mul_pd(c(134217729.0), a), h = _mm256_sub_pd(t, _mm256_sub_pd(t, a));
-    return {h, _mm256_sub_pd(a, h)};
-}
-inline V2 two_prod(__m256d a, __m256d b) {
-    __m256d p = _mm256_mul_pd(a, b);
-    V2 x = split(a), y = split(b);
-    __m256d e = _mm256_sub_pd(_mm256_mul_pd(x.hi, y.hi), p);
-    e = _mm256_add_pd(e, _mm256_mul_pd(x.hi, y.lo));
-    e = _mm256_add_pd(e, _mm256_mul_pd(x.lo, y.hi));
-    return {p, _mm256_add_pd(e, _mm256_mul_pd(x.lo, y.lo))};
-}
+using dd::c;
+using dd::fast_two_sum;
+using dd::neg;
+using dd::two_prod;
+using dd::two_sum;
+using dd::V2;
 
 template <size_t N> inline __m256d horner(const double (&k)[N], __m256d z) {
     __m256d p = c(k[N - 1]);

@@ -3,16 +3,14 @@
 #include "../common/check.h"
 #include "../common/types.h"
 #include "../common/loop.h"
-#include "../vector/sincos_dd.h"
-#include "../vector/sincos_vec.h"
+#include "../common/num/bits.h"
+#include "../common/num/dd.h"
 
 namespace zams {
 
 namespace {
 
-using sincos_dd::from_bits;
-using sincos_dd::to_bits;
-using sincos_dd::two_prod;
+using dd::two_prod;
 
 // The cubic through cbrt at the four Chebyshev nodes of [1, 8]; its
 // relative error on [1, 8) is below 1.32%.
@@ -34,8 +32,8 @@ inline double cbrt_d(double x) {
     for (int k = 0; k < 3; ++k) t -= (t * t * t - m) / (3.0 * t * t);
     // t^3 - m with the error of t^3 kept: the final step is accurate to far
     // below an ulp, and the subtraction below rounds once
-    sincos_dd::Pair t2 = two_prod(t, t);
-    sincos_dd::Pair t3 = two_prod(t, t2.hi);
+    dd::Pair t2 = two_prod(t, t);
+    dd::Pair t3 = two_prod(t, t2.hi);
     double res = (t3.hi - m) + (t3.lo + t * t2.lo);
     double r = t - res / (3.0 * t2.hi);
     r = from_bits(to_bits(r) + (uint64_t(int64_t(q + adj)) << 52));
@@ -47,7 +45,7 @@ inline double cbrt_d(double x) {
 // leaves a group with a subnormal, infinite or NaN element to the element
 // steps.
 inline bool cbrt4(const double* src, double* dst) {
-    using sincos_vec::c;
+    using dd::c;
     __m256d x = _mm256_loadu_pd(src);
     __m256d sign = _mm256_and_pd(x, c(-0.0)), ax = _mm256_xor_pd(x, sign);
     __m256d zero = _mm256_cmp_pd(ax, _mm256_setzero_pd(), _CMP_EQ_OQ);
@@ -72,7 +70,7 @@ inline bool cbrt4(const double* src, double* dst) {
         __m256d f = _mm256_sub_pd(_mm256_mul_pd(_mm256_mul_pd(t, t), t), m);
         t = _mm256_sub_pd(t, _mm256_div_pd(f, _mm256_mul_pd(_mm256_mul_pd(c(3.0), t), t)));
     }
-    sincos_vec::V2 t2 = sincos_vec::two_prod(t, t), t3 = sincos_vec::two_prod(t, t2.hi);
+    dd::V2 t2 = two_prod(t, t), t3 = two_prod(t, t2.hi);
     __m256d res = _mm256_add_pd(_mm256_sub_pd(t3.hi, m), _mm256_add_pd(t3.lo, _mm256_mul_pd(t, t2.lo)));
     __m256d r = _mm256_sub_pd(t, _mm256_div_pd(res, _mm256_mul_pd(c(3.0), t2.hi)));
     __m256i rb = _mm256_castpd_si256(r);

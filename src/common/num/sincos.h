@@ -1,9 +1,8 @@
 // Sine and cosine of a double in radians as unevaluated sums hi + lo,
 // accurate to far below an ulp of hi, from plain double arithmetic (no
 // fused multiply-add, no C library): the results are the same bits on every
-// target. Used by PolarToCart, whose outputs are magnitude * (hi + lo)
-// rounded once; the exact sum and product of two doubles (two_sum,
-// two_prod) serve the double cube root as well.
+// target. PolarToCart rounds magnitude * (hi + lo) once; the pair
+// arithmetic is dd.h's.
 //
 // Reduction: x = k pi/2 + r with |r| <= pi/4 (r kept as a double pair).
 // Below 2^19 a four-part pi/2 (three 33-bit heads, whose products with k are
@@ -16,39 +15,16 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "../arith/elem_kernel.h"
+#include "bits.h"
+#include "dd.h"
 
 namespace zams {
 namespace sincos_dd {
 
-struct Pair {
-    double hi, lo;
-};
-
-using elem::from_bits;
-inline uint64_t to_bits(double d) { return elem::bits(d); }
-// 2^e for -1022 <= e <= 1023
-inline double pow2(int e) { return from_bits(uint64_t(int64_t(e + 1023)) << 52); }
-
-inline Pair two_sum(double a, double b) {
-    double s = a + b, bb = s - a;
-    return {s, (a - (s - bb)) + (b - bb)};
-}
-inline Pair fast_two_sum(double a, double b) {  // |a| >= |b|
-    double s = a + b;
-    return {s, b - (s - a)};
-}
-// Veltkamp split; |a| < 2^995
-inline Pair split(double a) {
-    double c = 134217729.0 * a, h = c - (c - a);
-    return {h, a - h};
-}
-// a * b exactly as hi + lo (Dekker), no underflow or overflow in between
-inline Pair two_prod(double a, double b) {
-    double p = a * b;
-    Pair x = split(a), y = split(b);
-    return {p, ((x.hi * y.hi - p) + x.hi * y.lo + x.lo * y.hi) + x.lo * y.lo};
-}
+using dd::fast_two_sum;
+using dd::Pair;
+using dd::two_prod;
+using dd::two_sum;
 
 inline constexpr double kPio2Hi = 0x1.921fb54442d18p+0, kPio2Lo = 0x1.1a62633145c07p-54;
 inline constexpr double kTwoOverPi = 0x1.45f306dc9c883p-1;

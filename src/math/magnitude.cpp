@@ -5,26 +5,22 @@
 
 #include <cstring>
 
-#include "../arith/elem_kernel.h"
-#include "../arith/sqrt_kernel.h"
 #include "../common/check.h"
 #include "../common/loop.h"
 #include "../common/types.h"
+#include "../common/num/bits.h"
+#include "../common/num/elem.h"
 #include "../core/parallel.h"
+#include "sqrt_kernel.h"
 
 namespace zams {
 
 namespace {
 
-inline double bits_d(uint64_t b) {
-    double d;
-    std::memcpy(&d, &b, 8);
-    return d;
-}
 inline bool inf_d(double v) { return v - v != v - v && v == v; }
-inline double abs_d(double v) { return bits_d(0) + (v < 0 ? -v : v); }
+inline double abs_d(double v) { return from_bits(0) + (v < 0 ? -v : v); }
 inline double sqrt_d(double x) { return _mm_cvtsd_f64(_mm_sqrt_sd(_mm_setzero_pd(), _mm_set_sd(x))); }
-const double kInf = bits_d(0x7ff0000000000000ull);
+const double kInf = from_bits(0x7ff0000000000000ull);
 
 // |re + i im| with the C99 hypot rules: an infinite part gives +inf even
 // when the other is NaN. Arguments far from 1 are scaled by a power of two
@@ -32,10 +28,10 @@ const double kInf = bits_d(0x7ff0000000000000ull);
 inline double hypot_d(double re, double im) {
     if (inf_d(re) || inf_d(im)) return kInf;
     double a = abs_d(re), b = abs_d(im), m = a > b ? a : b;
-    if (m > bits_d(0x5f30000000000000ull) || (m < bits_d(0x20b0000000000000ull) && m > 0)) {
+    if (m > from_bits(0x5f30000000000000ull) || (m < from_bits(0x20b0000000000000ull) && m > 0)) {
         // 2^500 and 2^-500; scale by 2^-600 or 2^600
-        double s = m > 1 ? bits_d(0x1a70000000000000ull) : bits_d(0x6570000000000000ull);
-        double u = m > 1 ? bits_d(0x6570000000000000ull) : bits_d(0x1a70000000000000ull);
+        double s = m > 1 ? from_bits(0x1a70000000000000ull) : from_bits(0x6570000000000000ull);
+        double u = m > 1 ? from_bits(0x6570000000000000ull) : from_bits(0x1a70000000000000ull);
         a *= s, b *= s;
         return sqrt_d(a * a + b * b) * u;
     }

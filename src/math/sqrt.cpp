@@ -4,6 +4,7 @@
 
 #include "../common/check.h"
 #include "../common/loop.h"
+#include "../common/num/bits.h"
 #include "../common/types.h"
 #include "../core/parallel.h"
 #include "div_kernel.h"
@@ -40,12 +41,7 @@ inline bool is_nan(double v) { return v != v; }
 inline bool is_inf(double v) { return v - v != v - v && v == v; }
 inline double abs_d(double v) { return v < 0 ? -v : (v == 0 ? 0.0 : v); }
 inline double copysign_d(double m, double s) {
-    uint64_t a, b;
-    __builtin_memcpy(&a, &m, 8);
-    __builtin_memcpy(&b, &s, 8);
-    a = (a & ~(uint64_t(1) << 63)) | (b & (uint64_t(1) << 63));
-    __builtin_memcpy(&m, &a, 8);
-    return m;
+    return from_bits((to_bits(m) & ~(uint64_t(1) << 63)) | (to_bits(s) & (uint64_t(1) << 63)));
 }
 
 // Principal square root of x + iy with the special values of C99 Annex G:
@@ -54,7 +50,7 @@ inline double copysign_d(double m, double s) {
 // propagate. Finite arguments are scaled by a power of four so that the
 // squared norm neither overflows nor underflows.
 inline void csqrt_d(double x, double y, double& re, double& im) {
-    const double inf = pow2d(1023) * 2.0;
+    const double inf = pow2(1023) * 2.0;
     if (is_inf(y)) {
         re = inf, im = y;
         return;
@@ -77,8 +73,8 @@ inline void csqrt_d(double x, double y, double& re, double& im) {
     }
     double ax = abs_d(x), ay = abs_d(y), m = ax > ay ? ax : ay;
     double scale = 1.0, unscale = 1.0;
-    if (m > pow2d(500)) scale = pow2d(-600), unscale = pow2d(300);
-    if (m < pow2d(-500)) scale = pow2d(600), unscale = pow2d(-300);
+    if (m > pow2(500)) scale = pow2(-600), unscale = pow2(300);
+    if (m < pow2(-500)) scale = pow2(600), unscale = pow2(-300);
     ax *= scale, ay *= scale;
     double norm = sqrt_d(ax * ax + ay * ay);
     double t = sqrt_d((norm + ax) * 0.5);
@@ -128,8 +124,8 @@ template <class S, class D> zamStatus sqrt_int(const S* src, D* dst, int len, in
 // 16sc: the principal root in double precision, each part scaled, rounded
 // to nearest even and saturated.
 inline Zam16s round_part(double v, int sf) {
-    if (sf > 0) v *= pow2d(sf > 60 ? -60 : -sf);
-    if (sf < 0) v *= pow2d(sf < -60 ? 60 : -sf);
+    if (sf > 0) v *= pow2(sf > 60 ? -60 : -sf);
+    if (sf < 0) v *= pow2(sf < -60 ? 60 : -sf);
     v = _mm_cvtsd_f64(_mm_round_sd(_mm_setzero_pd(), _mm_set_sd(v), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
     if (v > 32767.0) return 32767;
     if (v < -32768.0) return -32768;

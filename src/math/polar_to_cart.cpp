@@ -5,8 +5,8 @@
 
 #include "../common/check.h"
 #include "../common/types.h"
-#include "sincos_dd.h"
-#include "sincos_vec.h"
+#include "../common/num/sincos.h"
+#include "../common/num/sincos_vec.h"
 
 namespace zams {
 

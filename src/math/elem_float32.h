@@ -2,7 +2,7 @@
 // split), Ln and Arctan (in double, rounded once), each within an ulp; scalar
 // and vector steps run the same operations and give the same bits.
 // Arguments a kernel does not cover (non-finite, extremes, non-positive for
-// ln) go to the double kernels of elem_kernel.h.
+// ln) go to the double kernels of common/num/elem.h.
 #pragma once
 
 #include <immintrin.h>
@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "elem_kernel.h"
+#include "../common/num/elem.h"
 
 namespace zams::elem32 {
 
@@ -38,9 +38,7 @@ struct ExpF {
         float big = 1.0f + rh, e = rh - (big - 1.0f);
         float y = big + (e + (rl + q));
         int32_t scale = int32_t(k * 8388608.0f + 1065353216.0f);  // (k + 127) 2^23: the bits of 2^k
-        float sc;
-        std::memcpy(&sc, &scale, 4);
-        return y * sc;
+        return y * float_from_bits(uint32_t(scale));
     }
     static bool covered(__m256 x) {
         __m256 in = _mm256_and_ps(_mm256_cmp_ps(x, _mm256_set1_ps(kLow), _CMP_GT_OQ),
@@ -72,10 +70,10 @@ struct LnD {
     static constexpr double kLow = 0.0, kHigh = 1e39;  // single-precision positive finite
     static bool covered(double x) { return x > kLow && x < kHigh; }
     static double scalar(double x) {
-        uint64_t b = elem::bits(x);
+        uint64_t b = to_bits(x);
         // m from the mantissa, moved to [sqrt(2)/2, sqrt(2)) by the exponent
         uint64_t adj = ((b & 0x000fffffffffffffull) + 0x00095f619980c433ull) & 0x0010000000000000ull;
-        double m = elem::from_bits((b & 0x000fffffffffffffull) | (0x3ff0000000000000ull - adj));
+        double m = from_bits((b & 0x000fffffffffffffull) | (0x3ff0000000000000ull - adj));
         int e = int((b >> 52) & 0x7ff) - 1023 + int(adj >> 52);
         double f = (m - 1.0) / (m + 1.0), z = f * f;
         double p = c[0];
@@ -128,7 +126,7 @@ struct AtanD {
         double p = c[0];
         for (int i = 1; i < 5; ++i) p = p * z + c[i];
         double r = hi + (v + (v * z) * p);
-        return elem::bits(x) >> 63 ? -r : r;  // -0 keeps its sign
+        return to_bits(x) >> 63 ? -r : r;  // -0 keeps its sign
     }
     static __m256d vector(__m256d x) {
         __m256d sign = _mm256_and_pd(x, _mm256_set1_pd(-0.0)), a = _mm256_xor_pd(x, sign);

@@ -3,8 +3,8 @@
 // negative number is NaN, exp(-inf) = 0, atan(+-inf) = +-pi/2; no warnings.
 #include "../common/check.h"
 #include "../common/loop.h"
+#include "../common/num/elem.h"
 #include "elem_float32.h"
-#include "elem_kernel.h"
 #include "elem_vec.h"
 #include "exp64.h"
 

@@ -1,4 +1,4 @@
-// Four-lane form of the double atan kernel of elem_kernel.h: the same
+// Four-lane form of the double atan kernel of common/num/elem.h: the same
 // operations in the same order, so each lane gives the bits the scalar
 // kernel gives. The branches of the scalar code become per-lane selections;
 // each kernel states the arguments it covers, and a caller sends a group
@@ -7,7 +7,7 @@
 
 #include <immintrin.h>
 
-#include "elem_kernel.h"
+#include "../common/num/elem.h"
 
 namespace zams::elemv {
 

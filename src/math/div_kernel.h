@@ -15,20 +15,12 @@
 #include <limits>
 #include <type_traits>
 
+#include "../common/num/bits.h"
 #include "../common/types.h"
 
 namespace zams {
 
 enum class Rnd { Zero = 0, Even = 1, Away = 2 };
-
-// 2^e as a double from its bits (-1022 <= e <= 1023), without an integer
-// conversion (64-bit ones would use x87 code on i386).
-inline double pow2d(int e) {
-    uint64_t b = uint64_t(1023 + e) << 52;
-    double d;
-    __builtin_memcpy(&d, &b, 8);
-    return d;
-}
 
 struct DivRange {
     int lo, hi;  // scale factors served by the kernel
@@ -159,8 +151,8 @@ template <class T> struct DivPd {
     __m256d nscale, dscale, lo, hi;
     int mode;
     DivPd(int sf, Rnd m)
-        : nscale(_mm256_set1_pd(sf < 0 ? pow2d(-sf) : 1.0)),
-          dscale(_mm256_set1_pd(sf > 0 ? pow2d(sf) : 1.0)),
+        : nscale(_mm256_set1_pd(sf < 0 ? pow2(-sf) : 1.0)),
+          dscale(_mm256_set1_pd(sf > 0 ? pow2(sf) : 1.0)),
           lo(_mm256_set1_pd(double(std::numeric_limits<T>::min()))),
           hi(_mm256_set1_pd(double(std::numeric_limits<T>::max()))),
           mode(int(m)) {}

@@ -14,7 +14,7 @@
 
 #include <cstdint>
 
-#include "elem_kernel.h"
+#include "../common/num/elem.h"
 #include "exp64_table.h"
 
 namespace zams::exp64 {
@@ -33,7 +33,7 @@ inline double scalar(double x) {
     double p = (r + r2 * (kC2 + r * kC3)) + (r2 * r2) * (kC4 + r * kC5);
     const double* t = kTable[n & 127];
     double y = t[0] + (t[0] * p + t[1]);
-    return y * elem::from_bits(uint64_t(uint32_t((n >> kBits) + 1023)) << 52);
+    return y * from_bits(uint64_t(uint32_t((n >> kBits) + 1023)) << 52);
 }
 
 inline bool covered(__m256d x) {

@@ -1,9 +1,9 @@
 // Square (Sqr) of floating, complex and integer vectors, and the cube root
 // (Cubrt) of single-precision vectors.
 #include "../common/check.h"
+#include "../common/num/elem.h"
 #include "../common/scale.h"
 #include "../common/types.h"
-#include "elem_kernel.h"
 
 namespace zams {
 
@@ -63,12 +63,12 @@ inline Zam32f cbrt_f(Zam32f xf) {
     if (x == 0 || x != x || x - x != x - x) return xf;  // 0, -0, NaN, inf
     bool neg = x < 0;
     if (neg) x = -x;
-    int e = int((elem::bits(x) >> 52) & 0x7ff) - 1023;  // floats are normal doubles
+    int e = int((to_bits(x) >> 52) & 0x7ff) - 1023;  // floats are normal doubles
     int q = e >= 0 ? e / 3 : -((-e + 2) / 3);
-    double m = elem::from_bits(elem::bits(x) - (uint64_t(int64_t(3 * q)) << 52));  // in [1, 8)
+    double m = from_bits(to_bits(x) - (uint64_t(int64_t(3 * q)) << 52));  // in [1, 8)
     double t = 0.7 + 0.2 * m;
     for (int k = 0; k < 6; ++k) t -= (t * t * t - m) / (3.0 * t * t);
-    double r = elem::from_bits(elem::bits(t) + (uint64_t(int64_t(q)) << 52));
+    double r = from_bits(to_bits(t) + (uint64_t(int64_t(q)) << 52));
     return Zam32f(neg ? -r : r);
 }
 

@@ -7,8 +7,8 @@
 #include <limits>
 
 #include "../common/check.h"
+#include "../common/num/elem.h"
 #include "div_kernel.h"
-#include "elem_kernel.h"
 
 namespace zams {
 
@@ -19,7 +19,7 @@ constexpr double kTenOverLn10 = 4.34294481903251827651;
 template <class T> T round_scaled(double v, int sf) {
     if (sf > 200) sf = 200;
     if (sf < -200) sf = -200;
-    v *= pow2d(-sf);
+    v *= pow2(-sf);
     v = _mm_cvtsd_f64(_mm_round_sd(_mm_setzero_pd(), _mm_set_sd(v), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
     if (v >= double(std::numeric_limits<T>::max())) return std::numeric_limits<T>::max();
     if (v <= double(std::numeric_limits<T>::min())) return std::numeric_limits<T>::min();
