@@ -25,6 +25,7 @@ LAYOUT = {
     "stats.h": ("src/stats", "tests/stats"),
     "window.h": ("src/window", "tests/window"),
     "fft.h": ("src/transform", "tests/transform"),
+    "conv.h": ("src/conv", "tests/conv"),
 }
 
 
