@@ -1,0 +1,173 @@
+// Tones: magn cos(2 pi (c0 + f n)) and its complex form, the Direct
+// members, the Q15 Direct member and the Q15 state.
+//
+// The angle of every kBlock-th sample (counting n from the tone's start)
+// is reduced exactly, f n in cycles without rounding (frac_product), and
+// turned into sine and cosine from plain arithmetic (sincospi); a rotation
+// by 4 samples, four lanes wide, carries the value to the rest of the
+// block. So the error does not grow with n, and a sample depends only on
+// its own n: a tone drawn in pieces is the tone drawn at once.
+#include <immintrin.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "../common/trig.h"
+#include "gen_common.h"
+
+namespace zams::gen {
+namespace {
+
+// Samples between exact anchors: the rotation adds about one ulp a step.
+template <class T> constexpr int kBlock = std::is_same_v<T, Zam64f> || std::is_same_v<T, Zam64fc> ? 32 : 128;
+
+struct Rot {
+    double c, s;
+};
+inline Rot unit(double cycles) {
+    Rot r;
+    sincospi(2 * cycles, &r.s, &r.c);
+    return r;
+}
+inline Rot mul(Rot a, Rot b) { return {a.c * b.c - a.s * b.s, a.c * b.s + a.s * b.c}; }
+
+template <class T> inline void put(T* d, double c, double s) {
+    if constexpr (is_complex_v<T>) *d = {round_to<part_t<T>>(c), round_to<part_t<T>>(s)};
+    else *d = round_to<T>(c);
+}
+
+// len samples of magn exp(2 pi i (c0 + f n)), n from n0 on; 0 <= c0 < 1.
+template <class T> void fill(T* d, int len, double magn, double f, double c0, int64_t n0) {
+    constexpr int B = kBlock<T>;
+    alignas(32) double re[B], im[B];
+    const Rot w = unit(f), w4 = unit(frac_product(f, 4));
+    const __m256d w4c = _mm256_set1_pd(w4.c), w4s = _mm256_set1_pd(w4.s);
+    int64_t nb = n0 - n0 % B;
+    for (int i = 0; i < len; nb += B) {
+        // the anchor and the next three samples, then four lanes
+        Rot z = unit(c0 + frac_product(f, nb));
+        z = {magn * z.c, magn * z.s};
+        const Rot z1 = mul(z, w), z2 = mul(z1, w), z3 = mul(z2, w);
+        __m256d vc = _mm256_setr_pd(z.c, z1.c, z2.c, z3.c), vs = _mm256_setr_pd(z.s, z1.s, z2.s, z3.s);
+        for (int k = 0; k < B; k += 4) {
+            _mm256_store_pd(re + k, vc);
+            _mm256_store_pd(im + k, vs);
+            const __m256d c = _mm256_sub_pd(_mm256_mul_pd(vc, w4c), _mm256_mul_pd(vs, w4s));
+            vs = _mm256_add_pd(_mm256_mul_pd(vc, w4s), _mm256_mul_pd(vs, w4c));
+            vc = c;
+        }
+        const int from = int(std::max<int64_t>(n0 + i - nb, 0)), to = int(std::min<int64_t>(B, n0 + len - nb));
+        for (int k = from; k < to; ++k, ++i) put(d + i, re[k], im[k]);
+    }
+}
+
+inline double cycles_of(double phase) {
+    const double c = phase * kInvTwoPi;
+    return c < 1 ? c : 0;
+}
+
+template <class T, class M, class P> zamStatus direct(T* d, int len, M magn, P rFreq, P* pPhase) {
+    if (!pPhase) return zamStatusNullPointer;
+    if (!(magn > 0)) return zamStatusBadToneMagnitude;
+    if (!(double(rFreq) >= 0 && double(rFreq) < 0.5)) return zamStatusBadToneFrequency;
+    const double phase = *pPhase;
+    if (!(phase >= 0 && phase < kTwoPi)) return zamStatusBadTonePhase;
+    if (zamStatus s = check_args(len, d)) return s;
+    const double c0 = cycles_of(phase);
+    fill(d, len, double(magn), double(rFreq), c0, 0);
+    const double next = c0 + frac_product(double(rFreq), len);
+    *pPhase = phase_out<P>(kTwoPi * (next - std::floor(next)));
+    return zamStatusOk;
+}
+
+inline zamStatus check_q15(int magn, int rFreq, int32_t phase) {
+    if (magn < 1) return zamStatusBadToneMagnitude;
+    if (rFreq < 0 || rFreq > 16383) return zamStatusBadToneFrequency;
+    if (uint32_t(phase) > 205886u) return zamStatusBadTonePhase;
+    return zamStatusOk;
+}
+
+zamStatus q15_direct(Zam16s* d, int len, Zam16s magn, Zam16s rFreq, int32_t phase) {
+    if (zamStatus s = check_args(len, d)) return s;
+    if (zamStatus s = check_q15(magn, rFreq, phase)) return s;
+    constexpr float q = float(kQ15);
+    float ph = float(phase) * q;
+    (void)direct<Zam16s, Zam16s, float>(d, len, magn, float(rFreq) * q, &ph);
+    return zamStatusOk;
+}
+
+// The Q15 state: the parameters, and the count of samples drawn so far
+// (modulo 2^15, the period of f n in cycles for f = q / 2^15).
+struct ToneHdr {
+    int32_t id;
+    int32_t owned;
+    double magn, rFreq, cycles;
+    int64_t n;
+};
+constexpr int kToneStateSize = 64;
+static_assert(sizeof(ToneHdr) <= kToneStateSize && 32768 % kBlock<Zam16s> == 0);
+
+zamStatus q15_init(void* p, Zam16s magn, Zam16s rFreq, int32_t phase) {
+    if (!p) return zamStatusNullPointer;
+    if (zamStatus s = check_q15(magn, rFreq, phase)) return s;
+    void* out;
+    return lay_into(&out, p, kStateShape<ToneHdr>, [&](uint8_t* base, int32_t& idOut) {
+        auto* h = reinterpret_cast<ToneHdr*>(base);
+        std::memset(h, 0, sizeof *h);
+        h->magn = magn;
+        h->rFreq = rFreq * kQ15;
+        h->cycles = cycles_of(phase * kQ15);
+        idOut = id::ToneQ15;
+        return zamStatusOk;
+    });
+}
+
+zamStatus q15_fill(Zam16s* d, int len, void* p) {
+    if (zamStatus s = check_args(len, d, p)) return s;
+    zamStatus s;
+    ToneHdr* h = state_of<ToneHdr>(p, {id::ToneQ15}, s);
+    if (!h) return s;
+    fill(d, len, h->magn, h->rFreq, h->cycles, h->n);
+    h->n = (h->n + len) % 32768;
+    return zamStatusOk;
+}
+
+}  // namespace
+}  // namespace zams::gen
+
+using namespace zams::gen;
+
+ZAMS_FN(zamStatus, zamsTone_Direct_32f)(Zam32f* d, int len, Zam32f m, Zam32f f, Zam32f* ph) {
+    return direct(d, len, m, f, ph);
+}
+ZAMS_FN(zamStatus, zamsTone_Direct_64f)(Zam64f* d, int len, Zam64f m, Zam64f f, Zam64f* ph) {
+    return direct(d, len, m, f, ph);
+}
+ZAMS_FN(zamStatus, zamsTone_Direct_16s)(Zam16s* d, int len, Zam16s m, Zam32f f, Zam32f* ph) {
+    return direct(d, len, m, f, ph);
+}
+ZAMS_FN(zamStatus, zamsTone_Direct_32fc)(Zam32fc* d, int len, Zam32f m, Zam32f f, Zam32f* ph) {
+    return direct(d, len, m, f, ph);
+}
+ZAMS_FN(zamStatus, zamsTone_Direct_64fc)(Zam64fc* d, int len, Zam64f m, Zam64f f, Zam64f* ph) {
+    return direct(d, len, m, f, ph);
+}
+ZAMS_FN(zamStatus, zamsTone_Direct_16sc)(Zam16sc* d, int len, Zam16s m, Zam32f f, Zam32f* ph) {
+    return direct(d, len, m, f, ph);
+}
+ZAMS_FN(zamStatus, zamsToneQ15_Direct_16s)(Zam16s* d, int len, Zam16s m, Zam16s f, Zam32s ph) {
+    return q15_direct(d, len, m, f, ph);
+}
+ZAMS_FN(zamStatus, zamsToneGetStateSizeQ15_16s)(int* pSize) {
+    if (!pSize) return zamStatusNullPointer;
+    *pSize = kToneStateSize;
+    return zamStatusOk;
+}
+ZAMS_FN(zamStatus, zamsToneInitQ15_16s)(ZamsToneState_16s* p, Zam16s m, Zam16s f, Zam32s ph) {
+    return q15_init(p, m, f, ph);
+}
+ZAMS_FN(zamStatus, zamsToneInitAllocQ15_16s)(ZamsToneState_16s** pp, Zam16s m, Zam16s f, Zam32s ph) {
+    return alloc_state<ToneHdr>(reinterpret_cast<void**>(pp), [&](uint8_t* mem) { return q15_init(mem, m, f, ph); });
+}
+ZAMS_FN(zamStatus, zamsToneQ15_16s)(Zam16s* d, int len, ZamsToneState_16s* p) { return q15_fill(d, len, p); }
+ZAMS_FN(zamStatus, zamsToneFree)(ZamsToneState_16s* p) { return free_state<ToneHdr>(p, zams::id::ToneQ15); }
