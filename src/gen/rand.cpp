@@ -35,17 +35,18 @@ template <class T> void fill_uniform(T* d, int len, double mid, double scale, Ge
 inline double mid_of(double low, double high) { return (low + high) * 0.5; }
 inline double scale_of(double low, double high) { return (high - low) * kUniScale; }
 
-// The midpoint and scale of an integer kind have at most 17 significant
-// bits and are kept in single precision, exactly; that leaves the 16-bit
-// state room for its owned mark within 48 bytes.
-template <class T> using Real = std::conditional_t<std::is_floating_point_v<T>, double, float>;
+// The midpoint of an integer kind's bounds has at most 17 significant bits
+// and is kept in single precision, exactly; that leaves the 16-bit state
+// room for its owned mark within 48 bytes.
+template <class T> using Mid = std::conditional_t<std::is_floating_point_v<T>, double, float>;
 
 template <class T> struct UniHdr {
     int32_t id;
     int32_t owned;
     uint32_t seed;
     T low, high;
-    alignas(sizeof(Real<T>)) Real<T> mid, scale;
+    alignas(8) double scale;
+    Mid<T> mid;
     Gen g;
 };
 static_assert(sizeof(UniHdr<Zam16s>) <= 48 && sizeof(UniHdr<Zam8u>) <= 48);
@@ -60,8 +61,8 @@ template <class T> zamStatus uni_init(void* p, T low, T high, uint32_t seed, int
         h->seed = seed;
         h->low = low;
         h->high = high;
-        h->mid = Real<T>(mid_of(low, high));
-        h->scale = Real<T>(scale_of(low, high));
+        h->mid = Mid<T>(mid_of(low, high));
+        h->scale = scale_of(low, high);
         h->g = seeded(seed);
         idOut = id;
         return zamStatusOk;
@@ -77,7 +78,7 @@ template <class T> zamStatus uni_fill(T* d, int len, void* p, int32_t id) {
     zamStatus s;
     UniHdr<T>* h = state_of<UniHdr<T>>(p, {id}, s);
     if (!h) return s;
-    fill_uniform(d, len, double(h->mid), double(h->scale), h->g);
+    fill_uniform(d, len, double(h->mid), h->scale, h->g);
     return zamStatusOk;
 }
 
