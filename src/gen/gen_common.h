@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 #include "../common/round.h"
@@ -31,6 +32,29 @@ template <class H, class Init> zamStatus alloc_state(void** pp, Init&& init) {
     });
 }
 template <class H> zamStatus free_state(void* p, int32_t id) { return release(p, {id}, kStateShape<H>); }
+
+// Init: the state H zeroed at p, set(h) fills in the family's fields.
+template <class H, class Set> zamStatus build_state(void* p, int32_t id, Set&& set) {
+    if (!p) return zamStatusNullPointer;
+    void* out;
+    return lay_into(&out, p, kStateShape<H>, [&](uint8_t* base, int32_t& idOut) {
+        H* h = reinterpret_cast<H*>(base);
+        std::memset(static_cast<void*>(h), 0, sizeof *h);
+        set(*h);
+        idOut = id;
+        return zamStatusOk;
+    });
+}
+
+// A fill with a state: pointers, length, the state's kind, then run(h).
+template <class H, class T, class Run> zamStatus with_state(T* d, int len, void* p, int32_t id, Run&& run) {
+    if (zamStatus s = check_args(len, d, p)) return s;
+    zamStatus s;
+    H* h = state_of<H>(p, {id}, s);
+    if (!h) return s;
+    run(*h);
+    return zamStatusOk;
+}
 
 // A phase for the next call, rounded to the caller's type P: a value that
 // leaves [0, 2 pi) on the way (by rounding up to 2 pi) becomes 0.

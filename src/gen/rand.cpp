@@ -53,19 +53,13 @@ static_assert(sizeof(UniHdr<Zam16s>) <= 48 && sizeof(UniHdr<Zam8u>) <= 48);
 constexpr int kUniSize16s = 48;
 
 template <class T> zamStatus uni_init(void* p, T low, T high, uint32_t seed, int32_t id) {
-    if (!p) return zamStatusNullPointer;
-    void* out;
-    return lay_into(&out, p, kStateShape<UniHdr<T>>, [&](uint8_t* base, int32_t& idOut) {
-        auto* h = reinterpret_cast<UniHdr<T>*>(base);
-        std::memset(h, 0, sizeof *h);
-        h->seed = seed;
-        h->low = low;
-        h->high = high;
-        h->mid = Mid<T>(mid_of(low, high));
-        h->scale = scale_of(low, high);
-        h->g = seeded(seed);
-        idOut = id;
-        return zamStatusOk;
+    return build_state<UniHdr<T>>(p, id, [&](UniHdr<T>& h) {
+        h.seed = seed;
+        h.low = low;
+        h.high = high;
+        h.mid = Mid<T>(mid_of(low, high));
+        h.scale = scale_of(low, high);
+        h.g = seeded(seed);
     });
 }
 
@@ -74,12 +68,7 @@ template <class T> zamStatus uni_init_alloc(void** pp, T low, T high, uint32_t s
 }
 
 template <class T> zamStatus uni_fill(T* d, int len, void* p, int32_t id) {
-    if (zamStatus s = check_args(len, d, p)) return s;
-    zamStatus s;
-    UniHdr<T>* h = state_of<UniHdr<T>>(p, {id}, s);
-    if (!h) return s;
-    fill_uniform(d, len, double(h->mid), h->scale, h->g);
-    return zamStatusOk;
+    return with_state<UniHdr<T>>(d, len, p, id, [&](UniHdr<T>& h) { fill_uniform(d, len, double(h.mid), h.scale, h.g); });
 }
 
 // The seed cell of the Direct members: it seeds the generator, and receives
@@ -139,17 +128,11 @@ template <class T> struct GaussHdr {
 };
 
 template <class T> zamStatus gauss_init(void* p, T mean, T sd, uint32_t seed, int32_t id) {
-    if (!p) return zamStatusNullPointer;
-    void* out;
-    return lay_into(&out, p, kStateShape<GaussHdr<T>>, [&](uint8_t* base, int32_t& idOut) {
-        auto* h = reinterpret_cast<GaussHdr<T>*>(base);
-        std::memset(h, 0, sizeof *h);
-        h->mean = mean;
-        h->sd = sd;
-        h->g = seeded(seed);
-        h->none = 1;
-        idOut = id;
-        return zamStatusOk;
+    return build_state<GaussHdr<T>>(p, id, [&](GaussHdr<T>& h) {
+        h.mean = mean;
+        h.sd = sd;
+        h.g = seeded(seed);
+        h.none = 1;
     });
 }
 
@@ -158,16 +141,13 @@ template <class T> zamStatus gauss_init_alloc(void** pp, T mean, T sd, uint32_t 
 }
 
 template <class T> zamStatus gauss_fill(T* d, int len, void* p, int32_t id) {
-    if (zamStatus s = check_args(len, d, p)) return s;
-    zamStatus s;
-    GaussHdr<T>* h = state_of<GaussHdr<T>>(p, {id}, s);
-    if (!h) return s;
-    Spare spare{h->none, h->factor, h->u};
-    fill_gauss(d, len, double(h->mean), double(h->sd), h->g, spare);
-    h->none = spare.none;
-    h->factor = spare.factor;
-    h->u = spare.u;
-    return zamStatusOk;
+    return with_state<GaussHdr<T>>(d, len, p, id, [&](GaussHdr<T>& h) {
+        Spare spare{h.none, h.factor, h.u};
+        fill_gauss(d, len, double(h.mean), double(h.sd), h.g, spare);
+        h.none = spare.none;
+        h.factor = spare.factor;
+        h.u = spare.u;
+    });
 }
 
 template <class T> zamStatus gauss_direct(T* d, int len, T mean, T sd, unsigned* pSeed) {

@@ -110,26 +110,18 @@ static_assert(sizeof(ToneHdr) <= kToneStateSize && 32768 % kBlock<Zam16s> == 0);
 zamStatus q15_init(void* p, Zam16s magn, Zam16s rFreq, int32_t phase) {
     if (!p) return zamStatusNullPointer;
     if (zamStatus s = check_q15(magn, rFreq, phase)) return s;
-    void* out;
-    return lay_into(&out, p, kStateShape<ToneHdr>, [&](uint8_t* base, int32_t& idOut) {
-        auto* h = reinterpret_cast<ToneHdr*>(base);
-        std::memset(h, 0, sizeof *h);
-        h->magn = magn;
-        h->rFreq = rFreq * kQ15;
-        h->cycles = cycles_of(phase * kQ15);
-        idOut = id::ToneQ15;
-        return zamStatusOk;
+    return build_state<ToneHdr>(p, id::ToneQ15, [&](ToneHdr& h) {
+        h.magn = magn;
+        h.rFreq = rFreq * kQ15;
+        h.cycles = cycles_of(phase * kQ15);
     });
 }
 
 zamStatus q15_fill(Zam16s* d, int len, void* p) {
-    if (zamStatus s = check_args(len, d, p)) return s;
-    zamStatus s;
-    ToneHdr* h = state_of<ToneHdr>(p, {id::ToneQ15}, s);
-    if (!h) return s;
-    fill(d, len, h->magn, h->rFreq, h->cycles, h->n);
-    h->n = (h->n + len) % 32768;
-    return zamStatusOk;
+    return with_state<ToneHdr>(d, len, p, id::ToneQ15, [&](ToneHdr& h) {
+        fill(d, len, h.magn, h.rFreq, h.cycles, h.n);
+        h.n = (h.n + len) % 32768;
+    });
 }
 
 }  // namespace
@@ -137,24 +129,15 @@ zamStatus q15_fill(Zam16s* d, int len, void* p) {
 
 using namespace zams::gen;
 
-ZAMS_FN(zamStatus, zamsTone_Direct_32f)(Zam32f* d, int len, Zam32f m, Zam32f f, Zam32f* ph) {
-    return direct(d, len, m, f, ph);
-}
-ZAMS_FN(zamStatus, zamsTone_Direct_64f)(Zam64f* d, int len, Zam64f m, Zam64f f, Zam64f* ph) {
-    return direct(d, len, m, f, ph);
-}
-ZAMS_FN(zamStatus, zamsTone_Direct_16s)(Zam16s* d, int len, Zam16s m, Zam32f f, Zam32f* ph) {
-    return direct(d, len, m, f, ph);
-}
-ZAMS_FN(zamStatus, zamsTone_Direct_32fc)(Zam32fc* d, int len, Zam32f m, Zam32f f, Zam32f* ph) {
-    return direct(d, len, m, f, ph);
-}
-ZAMS_FN(zamStatus, zamsTone_Direct_64fc)(Zam64fc* d, int len, Zam64f m, Zam64f f, Zam64f* ph) {
-    return direct(d, len, m, f, ph);
-}
-ZAMS_FN(zamStatus, zamsTone_Direct_16sc)(Zam16sc* d, int len, Zam16s m, Zam32f f, Zam32f* ph) {
-    return direct(d, len, m, f, ph);
-}
+#define ZAMS_TONE_DIRECT(T, M, P)                                                                             \
+    ZAMS_FN(zamStatus, zamsTone_Direct_##T)(Zam##T * d, int len, M m, P f, P * ph) { return direct(d, len, m, f, ph); }
+ZAMS_TONE_DIRECT(32f, Zam32f, Zam32f)
+ZAMS_TONE_DIRECT(64f, Zam64f, Zam64f)
+ZAMS_TONE_DIRECT(16s, Zam16s, Zam32f)
+ZAMS_TONE_DIRECT(32fc, Zam32f, Zam32f)
+ZAMS_TONE_DIRECT(64fc, Zam64f, Zam64f)
+ZAMS_TONE_DIRECT(16sc, Zam16s, Zam32f)
+
 ZAMS_FN(zamStatus, zamsToneQ15_Direct_16s)(Zam16s* d, int len, Zam16s m, Zam16s f, Zam32s ph) {
     return q15_direct(d, len, m, f, ph);
 }

@@ -115,34 +115,26 @@ static_assert(sizeof(TriHdr) <= kTriStateSize);
 zamStatus q15_init(void* p, Zam16s magn, Zam16s rFreq, int32_t phase, int32_t asym) {
     if (!p) return zamStatusNullPointer;
     if (zamStatus s = check_q15(magn, rFreq, phase, asym)) return s;
-    void* out;
-    return lay_into(&out, p, kStateShape<TriHdr>, [&](uint8_t* base, int32_t& idOut) {
-        auto* h = reinterpret_cast<TriHdr*>(base);
-        std::memset(h, 0, sizeof *h);
-        h->magn = magn;
-        h->rFreq = rFreq * kQ15;
-        h->phase = phase * kQ15;
-        h->asym = asym * kQ15;
-        idOut = id::TriangleQ15;
-        return zamStatusOk;
+    return build_state<TriHdr>(p, id::TriangleQ15, [&](TriHdr& h) {
+        h.magn = magn;
+        h.rFreq = rFreq * kQ15;
+        h.phase = phase * kQ15;
+        h.asym = asym * kQ15;
     });
 }
 
 zamStatus q15_fill(Zam16s* d, int len, void* p) {
-    if (zamStatus s = check_args(len, d, p)) return s;
-    zamStatus s;
-    TriHdr* h = state_of<TriHdr>(p, {id::TriangleQ15}, s);
-    if (!h) return s;
-    Wave w(h->magn, h->rFreq, h->asym);
-    int i = 0;
-    if (h->started) w.v = h->value, w.rising = h->rising != 0;
-    else d[i++] = round_to<Zam16s>(w.start(h->phase));
-    for (; i < len; ++i) d[i] = round_to<Zam16s>(w.next());
-    h->value = w.v;
-    h->rising = w.rising;
-    h->started = 1;
-    h->phase = phase_out<double>(advance(h->phase, len, h->rFreq));
-    return zamStatusOk;
+    return with_state<TriHdr>(d, len, p, id::TriangleQ15, [&](TriHdr& h) {
+        Wave w(h.magn, h.rFreq, h.asym);
+        int i = 0;
+        if (h.started) w.v = h.value, w.rising = h.rising != 0;
+        else d[i++] = round_to<Zam16s>(w.start(h.phase));
+        for (; i < len; ++i) d[i] = round_to<Zam16s>(w.next());
+        h.value = w.v;
+        h.rising = w.rising;
+        h.started = 1;
+        h.phase = phase_out<double>(advance(h.phase, len, h.rFreq));
+    });
 }
 
 }  // namespace
@@ -150,24 +142,17 @@ zamStatus q15_fill(Zam16s* d, int len, void* p) {
 
 using namespace zams::gen;
 
-ZAMS_FN(zamStatus, zamsTriangle_Direct_32f)(Zam32f* d, int len, Zam32f m, Zam32f f, Zam32f a, Zam32f* ph) {
-    return direct(d, len, m, f, a, ph);
-}
-ZAMS_FN(zamStatus, zamsTriangle_Direct_64f)(Zam64f* d, int len, Zam64f m, Zam64f f, Zam64f a, Zam64f* ph) {
-    return direct(d, len, m, f, a, ph);
-}
-ZAMS_FN(zamStatus, zamsTriangle_Direct_16s)(Zam16s* d, int len, Zam16s m, Zam32f f, Zam32f a, Zam32f* ph) {
-    return direct(d, len, m, f, a, ph);
-}
-ZAMS_FN(zamStatus, zamsTriangle_Direct_32fc)(Zam32fc* d, int len, Zam32f m, Zam32f f, Zam32f a, Zam32f* ph) {
-    return direct(d, len, m, f, a, ph);
-}
-ZAMS_FN(zamStatus, zamsTriangle_Direct_64fc)(Zam64fc* d, int len, Zam64f m, Zam64f f, Zam64f a, Zam64f* ph) {
-    return direct(d, len, m, f, a, ph);
-}
-ZAMS_FN(zamStatus, zamsTriangle_Direct_16sc)(Zam16sc* d, int len, Zam16s m, Zam32f f, Zam32f a, Zam32f* ph) {
-    return direct(d, len, m, f, a, ph);
-}
+#define ZAMS_TRIANGLE_DIRECT(T, M, P)                                                                         \
+    ZAMS_FN(zamStatus, zamsTriangle_Direct_##T)(Zam##T * d, int len, M m, P f, P a, P * ph) {                  \
+        return direct(d, len, m, f, a, ph);                                                                   \
+    }
+ZAMS_TRIANGLE_DIRECT(32f, Zam32f, Zam32f)
+ZAMS_TRIANGLE_DIRECT(64f, Zam64f, Zam64f)
+ZAMS_TRIANGLE_DIRECT(16s, Zam16s, Zam32f)
+ZAMS_TRIANGLE_DIRECT(32fc, Zam32f, Zam32f)
+ZAMS_TRIANGLE_DIRECT(64fc, Zam64f, Zam64f)
+ZAMS_TRIANGLE_DIRECT(16sc, Zam16s, Zam32f)
+
 ZAMS_FN(zamStatus, zamsTriangleQ15_Direct_16s)(Zam16s* d, int len, Zam16s m, Zam16s f, Zam32s ph, Zam32s a) {
     return q15_direct(d, len, m, f, ph, a);
 }
