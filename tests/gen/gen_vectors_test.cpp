@@ -73,8 +73,8 @@ TEST(Vectors, SaturateAndLongJaehne) {
     const int len = 3000000;
     std::vector<Zam64f> j(len);
     ASSERT_EQ(zamsVectorJaehne_64f(j.data(), len, 1.0), zamStatusOk);
-    for (long n = len - 50; n < len; ++n) {
-        const long k = (n * n) % (4L * len);
+    for (int64_t n = len - 50; n < len; ++n) {
+        const int64_t k = (n * n) % (4 * int64_t(len));
         EXPECT_NEAR(j[n], std::sin(kPi * k / (2 * LD(len))), 1e-15) << n;
     }
 }
