@@ -68,7 +68,8 @@ template <class T> zamStatus uni_init_alloc(void** pp, T low, T high, uint32_t s
 }
 
 template <class T> zamStatus uni_fill(T* d, int len, void* p, int32_t id) {
-    return with_state<UniHdr<T>>(d, len, p, id, [&](UniHdr<T>& h) { fill_uniform(d, len, double(h.mid), h.scale, h.g); });
+    return with_state<UniHdr<T>>(d, len, p, id,
+                                 [&](UniHdr<T>& h) { fill_uniform(d, len, double(h.mid), h.scale, h.g); });
 }
 
 // The seed cell of the Direct members: it seeds the generator, and receives
