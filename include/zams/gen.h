@@ -133,7 +133,7 @@ ZAMSAPI zamStatus zamsTriangleFree(ZamsTriangleState_16s* pState);
  * Real members: pDst[n] = magn cos(2 pi rFreq n + phase); complex members:
  * magn (cos + i sin) of the same angle. rFreq in [0, 0.5), phase in
  * [0, 2 pi), magn > 0. The angle is reduced exactly (rFreq n in cycles,
- * without rounding, every 32 to 128 samples) and a rotation carries it
+ * without rounding, every 32 or 256 samples) and a rotation carries it
  * between those points, so long tones do not drift: the error does not
  * grow with n (within 1e-13 relative for the double members). *pPhase
  * receives the phase of the sample after the last (0 if it rounds to

@@ -3,8 +3,8 @@
 //
 // The angle of every kBlock-th sample (counting n from the tone's start)
 // is reduced exactly, f n in cycles without rounding (frac_product), and
-// turned into sine and cosine from plain arithmetic (sincospi); a rotation
-// by 4 samples, four lanes wide, carries the value to the rest of the
+// turned into sine and cosine from plain arithmetic (sincospi); rotations
+// by 8 samples, in two chains of four lanes, carry it to the rest of the
 // block. So the error does not grow with n, and a sample depends only on
 // its own n: a tone drawn in pieces is the tone drawn at once.
 #include <immintrin.h>
@@ -18,8 +18,9 @@
 namespace zams::gen {
 namespace {
 
-// Samples between exact anchors: the rotation adds about one ulp a step.
-template <class T> constexpr int kBlock = std::is_same_v<T, Zam64f> || std::is_same_v<T, Zam64fc> ? 32 : 128;
+// Samples between exact anchors: each rotation step (8 samples) adds about
+// an ulp of the double value.
+template <class T> constexpr int kBlock = std::is_same_v<T, Zam64f> || std::is_same_v<T, Zam64fc> ? 32 : 256;
 
 struct Rot {
     double c, s;
@@ -36,25 +37,38 @@ template <class T> inline void put(T* d, double c, double s) {
     else *d = round_to<T>(c);
 }
 
+// Rotates the four lanes (c, s) by (rc, rs).
+inline void rotate(__m256d& c, __m256d& s, __m256d rc, __m256d rs) {
+    const __m256d nc = _mm256_sub_pd(_mm256_mul_pd(c, rc), _mm256_mul_pd(s, rs));
+    s = _mm256_add_pd(_mm256_mul_pd(c, rs), _mm256_mul_pd(s, rc));
+    c = nc;
+}
+
 // len samples of magn exp(2 pi i (c0 + f n)), n from n0 on; 0 <= c0 < 1.
 template <class T> void fill(T* d, int len, double magn, double f, double c0, int64_t n0) {
     constexpr int B = kBlock<T>;
     alignas(32) double re[B], im[B];
-    const Rot w = unit(f), w4 = unit(frac_product(f, 4));
-    const __m256d w4c = _mm256_set1_pd(w4.c), w4s = _mm256_set1_pd(w4.s);
+    const Rot w = unit(f), w8 = unit(frac_product(f, 8));
+    const __m256d w8c = _mm256_set1_pd(w8.c), w8s = _mm256_set1_pd(w8.s);
     int64_t nb = n0 - n0 % B;
     for (int i = 0; i < len; nb += B) {
-        // the anchor and the next three samples, then four lanes
-        Rot z = unit(c0 + frac_product(f, nb));
-        z = {magn * z.c, magn * z.s};
-        const Rot z1 = mul(z, w), z2 = mul(z1, w), z3 = mul(z2, w);
-        __m256d vc = _mm256_setr_pd(z.c, z1.c, z2.c, z3.c), vs = _mm256_setr_pd(z.s, z1.s, z2.s, z3.s);
-        for (int k = 0; k < B; k += 4) {
-            _mm256_store_pd(re + k, vc);
-            _mm256_store_pd(im + k, vs);
-            const __m256d c = _mm256_sub_pd(_mm256_mul_pd(vc, w4c), _mm256_mul_pd(vs, w4s));
-            vs = _mm256_add_pd(_mm256_mul_pd(vc, w4s), _mm256_mul_pd(vs, w4c));
-            vc = c;
+        // the anchor and the next seven samples, then two independent
+        // chains of four lanes, each rotated by 8 samples a step
+        Rot z[8];
+        z[0] = unit(c0 + frac_product(f, nb));
+        z[0] = {magn * z[0].c, magn * z[0].s};
+        for (int j = 1; j < 8; ++j) z[j] = mul(z[j - 1], w);
+        __m256d ac = _mm256_setr_pd(z[0].c, z[1].c, z[2].c, z[3].c);
+        __m256d as = _mm256_setr_pd(z[0].s, z[1].s, z[2].s, z[3].s);
+        __m256d bc = _mm256_setr_pd(z[4].c, z[5].c, z[6].c, z[7].c);
+        __m256d bs = _mm256_setr_pd(z[4].s, z[5].s, z[6].s, z[7].s);
+        for (int k = 0; k < B; k += 8) {
+            _mm256_store_pd(re + k, ac);
+            _mm256_store_pd(re + k + 4, bc);
+            _mm256_store_pd(im + k, as);
+            _mm256_store_pd(im + k + 4, bs);
+            rotate(ac, as, w8c, w8s);
+            rotate(bc, bs, w8c, w8s);
         }
         const int from = int(std::max<int64_t>(n0 + i - nb, 0)), to = int(std::min<int64_t>(B, n0 + len - nb));
         for (int k = from; k < to; ++k, ++i) put(d + i, re[k], im[k]);
