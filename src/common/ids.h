@@ -38,10 +38,13 @@ inline constexpr int32_t Hilbert32f32fc = 0x434D4145, Hilbert16s32fc = 0x434D414
 
 // ---- random generators: uniform, Gaussian
 inline constexpr int32_t RandUni8u = 35, RandUni16s = 36, RandUni32f = 37;
-inline constexpr int32_t RandGauss16s = 39, RandGauss32f = 40;
+inline constexpr int32_t RandGauss8u = 38, RandGauss16s = 39, RandGauss32f = 40;
 
 // ---- triangle generator
 inline constexpr int32_t TriangleQ15 = mem4("IAMC");
+
+// ---- tone generator
+inline constexpr int32_t ToneQ15 = mem4("TONE");
 
 // ---- FIR states
 inline constexpr int32_t Fir32f = msb4("FI01"), Fir32fc = msb4("FI02"), FirMR32f = msb4("FI03"),
@@ -70,6 +73,7 @@ inline constexpr int32_t kAll[] = {
     FftC16sc, FftC16s, FftR16s, FftC32fc, FftC32f, FftR32f, FftC64fc, FftC64f, FftR64f, FftC32s, FftC32sc,
     FftR32s, FftR16s32s, DctFwd16s, DctInv16s, DctFwd32f, DctInv32f, DctFwd64f, DctInv64f, Hilbert32f32fc,
     Hilbert16s32fc, Hilbert16s16sc, RandUni8u, RandUni16s, RandUni32f, RandGauss16s, RandGauss32f, TriangleQ15,
+    RandGauss8u, ToneQ15,
     Fir32f, Fir32fc, FirMR32f, Fir32f16s, Fir32fc16sc, FirMR32f16s, Fir32s16s, Fir32sc16sc, FirMR32s16s, Fir64f,
     Fir64fc, Fir64f32f, Fir64fc32fc, Fir64f32s, Fir64fc32sc, Fir64f16s, Fir64fc16sc, Fir16s, FirStream32f,
     FirMRStream32f, Iir32f, IirBq32f, Iir32f16s, IirBq32f16s, Iir32fc16sc, IirBq32fc16sc, Iir64f, IirBq64f,

@@ -26,6 +26,7 @@ LAYOUT = {
     "window.h": ("src/window", "tests/window"),
     "fft.h": ("src/transform", "tests/transform"),
     "conv.h": ("src/conv", "tests/conv"),
+    "gen.h": ("src/gen", "tests/gen"),
 }
 
 
