@@ -146,6 +146,16 @@ void base_bytes(unsigned char* b, size_t size) {
     }
 }
 
+// The values every integer argument of a kind is tried with.
+std::vector<int64_t> hostile_ints(Kind k) {
+    switch (k) {
+        case Kind::Order: return {0, -1, INT_MIN, INT_MAX};
+        case Kind::Scale: return {INT_MIN, -1000, 1000, INT_MAX};
+        case Kind::Mode: return {-1, 3, 5, 1000, INT_MIN, INT_MAX};
+        default: return {INT_MIN, -1, 0, INT_MAX};
+    }
+}
+
 bool is_pointer(Kind k) {
     return k == Kind::Src || k == Kind::Dst || k == Kind::SrcArray || k == Kind::DstArray || k == Kind::Spec ||
            k == Kind::SpecOut;
@@ -175,19 +185,10 @@ std::vector<Variant> variants(const Export& e, Structures& st, std::string& prob
                 }
                 break;
             case Kind::Order:
-                for (int64_t x : {0, -1, INT_MIN, INT_MAX})
-                    add(n + " = " + std::to_string(x), i, Expect::Any, [x](Slot& s) { s.i = x; });
-                break;
             case Kind::Scale:
-                for (int64_t x : {INT_MIN, -1000, 1000, INT_MAX})
-                    add(n + " = " + std::to_string(x), i, Expect::Any, [x](Slot& s) { s.i = x; });
-                break;
             case Kind::Mode:
-                for (int64_t x : {-1, 3, 5, 1000, INT_MIN, INT_MAX})
-                    add(n + " = " + std::to_string(x), i, Expect::Any, [x](Slot& s) { s.i = x; });
-                break;
             case Kind::Int:
-                for (int64_t x : {INT_MIN, -1, 0, INT_MAX})
+                for (int64_t x : hostile_ints(a.kind))
                     add(n + " = " + std::to_string(x), i, Expect::Any, [x](Slot& s) { s.i = x; });
                 break;
             case Kind::Real:
