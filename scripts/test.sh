@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Sets up, builds and tests: both targets (i386 and x86-64), the x86-64
-# AddressSanitizer/UBSan build, and the ThreadSanitizer build of the library
-# with the shared-structure test.
+# Sets up, builds and tests: both targets (i386 and x86-64) with every test,
+# then the x86-64 library under AddressSanitizer/UBSan with the hostile-input
+# and thread tests, and under ThreadSanitizer with the thread test.
 #   scripts/test.sh                  all four presets
 #   scripts/test.sh x86_64 i386      only the presets named
 set -euo pipefail
