@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
-# Sets up, builds both targets (i386 and x86-64) and runs every test.
-#   scripts/test.sh          both targets
-#   scripts/test.sh asan     also the x86-64 AddressSanitizer/UBSan build
+# Sets up, builds and tests: both targets (i386 and x86-64) with every test,
+# then the x86-64 library under AddressSanitizer/UBSan with the hostile-input
+# and thread tests, and under ThreadSanitizer with the thread test.
+#   scripts/test.sh                  all four presets
+#   scripts/test.sh x86_64 i386      only the presets named
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
 
 jobs=$(nproc)
-presets=(x86_64 i386)
-[ "${1:-}" = "asan" ] && presets+=(asan)
+presets=(x86_64 i386 asan tsan)
+[ $# -gt 0 ] && presets=("$@")
 start=$SECONDS
 for p in "${presets[@]}"; do
   echo "=== $p: configure and build"

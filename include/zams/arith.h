@@ -89,7 +89,7 @@ ZAMSAPI zamStatus zamsMulC_32sc_Sfs(const Zam32sc* pSrc, Zam32sc val, Zam32sc* p
 ZAMSAPI zamStatus zamsMulC_32sc_ISfs(Zam32sc val, Zam32sc* pSrcDst, int len, int scaleFactor);
 /* Mixed widths: the first source's type, then the destination's. */
 ZAMSAPI zamStatus zamsMul_16u16s_Sfs(const Zam16u* pSrc1, const Zam16s* pSrc2, Zam16s* pDst, int len, int scaleFactor);
-ZAMSAPI zamStatus zamsMul_16s32s_Sfs(const Zam16s* pSrc1, const Zam32s* pSrc2, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsMul_16s32s_Sfs(const Zam16s* pSrc1, const Zam16s* pSrc2, Zam32s* pDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zamsMul_32s32sc_Sfs(const Zam32s* pSrc1, const Zam32sc* pSrc2, Zam32sc* pDst, int len, int scaleFactor);
 /* The same results as zamsMul_32s_Sfs. */
 ZAMSAPI zamStatus zamsMul_Low_32s_Sfs(const Zam32s* pSrc1, const Zam32s* pSrc2, Zam32s* pDst, int len, int scaleFactor);

@@ -55,7 +55,7 @@ ZAMS_FN(zamStatus, zamsMul_Low_32s_Sfs)(const Zam32s* a, const Zam32s* b, Zam32s
 ZAMS_FN(zamStatus, zamsMul_16u16s_Sfs)(const Zam16u* a, const Zam16s* b, Zam16s* d, int n, int sf) {
     return mul(lim::mul_16u16s, a, b, d, n, sf);
 }
-ZAMS_FN(zamStatus, zamsMul_16s32s_Sfs)(const Zam16s* a, const Zam32s* b, Zam32s* d, int n, int sf) {
+ZAMS_FN(zamStatus, zamsMul_16s32s_Sfs)(const Zam16s* a, const Zam16s* b, Zam32s* d, int n, int sf) {
     return mul(lim::mul_16s32s, a, b, d, n, sf);
 }
 ZAMS_FN(zamStatus, zamsMul_32s32sc_Sfs)(const Zam32s* a, const Zam32sc* b, Zam32sc* d, int n, int sf) {

@@ -50,7 +50,7 @@ inline uint64_t quot_mag(uint64_t mag, uint64_t den, int sf, Rnd mode) {
         den <<= sf;
         return round_quot(mag / den, mag % den, den, mode);
     }
-    int k = -sf;
+    const int k = sf < -64 ? 64 : -sf;  // from -64 down the quotient saturates (or stays 0) alike
     if (k < 64 && mag <= (UINT64_MAX >> k)) {
         mag <<= k;
         return round_quot(mag / den, mag % den, den, mode);

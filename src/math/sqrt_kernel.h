@@ -55,7 +55,7 @@ inline uint64_t isqrt128_round(uint64_t hi, uint64_t lo) {
 inline uint64_t sqrt_scaled(uint64_t x, int sf) {
     if (x == 0) return 0;
     if (sf <= 0) {
-        int k = -sf;
+        const int k = sf < -64 ? 64 : -sf;  // every factor from -63 down saturates alike
         if (k <= 31 && x <= (UINT64_MAX >> (2 * k))) {
             uint64_t y = x << (2 * k);
             uint64_t f = isqrt64(y);

@@ -33,7 +33,7 @@ TEST(ScaledMul, EveryFactorLengthAndAlignment) {
 
 TEST(ScaledMul, MixedWidths) {
     st::two_sources<Zam16u, Zam16s, Zam16s>(zamsMul_16u16s_Sfs, nullptr, mul_m<Zam16u, Zam16s>(), {0, 16, 31, -7}, 2);
-    st::two_sources<Zam16s, Zam32s, Zam32s>(zamsMul_16s32s_Sfs, nullptr, mul_m<Zam16s, Zam32s>(), {12}, 7);
+    st::two_sources<Zam16s, Zam16s, Zam32s>(zamsMul_16s32s_Sfs, nullptr, mul_m<Zam16s, Zam16s, Zam32s>(), {0, 12, -30, -31}, 7);
     st::two_sources<Zam32s, Zam32s, Zam32s>(zamsMul_Low_32s_Sfs, nullptr, mul_m<Zam32s, Zam32s>(), {0}, 13);
     st::two_sources<Zam32s, Zam32sc, Zam32sc>(
         zamsMul_32s32sc_Sfs, nullptr,
@@ -169,7 +169,7 @@ ZAMS_DIGEST(mul_scaled) {
         DC(MulC, 8u, Zam8u(200)); DC(MulC, 16s, Zam16s(-300)); DC(MulC, 32s, -5);
         DC(MulC, 16sc, (Zam16sc{-32768, 7})); DC(MulC, 32sc, (Zam32sc{INT32_MIN, 1}));
         MIX(Mul_16u16s, v16u.a, v16s.b, 16s);
-        MIX(Mul_16s32s, v16s.a, v32s.b, 32s);
+        MIX(Mul_16s32s, v16s.a, v16s.b, 32s);
         MIX(Mul_Low_32s, v32s.a, v32s.b, 32s);
         MIX(Mul_32s32sc, v32s.a, v32sc.b, 32sc);
         MIX(AddProduct_16s, v16s.a, v16s.b, 16s);  // the accumulators carry over from the calls before

@@ -1,0 +1,28 @@
+// The cases the hostile test does not check, each with its reason. Patterns
+// are shell patterns over export names; `what` is "null <argument>",
+// "negative <argument>" (the negative values of a length), "all null"
+// (every pointer null with zero lengths gives -8) or "error writes"
+// (nothing written on an error).
+#include "hostile.h"
+
+namespace hostile {
+
+const Exception kExceptions[] = {
+    {"zamsFFTFwd_*", "null pBuffer", "a null work buffer makes the transform allocate its own"},
+    {"zamsFFTInv_*", "null pBuffer", "a null work buffer makes the transform allocate its own"},
+    {"zamsConvert_16s8s_Sfs", "negative len", "the length is an unsigned count: a negative one is a huge vector"},
+    {"zamsConvert_64s64f", "negative len", "the length is an unsigned count: a negative one is a huge vector"},
+    {"zamsConvert_64f64s_Sfs", "negative len", "the length is an unsigned count: a negative one is a huge vector"},
+    {"zamsMaxOrder_*", "all null", "the length is checked before the pointers"},
+    {"zamsWinBlackmanOpt_*", "all null", "a length below 4 is refused before the pointers are looked at"},
+    {"zamsMaxIndx_*", "null pIndx", "the index is optional: a null pIndx writes only the value"},
+    {"zamsMinIndx_*", "null pIndx", "the index is optional: a null pIndx writes only the value"},
+    {"zamsFFTInit_[CR]_[36][24][fs]*", "null pSpecBuffer",
+     "order 3 builds no table: the floating and 32-bit kinds need the buffer from order 11 on"},
+    {"zamsFFTInit_R_16s32s", "null pSpecBuffer", "order 3 builds no table: the buffer is needed from order 11 on"},
+    {"zamsFFTInit_*", "error writes",
+     "the header is laid into pMemSpec before the flag and the spec buffer are checked, its identifier left 0"},
+};
+const size_t kExceptionCount = sizeof(kExceptions) / sizeof(kExceptions[0]);
+
+}  // namespace hostile
