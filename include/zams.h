@@ -152,5 +152,6 @@ typedef struct {
 #include "zams/stats.h"      /* reductions */
 #include "zams/fft.h"        /* FFT specifications, complex and real FFT */
 #include "zams/window.h"     /* window functions */
+#include "zams/filter.h"     /* IIR filters */
 
 #endif /* ZAMS_H */
