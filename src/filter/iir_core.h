@@ -68,6 +68,7 @@ template <class T, class D, int32_t IdAr, int32_t IdBq, int32_t IdDf1 = IdBq> st
     static constexpr int32_t ids[3] = {IdAr, IdBq, IdDf1};
     static constexpr bool hasBq = IdBq != IdAr, hasDf1 = IdDf1 != IdBq;
     static constexpr bool floatTaps = std::is_same_v<T, Zam32f>;
+    static constexpr bool block = floatTaps && std::is_same_v<D, Zam32f>;  // the 32f block filters
 };
 
 struct Hdr {
@@ -76,8 +77,10 @@ struct Hdr {
     int32_t n;       // order N, or numBq
     int32_t dlyLen;  // values in the caller's delay line
     uint32_t offTaps, offDly;
-    int32_t reserved;
-    int32_t owned;   // 1: made by InitAlloc
+    uint32_t offTable;    // block-recursion tables (32f data), 0: none
+    uint32_t offScratch;  // the AR block filter's copy of its input
+    int32_t tableOk;      // the tables were built and are finite
+    int32_t owned;        // 1: made by InitAlloc
 };
 
 inline constexpr Shape kShape{32, offsetof(Hdr, owned), false};
@@ -87,15 +90,30 @@ constexpr int64_t ru32(int64_t v) { return (v + 31) & ~int64_t(31); }
 
 inline int64_t taps_count(Form f, int64_t n) { return f == Ar ? 2 * n + 1 : 5 * n; }
 inline int64_t dly_count(Form f, int64_t n) { return f == Ar ? n : (f == Bq ? 2 * n : 4 * n); }
+
+// The block filters of 32f data run 8 samples at a time from tables
+// (iir_block.h): an AR filter of order N up to kMaxBlockOrder keeps
+// 16 N + 16 floats of them, a cascade 48 floats a section. The AR block
+// filter copies its input through a 4096-byte scratch area.
+inline constexpr int kMaxBlockOrder = 64;
+inline constexpr int64_t kScratchBytes = 4096;
+template <class K> constexpr int64_t recursion_floats(int64_t n) { return K::block ? 16 * n + 16 : 4 * n + 12; }
+template <class K> int64_t table_floats(Form f, int64_t n) {
+    if (!K::block || f == Df1) return 0;
+    return f == Ar ? (n <= kMaxBlockOrder ? recursion_floats<K>(n) : 0) : 48 * n;
+}
+
 struct Layout {
-    int64_t taps, dly, end;
+    int64_t taps, dly, table, scratch, end;
 };
 template <class K> Layout layout(Form f, int64_t n) {
     using T = typename K::taps;
     Layout l;
     l.taps = ru32(sizeof(Hdr));
     l.dly = l.taps + ru32(taps_count(f, n) * int64_t(sizeof(T)));
-    l.end = l.dly + ru32((dly_count(f, n) + 1) * int64_t(sizeof(T)));
+    l.table = l.dly + ru32((dly_count(f, n) + 1) * int64_t(sizeof(T)));
+    l.scratch = l.table + ru32(table_floats<K>(f, n) * 4);
+    l.end = l.scratch + (K::block && f == Ar ? kScratchBytes : 0);
     return l;
 }
 
@@ -104,10 +122,9 @@ template <class K> Layout layout(Form f, int64_t n) {
 // buffer), the others by their layout and that rounding.
 template <class K> int64_t state_size(Form f, int64_t n) {
     if constexpr (K::floatTaps) {
-        const bool own = std::is_same_v<typename K::data, Zam32f>;  // the AR and cascade kinds of 32f data
-        if (f == Ar) return ru16(8 * n + 4) + ru16(4 * n + 4) + 4 * ((4 * n + 12) + 4 * n + 4 + (own ? 1024 : 2048)) + 120;
+        if (f == Ar) return ru16(8 * n + 4) + ru16(4 * n + 4) + 4 * (recursion_floats<K>(n) + 4 * n + 4 + (K::block ? 1024 : 2048)) + 120;
         if (f == Bq) {
-            const int64_t tail = own ? (160 * n + 4151) + 128 * n : 160 * n + 8232;
+            const int64_t tail = K::block ? ru16(160 * n + 4151) + 128 * n : 160 * n + 8232;
             return ru16(20 * n) + ru16(8 * n) + tail + 16 + 80;
         }
         return ru16(20 * n) + 16 * n + 128 * n + 80;

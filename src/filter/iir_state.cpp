@@ -61,7 +61,6 @@ zamStatus init(void** pp, const typename K::taps* pTaps, int n, const typename K
     return lay_into(pp, pBuffer, kShape, [&](uint8_t* base, int32_t& id) -> zamStatus {
         const Layout l = layout<K>(f, n);
         assert(l.end + 31 <= state_size<K>(f, n));
-        static_assert(sizeof(Hdr) <= 32);
         Hdr* h = reinterpret_cast<Hdr*>(base);
         std::memset(h, 0, sizeof(Hdr));
         h->form = f;
@@ -69,6 +68,8 @@ zamStatus init(void** pp, const typename K::taps* pTaps, int n, const typename K
         h->dlyLen = int32_t(dly_count(f, n));
         h->offTaps = uint32_t(l.taps);
         h->offDly = uint32_t(l.dly);
+        if (l.scratch > l.table) h->offTable = uint32_t(l.table);
+        h->offScratch = uint32_t(l.scratch);
         if (zamStatus s = put_taps<K>(h, f, pTaps)) return s;
         put_dly<K>(h, pDly);
         id = K::ids[f];
