@@ -1,19 +1,23 @@
 // IIR filtering: the block filter, its in-place and multi-channel forms,
 // and the one-sample filter.
+#include "iir_block.h"
 #include "iir_kinds.h"
 
 namespace zams::iir {
 namespace {
 
-// Filters len samples through the state (already checked). Every form
-// runs its one-sample step sample by sample, so a block of any size, and
-// the one-sample filter, give the same bits.
+// Filters len samples through the state (already checked): the 32f AR
+// and cascade states through their tables when the block is long enough,
+// every other case by the one-sample step sample by sample.
 template <class K> void run(const typename K::data* pSrc, typename K::data* pDst, int len, Hdr* h) {
     using A = typename K::A;
     using D = typename K::data;
     const A* t = at<A>(h, h->offTaps);
     A* d = at<A>(h, h->offDly);
     const int n = h->n;
+    if constexpr (K::block) {
+        if (h->tableOk && len >= block_min_len(h)) return h->form == Ar ? ar_blocks(pSrc, pDst, len, h) : bq_blocks(pSrc, pDst, len, h);
+    }
     switch (form_of<K>(h)) {
         case Ar:
             for (int i = 0; i < len; ++i) pDst[i] = store<D>(step_ar(t, d, n, load<A>(pSrc[i])));

@@ -2,6 +2,7 @@
 #include <cassert>
 #include <cstring>
 
+#include "iir_block.h"
 #include "iir_kinds.h"
 
 namespace zams::iir {
@@ -71,6 +72,7 @@ zamStatus init(void** pp, const typename K::taps* pTaps, int n, const typename K
         if (l.scratch > l.table) h->offTable = uint32_t(l.table);
         h->offScratch = uint32_t(l.scratch);
         if (zamStatus s = put_taps<K>(h, f, pTaps)) return s;
+        if constexpr (K::block) build_tables(h);
         put_dly<K>(h, pDly);
         id = K::ids[f];
         return zamStatusOk;
@@ -92,7 +94,10 @@ template <class K> zamStatus set_taps(const typename K::taps* pTaps, void* p) {
     if (zamStatus s = check_ptr(pTaps, p)) return s;
     zamStatus s;
     Hdr* h = state_of<Hdr>(p, {K::ids[0], K::ids[1], K::ids[2]}, s);
-    return s ? s : put_taps<K>(h, form_of<K>(h), pTaps);
+    if (s) return s;
+    s = put_taps<K>(h, form_of<K>(h), pTaps);
+    if constexpr (K::block) build_tables(h);  // from what is stored, a refused call too
+    return s;
 }
 
 template <class K> zamStatus get_dly(typename K::taps* pDly, const void* p) {

@@ -90,16 +90,28 @@ TEST(IirFilter, MatchesTheLongDoubleModel) {
 }
 
 // A signal filtered in blocks of random sizes, sample by sample with the
-// one-sample filter, in place, and in one call: the same bits.
+// one-sample filter, in place, and in one call agree: to the bit where
+// every call runs the one-sample step, and within single precision where
+// the 32f block filters run through their tables (which round otherwise);
+// in place always gives the bits of out of place.
 TEST(IirFilter, BlocksOneSampleAndInPlaceAgree) {
     each_filter_kind([](const auto& api) {
         using Api = std::decay_t<decltype(api)>;
         using T = typename Api::Taps;
         using D = typename Api::Data;
+        const bool tables = std::is_same_v<typename Api::State, ZamsIIRState_32f>;
+        auto agree = [&](const std::vector<D>& a, const std::vector<D>& b) {
+            if (!tables) return same_bits(a, b);
+            std::vector<LC> ref;
+            for (const D& v : a) ref.push_back(lc(v));
+            const double e = max_err(b, ref);
+            return e <= 1e-5;
+        };
         SCOPED_TRACE(api.name);
         std::mt19937 g(5);
         for (Form f : filter_forms(api))
             for (int n : {1, 2, 6, 9}) {
+                SCOPED_TRACE(testing::Message() << "form " << f << " n " << n);
                 const auto taps = random_taps<T>(f, n, 10 * n + f);
                 const auto x = random_signal<D>(1500, n);
                 auto* whole = make(api, f, n, taps, nullptr);
@@ -112,13 +124,13 @@ TEST(IirFilter, BlocksOneSampleAndInPlaceAgree) {
                     ASSERT_EQ(api.filt(x.data() + i, b.data() + i, int(len), parts), zamStatusOk);
                     i += len;
                 }
-                EXPECT_TRUE(same_bits(a, b)) << "form " << f << " n " << n;
+                EXPECT_TRUE(agree(a, b));
                 ASSERT_EQ(api.filtI(c.data(), int(c.size()), inplace), zamStatusOk);
                 EXPECT_TRUE(same_bits(a, c));
                 if (f != Df1) {
                     auto* one = make(api, f, n, taps, nullptr);
                     for (size_t i = 0; i < x.size(); ++i) ASSERT_EQ(api.one(x[i], &c[i], one), zamStatusOk);
-                    EXPECT_TRUE(same_bits(a, c)) << "form " << f << " n " << n;
+                    EXPECT_TRUE(agree(a, c));
                     api.free(one);
                 }
                 api.free(whole), api.free(parts), api.free(inplace);
