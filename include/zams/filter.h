@@ -33,11 +33,22 @@
  *
  * Taps and delay line are of the taps type (the first type of the name)
  * in every form. The integer-data states (32f_16s, 32fc_16sc, 64f_32s,
- * 64fc_32sc, 64f_16s, 64fc_16sc) hold the filter in the taps' precision;
- * their data rule is the one of the integer-data FIR filters: samples are
- * converted exactly to the taps type, filtered in it, and each output is
- * scaled by 2^-scaleFactor, rounded to nearest (ties to even) and saturated
- * to the data type. */
+ * 64fc_32sc, 64f_16s, 64fc_16sc) hold a filter in the taps' precision
+ * for integer samples: taps and delay line are built, set and read as for
+ * the floating kinds; the library exports no filtering entry that takes
+ * them. The rule for filtering integer samples with them: a sample is
+ * converted exactly to the taps type and filtered in it, and an output is
+ * scaled by 2^-scaleFactor, rounded to nearest (ties to even) and
+ * saturated to the data type, as the integer-data FIR filters do.
+ *
+ * Accuracy: the 64f and complex kinds run the one-sample step above for
+ * every sample, so blocks of any sizes and the one-sample filter give the
+ * same bits. The 32f block filter of an AR filter up to order 64 and of
+ * a cascade works eight samples at a time from tables made with the taps
+ * (its first N samples, 2 a section, and its last few by the one-sample
+ * step): the same filter, rounded differently, within single precision
+ * of the one-sample filter; the delay line between calls is always the
+ * one described above. */
 #ifndef ZAMS_FILTER_H
 #define ZAMS_FILTER_H
 
