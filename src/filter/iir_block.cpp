@@ -144,11 +144,11 @@ void ar_blocks(const float* pSrc, float* pDst, int len, Hdr* h) {
             input_part(xp, tab, a0, a1);
             for (int k = 1; k <= N; ++k) {
                 const __m256 p = mul(bcast(xp - k), _mm256_loadu_ps(X + 8 * (k - 1)));
-                k & 1 ? a0 = add(a0, p) : a1 = add(a1, p);
+                (k & 1 ? a0 : a1) = add(k & 1 ? a0 : a1, p);
             }
-            for (int k = N; k > 8; --k) {
+            for (int k = N; k > 8; --k) {  // outputs of earlier blocks
                 const __m256 p = mul(bcast(yp - k), _mm256_loadu_ps(Y + 8 * (k - 1)));
-                k & 1 ? a0 = add(a0, p) : a1 = add(a1, p);
+                (k & 1 ? a0 : a1) = add(k & 1 ? a0 : a1, p);
             }
             _mm256_storeu_ps(yp, add(add(a0, a1), recent_part(yp, Y, m)));
         }

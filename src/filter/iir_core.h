@@ -66,7 +66,6 @@ template <class T, class D, int32_t IdAr, int32_t IdBq, int32_t IdDf1 = IdBq> st
     using data = D;
     using A = arith_t<T>;
     static constexpr int32_t ids[3] = {IdAr, IdBq, IdDf1};
-    static constexpr bool hasBq = IdBq != IdAr, hasDf1 = IdDf1 != IdBq;
     static constexpr bool floatTaps = std::is_same_v<T, Zam32f>;
     static constexpr bool block = floatTaps && std::is_same_v<D, Zam32f>;  // the 32f block filters
 };

@@ -6,6 +6,17 @@
 namespace zams::iir {
 namespace {
 
+// A cascade of n sections sample by sample: each section's taps are 5
+// values, its delay line W.
+template <int W, class A, class D, class Step>
+void cascade(const D* pSrc, D* pDst, int len, const A* t, A* d, int n, Step step) {
+    for (int i = 0; i < len; ++i) {
+        A x = load<A>(pSrc[i]);
+        for (int s = 0; s < n; ++s) x = step(t + 5 * s, d + W * s, x);
+        pDst[i] = store<D>(x);
+    }
+}
+
 // Filters len samples through the state (already checked): the 32f AR
 // and cascade states through their tables when the block is long enough,
 // every other case by the one-sample step sample by sample.
@@ -16,26 +27,15 @@ template <class K> void run(const typename K::data* pSrc, typename K::data* pDst
     A* d = at<A>(h, h->offDly);
     const int n = h->n;
     if constexpr (K::block) {
-        if (h->tableOk && len >= block_min_len(h)) return h->form == Ar ? ar_blocks(pSrc, pDst, len, h) : bq_blocks(pSrc, pDst, len, h);
+        if (h->tableOk && len >= block_min_len(h))
+            return form_of<K>(h) == Ar ? ar_blocks(pSrc, pDst, len, h) : bq_blocks(pSrc, pDst, len, h);
     }
     switch (form_of<K>(h)) {
         case Ar:
             for (int i = 0; i < len; ++i) pDst[i] = store<D>(step_ar(t, d, n, load<A>(pSrc[i])));
             return;
-        case Bq:
-            for (int i = 0; i < len; ++i) {
-                A x = load<A>(pSrc[i]);
-                for (int s = 0; s < n; ++s) x = step_bq(t + 5 * s, d + 2 * s, x);
-                pDst[i] = store<D>(x);
-            }
-            return;
-        case Df1:
-            for (int i = 0; i < len; ++i) {
-                A x = load<A>(pSrc[i]);
-                for (int s = 0; s < n; ++s) x = step_df1(t + 5 * s, d + 4 * s, x);
-                pDst[i] = store<D>(x);
-            }
-            return;
+        case Bq: return cascade<2>(pSrc, pDst, len, t, d, n, step_bq<A>);
+        case Df1: return cascade<4>(pSrc, pDst, len, t, d, n, step_df1<A>);
     }
 }
 

@@ -203,6 +203,7 @@ TEST(IirState, NullPointersOrderAndForeignStates) {
         EXPECT_EQ(api.alloc(nullptr, taps.data(), 2, nullptr), zamStatusNullPointer);
         EXPECT_EQ(api.alloc(&st, nullptr, 2, nullptr), zamStatusNullPointer);
         EXPECT_EQ(api.alloc(&st, taps.data(), -1, nullptr), zamStatusBadFilterOrder);
+        EXPECT_EQ(api.alloc(&st, taps.data(), 1 << 28, nullptr), zamStatusNoMemory);  // taps never read
         EXPECT_EQ(api.initBq(&st, taps.data(), 0, nullptr, buf.data()), zamStatusBadFilterOrder);
         EXPECT_EQ(st, nullptr);
         EXPECT_EQ(api.free(nullptr), zamStatusNullPointer);
