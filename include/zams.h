@@ -154,5 +154,6 @@ typedef struct {
 #include "zams/window.h"     /* window functions */
 #include "zams/conv.h"       /* correlation and convolution */
 #include "zams/gen.h"        /* random, triangle and tone generators, test vectors */
+#include "zams/filter.h"     /* IIR filters */
 
 #endif /* ZAMS_H */

@@ -27,6 +27,7 @@ LAYOUT = {
     "fft.h": ("src/transform", "tests/transform"),
     "conv.h": ("src/conv", "tests/conv"),
     "gen.h": ("src/gen", "tests/gen"),
+    "filter.h": ("src/filter", "tests/filter"),
 }
 
 
