@@ -34,11 +34,12 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import gen_entry  # noqa: E402
 
-LENGTH = {"len", "dstLen", "chanLen", "nChannels", "maskSize"}
+LENGTH = {"len", "dstLen", "chanLen", "nChannels", "maskSize", "srcLen", "src1Len", "src2Len", "tapsLen",
+          "nzTapsLen", "numBq"}
 ORDER = {"order", "srcBitOffset", "dstBitOffset"}
 MODE = {"rndMode", "hint", "flag", "relOp", "zcType"}
 STRUCT = re.compile(r"^Zams\w*(Spec|State)\w*$")
-SAMPLE = re.compile(r"^(Zam\d+[suf]c?|int)$")
+SAMPLE = re.compile(r"^(Zam\d+[suf]c?|int|unsigned int)$")
 
 
 def split_arg(arg):
@@ -48,14 +49,19 @@ def split_arg(arg):
     return " ".join(m.group("type").replace("*", " * ").split()).replace(" *", "*"), m.group("name")
 
 
-def classify(ctype, name):
-    """Returns (kind, element type or None) for one argument."""
+def classify(ctype, name, fn):
+    """Returns (kind, element type or None) for one argument of function fn."""
     base = ctype.replace("const", "").replace("*", "").strip()
     stars = ctype.count("*")
     const_first = ctype.startswith("const ")
     if STRUCT.match(base):
+        # An Init that builds into the structure's own pointer takes caller memory.
+        if stars == 1 and "Init" in fn and "InitAlloc" not in fn:
+            return "Dst", "void"
         if stars == 1:
             return "Spec", base
+        if stars == 2 and "* const*" in ctype:
+            return "SpecArray", base
         if stars == 2:
             return "SpecOut", base
     elif SAMPLE.match(base) or base == "void":
@@ -70,7 +76,8 @@ def classify(ctype, name):
     if name in LENGTH:
         return "Length", None
     if name in ORDER:
-        return "Order", None
+        # An FFT's order is an exponent; any other family's (a filter's) a length.
+        return ("Order", None) if fn.startswith("zamsFFT") or name != "order" else ("Length", None)
     if name == "scaleFactor":
         return "Scale", None
     if name in MODE:
@@ -83,7 +90,7 @@ def classify(ctype, name):
 
 
 def slot_expr(kind, ctype, i):
-    if kind in ("Src", "Dst", "SrcArray", "DstArray", "Spec", "SpecOut"):
+    if kind in ("Src", "Dst", "SrcArray", "DstArray", "Spec", "SpecOut", "SpecArray"):
         return f"reinterpret_cast<{ctype}>(s[{i}].p)"
     if kind == "Real":
         return f"static_cast<{ctype}>(s[{i}].f)"
@@ -105,10 +112,10 @@ def generate(decls):
             sys.exit(f"{name}: more than 8 arguments")
         exprs, descs = [], []
         for i, (ctype, aname) in enumerate(parts):
-            kind, elem = classify(ctype, aname)
+            kind, elem = classify(ctype, aname, name)
             exprs.append(slot_expr(kind, ctype, i))
-            size = "0" if elem in (None, "void") or kind in ("Spec", "SpecOut") else f"sizeof({elem})"
-            tname = f'"{elem}"' if kind in ("Spec", "SpecOut") else "nullptr"
+            size = "0" if elem in (None, "void") or kind in ("Spec", "SpecOut", "SpecArray") else f"sizeof({elem})"
+            tname = f'"{elem}"' if kind in ("Spec", "SpecOut", "SpecArray") else "nullptr"
             descs.append(f'{{"{aname}", Kind::{kind}, {size}, {tname}}}')
         out.append(f"zamStatus c{k}(const Slot* s) {{ {'(void)s; ' if not parts else ''}"
                    f"return {name}({', '.join(exprs)}); }}")

@@ -22,6 +22,14 @@ const Exception kExceptions[] = {
     {"zamsFFTInit_R_16s32s", "null pSpecBuffer", "order 3 builds no table: the buffer is needed from order 11 on"},
     {"zamsFFTInit_*", "error writes",
      "the header is laid into pMemSpec before the flag and the spec buffer are checked, its identifier left 0"},
+    {"zamsConvCyclic*", "null pSrc1", "the cyclic convolutions check nothing and return 0 for any arguments"},
+    {"zamsConvCyclic*", "null pSrc2", "the cyclic convolutions check nothing and return 0 for any arguments"},
+    {"zamsConvCyclic*", "null pDst", "the cyclic convolutions check nothing and return 0 for any arguments"},
+    {"zamsConvCyclic*", "all null", "the cyclic convolutions check nothing and return 0 for any arguments"},
+    {"zamsTriangle_Direct_*", "null pDst", "the parameters and the phase read from pPhase come before the destination"},
+    {"zamsTone_Direct_*", "null pDst", "the parameters and the phase read from pPhase come before the destination"},
+    {"zamsIIRInit*", "null pDlyLine", "a null delay line is a line of zeros"},
+    {"zamsIIRSetDlyLine*", "null pDlyLine", "a null delay line clears the line"},
 };
 const size_t kExceptionCount = sizeof(kExceptions) / sizeof(kExceptions[0]);
 

@@ -11,7 +11,7 @@
 
 namespace hostile {
 
-enum class Kind { Src, Dst, SrcArray, DstArray, Spec, SpecOut, Length, Order, Scale, Mode, Int, Real, Bytes };
+enum class Kind { Src, Dst, SrcArray, DstArray, Spec, SpecOut, SpecArray, Length, Order, Scale, Mode, Int, Real, Bytes };
 
 // One argument as the thunk reads it: a pointer, an integer, a floating value
 // or the bytes of a structure passed by value.

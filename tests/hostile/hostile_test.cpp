@@ -158,7 +158,7 @@ std::vector<int64_t> hostile_ints(Kind k) {
 
 bool is_pointer(Kind k) {
     return k == Kind::Src || k == Kind::Dst || k == Kind::SrcArray || k == Kind::DstArray || k == Kind::Spec ||
-           k == Kind::SpecOut;
+           k == Kind::SpecOut || k == Kind::SpecArray;
 }
 
 std::vector<Variant> variants(const Export& e, Structures& st, std::string& problem) {
@@ -251,6 +251,10 @@ struct Frame {
                 sl.p = n > 1 ? static_cast<void*>(tables[i].data()) : tables[i][0];
             } else if (a.kind == Kind::Spec) {
                 sl.p = st.valid[a.type];
+            } else if (a.kind == Kind::SpecArray) {
+                // a table of valid structures, one a channel
+                tables[i].assign(kChannels, st.valid[a.type]);
+                sl.p = tables[i].data();
             } else if (a.kind == Kind::Real) {
                 sl.f = 0.25;
             } else if (a.kind == Kind::Bytes) {

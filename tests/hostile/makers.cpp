@@ -14,12 +14,51 @@ template <class S, zamStatus (*Alloc)(S**, int, int, int), zamStatus (*Free)(S*)
 }
 #define ZAMS_FFT_ROW(K) fft<ZamsFFTSpec_##K, zamsFFTInitAlloc_##K, zamsFFTFree_##K>("ZamsFFTSpec_" #K)
 
+// Any other state: its InitAlloc with fixed valid arguments, and its Free.
+template <class S, zamStatus (*Free)(S*)> constexpr auto release_of() {
+    return [](void* p) { return Free(static_cast<S*>(p)); };
+}
+#define ZAMS_ROW(S, FREE, ...)                                                                        \
+    Maker{#S, [](void** out) { return __VA_ARGS__; }, release_of<S, FREE>()}
+#define ZAMS_STATE(S) reinterpret_cast<S**>(out)
+
+// IIR: order 2 (or one section) of a stable low-pass.
+template <class T> const T* iir_taps() {
+    static const T taps[6] = {T{0.2}, T{0.4}, T{0.2}, T{1}, T{-0.3}, T{0.1}};
+    return taps;
+}
+template <class T> const T* iir_ctaps() {
+    static const T taps[6] = {{0.2, 0}, {0.4, 0}, {0.2, 0}, {1, 0}, {-0.3, 0}, {0.1, 0}};
+    return taps;
+}
+#define ZAMS_IIR_ROW(S, SUF, TAPS)                                                                    \
+    ZAMS_ROW(S, zamsIIRFree##SUF, zamsIIRInitAlloc##SUF(ZAMS_STATE(S), TAPS, 2, nullptr))
+
 }  // namespace
 
 const Maker kMakers[] = {
     ZAMS_FFT_ROW(C_32fc), ZAMS_FFT_ROW(C_32f),  ZAMS_FFT_ROW(C_64fc), ZAMS_FFT_ROW(C_64f), ZAMS_FFT_ROW(R_32f),
     ZAMS_FFT_ROW(R_64f),  ZAMS_FFT_ROW(C_16sc), ZAMS_FFT_ROW(C_16s),  ZAMS_FFT_ROW(R_16s), ZAMS_FFT_ROW(C_32s),
     ZAMS_FFT_ROW(C_32sc), ZAMS_FFT_ROW(R_32s),  ZAMS_FFT_ROW(R_16s32s),
+    ZAMS_ROW(ZamsRandUniState_8u, zamsRandUniformFree_8u, zamsRandUniformInitAlloc_8u(ZAMS_STATE(ZamsRandUniState_8u), 0, 255, 1)),
+    ZAMS_ROW(ZamsRandUniState_16s, zamsRandUniformFree_16s, zamsRandUniformInitAlloc_16s(ZAMS_STATE(ZamsRandUniState_16s), -100, 100, 1)),
+    ZAMS_ROW(ZamsRandUniState_32f, zamsRandUniformFree_32f, zamsRandUniformInitAlloc_32f(ZAMS_STATE(ZamsRandUniState_32f), 0.f, 1.f, 1)),
+    ZAMS_ROW(ZamsRandGaussState_8u, zamsRandGaussFree_8u, zamsRandGaussInitAlloc_8u(ZAMS_STATE(ZamsRandGaussState_8u), 128, 30, 1)),
+    ZAMS_ROW(ZamsRandGaussState_16s, zamsRandGaussFree_16s, zamsRandGaussInitAlloc_16s(ZAMS_STATE(ZamsRandGaussState_16s), 0, 1000, 1)),
+    ZAMS_ROW(ZamsRandGaussState_32f, zamsRandGaussFree_32f, zamsRandGaussInitAlloc_32f(ZAMS_STATE(ZamsRandGaussState_32f), 0.f, 1.f, 1)),
+    ZAMS_ROW(ZamsTriangleState_16s, zamsTriangleFree, zamsTriangleInitAllocQ15_16s(ZAMS_STATE(ZamsTriangleState_16s), 1000, 1000, 0, 0)),
+    ZAMS_ROW(ZamsToneState_16s, zamsToneFree, zamsToneInitAllocQ15_16s(ZAMS_STATE(ZamsToneState_16s), 1000, 1000, 0)),
+    ZAMS_IIR_ROW(ZamsIIRState_32f, _32f, iir_taps<Zam32f>()),
+    ZAMS_IIR_ROW(ZamsIIRState32f_16s, 32f_16s, iir_taps<Zam32f>()),
+    ZAMS_IIR_ROW(ZamsIIRState32fc_16sc, 32fc_16sc, iir_ctaps<Zam32fc>()),
+    ZAMS_IIR_ROW(ZamsIIRState_64f, _64f, iir_taps<Zam64f>()),
+    ZAMS_IIR_ROW(ZamsIIRState_64fc, _64fc, iir_ctaps<Zam64fc>()),
+    ZAMS_IIR_ROW(ZamsIIRState64f_32f, 64f_32f, iir_taps<Zam64f>()),
+    ZAMS_IIR_ROW(ZamsIIRState64fc_32fc, 64fc_32fc, iir_ctaps<Zam64fc>()),
+    ZAMS_IIR_ROW(ZamsIIRState64f_32s, 64f_32s, iir_taps<Zam64f>()),
+    ZAMS_IIR_ROW(ZamsIIRState64fc_32sc, 64fc_32sc, iir_ctaps<Zam64fc>()),
+    ZAMS_IIR_ROW(ZamsIIRState64f_16s, 64f_16s, iir_taps<Zam64f>()),
+    ZAMS_IIR_ROW(ZamsIIRState64fc_16sc, 64fc_16sc, iir_ctaps<Zam64fc>()),
 };
 const size_t kMakerCount = sizeof(kMakers) / sizeof(kMakers[0]);
 
