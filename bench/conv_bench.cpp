@@ -74,7 +74,7 @@ ZAMS_BENCH(conv) {
                                         {16384, 512},  {65536, 256},  {262144, 64},  {262144, 1024},
                                         {1048576, 4096}};
     for (auto [n, taps] : grid) {
-        std::vector<float> x(size_t(n)), h(size_t(taps)), y(size_t(n + taps - 1));
+        std::vector<float> x(static_cast<size_t>(n)), h(static_cast<size_t>(taps)), y(size_t(n + taps - 1));
         for (int i = 0; i < n; ++i) x[size_t(i)] = float((i * 7919) % 1000) * 1e-3f - 0.5f;
         for (int i = 0; i < taps; ++i) h[size_t(i)] = float((i * 104729) % 1000) * 1e-3f - 0.5f;
         FftwOverlapAdd ola(n, taps);
@@ -91,7 +91,7 @@ ZAMS_BENCH(crosscorr) {
     // Lags -taps+1 .. n-1: the whole correlation, the FFT path from the work measure.
     const std::pair<int, int> grid[] = {{4096, 16}, {4096, 256}, {65536, 64}, {262144, 1024}};
     for (auto [n, taps] : grid) {
-        std::vector<float> x(size_t(n)), h(size_t(taps)), y(size_t(n + taps - 1));
+        std::vector<float> x(static_cast<size_t>(n)), h(static_cast<size_t>(taps)), y(size_t(n + taps - 1));
         for (int i = 0; i < n; ++i) x[size_t(i)] = float((i * 7919) % 1000) * 1e-3f - 0.5f;
         for (int i = 0; i < taps; ++i) h[size_t(i)] = float((i * 104729) % 1000) * 1e-3f - 0.5f;
         std::vector<float> hr(h.rbegin(), h.rend());

@@ -17,6 +17,9 @@
 
 #include "zams_impl.h"
 
+// Hidden like the implementations the plans call, also where this header
+// is compiled with default visibility (the engine's tests).
+#pragma GCC visibility push(hidden)
 namespace zams::fftp {
 
 // The three byte counts of a specification's size query.
@@ -81,45 +84,52 @@ template <> struct Fns<double> {
     static constexpr auto cmul = g9_zamsMul_64fc_I;
 };
 
-// Real transform of order `order`: N real values to a packed spectrum of N
-// (Perm, Pack) or N + 2 (CCS) values and back.
-template <class F> struct Real {
-    using X = Fns<F>;
-    using Elem = F;
-    const typename X::RSpec* spec = nullptr;
+// What every plan shares: the specification pointer and its life cycle,
+// through the kind's size query, build, allocating build, work-size query
+// and release.
+template <class S, auto Size, auto Init, auto Alloc, auto Buf, auto Free> struct Plan {
+    const S* spec = nullptr;
 
-    static zamStatus sizes(int order, int flag, Sizes& s) { return X::rsize(order, flag, 0, &s.spec, &s.init, &s.work); }
+    static zamStatus sizes(int order, int flag, Sizes& s) { return Size(order, flag, 0, &s.spec, &s.init, &s.work); }
     // Into caller memory of sizes().spec bytes (tmp: sizes().init bytes, or null when 0).
-    static zamStatus build(int order, int flag, uint8_t* mem, uint8_t* tmp, Real& out) {
-        typename X::RSpec* p = nullptr;
-        zamStatus s = X::rinit(&p, order, flag, 0, mem, tmp);
+    template <class P> static zamStatus build(int order, int flag, uint8_t* mem, uint8_t* tmp, P& out) {
+        S* p = nullptr;
+        zamStatus s = Init(&p, order, flag, 0, mem, tmp);
         if (s == zamStatusOk) out.spec = p;
         return s;
     }
-    static zamStatus alloc(int order, int flag, Real& out) {
-        typename X::RSpec* p = nullptr;
-        zamStatus s = X::ralloc(&p, order, flag, 0);
+    template <class P> static zamStatus alloc(int order, int flag, P& out) {
+        S* p = nullptr;
+        zamStatus s = Alloc(&p, order, flag, 0);
         if (s == zamStatusOk) out.spec = p;
         return s;
     }
     // Releases a specification made by alloc (invalidates one made by build).
     zamStatus release() {
-        zamStatus s = spec ? X::rfree(const_cast<typename X::RSpec*>(spec)) : zamStatusOk;
+        zamStatus s = spec ? Free(const_cast<S*>(spec)) : zamStatusOk;
         spec = nullptr;
         return s;
     }
     // Bytes of the work buffer a call needs (its 64 bytes of slack included).
     int work_bytes() const {
         int w = 0;
-        X::rbuf(spec, &w);
+        Buf(spec, &w);
         return w;
     }
-    zamStatus fwd_perm(const F* s, F* d, uint8_t* w) const { return X::fwdPerm(s, d, spec, w); }
-    zamStatus inv_perm(const F* s, F* d, uint8_t* w) const { return X::invPerm(s, d, spec, w); }
-    zamStatus fwd_pack(const F* s, F* d, uint8_t* w) const { return X::fwdPack(s, d, spec, w); }
-    zamStatus inv_pack(const F* s, F* d, uint8_t* w) const { return X::invPack(s, d, spec, w); }
-    zamStatus fwd_ccs(const F* s, F* d, uint8_t* w) const { return X::fwdCcs(s, d, spec, w); }
-    zamStatus inv_ccs(const F* s, F* d, uint8_t* w) const { return X::invCcs(s, d, spec, w); }
+};
+
+// Real transform of order `order`: N real values to a packed spectrum of N
+// (Perm, Pack) or N + 2 (CCS) values and back.
+template <class F>
+struct Real : Plan<typename Fns<F>::RSpec, Fns<F>::rsize, Fns<F>::rinit, Fns<F>::ralloc, Fns<F>::rbuf, Fns<F>::rfree> {
+    using X = Fns<F>;
+    using Elem = F;
+    zamStatus fwd_perm(const F* s, F* d, uint8_t* w) const { return X::fwdPerm(s, d, this->spec, w); }
+    zamStatus inv_perm(const F* s, F* d, uint8_t* w) const { return X::invPerm(s, d, this->spec, w); }
+    zamStatus fwd_pack(const F* s, F* d, uint8_t* w) const { return X::fwdPack(s, d, this->spec, w); }
+    zamStatus inv_pack(const F* s, F* d, uint8_t* w) const { return X::invPack(s, d, this->spec, w); }
+    zamStatus fwd_ccs(const F* s, F* d, uint8_t* w) const { return X::fwdCcs(s, d, this->spec, w); }
+    zamStatus inv_ccs(const F* s, F* d, uint8_t* w) const { return X::invCcs(s, d, this->spec, w); }
     // d = d * k, both in Perm (or Pack) order, n values.
     static void mul_perm(const F* k, F* d, int n) { X::mulPerm(k, d, n); }
     static void mul_pack(const F* k, F* d, int n) { X::mulPack(k, d, n); }
@@ -128,37 +138,14 @@ template <class F> struct Real {
 };
 
 // Interleaved complex transform of order `order`.
-template <class F> struct Complex {
+template <class F>
+struct Complex : Plan<typename Fns<F>::CSpec, Fns<F>::csize, Fns<F>::cinit, Fns<F>::calloc, Fns<F>::cbuf, Fns<F>::cfree> {
     using X = Fns<F>;
     using Elem = typename X::Cplx;
-    const typename X::CSpec* spec = nullptr;
-
-    static zamStatus sizes(int order, int flag, Sizes& s) { return X::csize(order, flag, 0, &s.spec, &s.init, &s.work); }
-    static zamStatus build(int order, int flag, uint8_t* mem, uint8_t* tmp, Complex& out) {
-        typename X::CSpec* p = nullptr;
-        zamStatus s = X::cinit(&p, order, flag, 0, mem, tmp);
-        if (s == zamStatusOk) out.spec = p;
-        return s;
-    }
-    static zamStatus alloc(int order, int flag, Complex& out) {
-        typename X::CSpec* p = nullptr;
-        zamStatus s = X::calloc(&p, order, flag, 0);
-        if (s == zamStatusOk) out.spec = p;
-        return s;
-    }
-    zamStatus release() {
-        zamStatus s = spec ? X::cfree(const_cast<typename X::CSpec*>(spec)) : zamStatusOk;
-        spec = nullptr;
-        return s;
-    }
-    int work_bytes() const {
-        int w = 0;
-        X::cbuf(spec, &w);
-        return w;
-    }
-    zamStatus fwd(const Elem* s, Elem* d, uint8_t* w) const { return X::cfwd(s, d, spec, w); }
-    zamStatus inv(const Elem* s, Elem* d, uint8_t* w) const { return X::cinv(s, d, spec, w); }
+    zamStatus fwd(const Elem* s, Elem* d, uint8_t* w) const { return X::cfwd(s, d, this->spec, w); }
+    zamStatus inv(const Elem* s, Elem* d, uint8_t* w) const { return X::cinv(s, d, this->spec, w); }
     static void mul(const Elem* k, Elem* d, int n) { X::cmul(k, d, n); }
 };
 
 }  // namespace zams::fftp
+#pragma GCC visibility pop

@@ -201,35 +201,25 @@ ZAMS_FFT_SPEC_FNS(C_64fc, double, false, kIdC64fc)
 ZAMS_FFT_SPEC_FNS(R_32f, float, true, kIdR32f)
 ZAMS_FFT_SPEC_FNS(R_64f, double, true, kIdR64f)
 
-// The split kinds are the interleaved ones under another identifier word.
-ZAMS_FN(zamStatus, zamsFFTGetSize_C_32f)(int order, int flag, int hint, int* a, int* b, int* c) {
-    return zamsFFTGetSize_C_32fc(order, flag, hint, a, b, c);
-}
-ZAMS_FN(zamStatus, zamsFFTInit_C_32f)(ZamsFFTSpec_C_32f** pp, int order, int flag, int hint, Zam8u* mem, Zam8u* buf) {
-    zamStatus s = zamsFFTInit_C_32fc(reinterpret_cast<ZamsFFTSpec_C_32fc**>(pp), order, flag, hint, mem, buf);
-    if (s == zamStatusOk) reinterpret_cast<Hdr<float>*>(*pp)->id = kIdC32f;
-    return s;
-}
-ZAMS_FN(zamStatus, zamsFFTInitAlloc_C_32f)(ZamsFFTSpec_C_32f** pp, int order, int flag, int hint) {
-    zamStatus s = zamsFFTInitAlloc_C_32fc(reinterpret_cast<ZamsFFTSpec_C_32fc**>(pp), order, flag, hint);
-    if (s == zamStatusOk) reinterpret_cast<Hdr<float>*>(*pp)->id = kIdC32f;
-    return s;
-}
-ZAMS_FN(zamStatus, zamsFFTGetBufSize_C_32f)(const ZamsFFTSpec_C_32f* s, int* p) { return get_buf_size<float>(s, kIdC32f, p); }
-ZAMS_FN(zamStatus, zamsFFTFree_C_32f)(ZamsFFTSpec_C_32f* s) { return free_spec<float>(s, kIdC32f); }
+// The split kinds are the interleaved ones under another identifier word:
+// their size query and builds hand the call to the interleaved kind's.
+#define ZAMS_FFT_SPLIT_KIND(K, KC, F, ID)                                                                      \
+    ZAMS_FN(zamStatus, zamsFFTGetSize_##K)(int order, int flag, int hint, int* a, int* b, int* c) {           \
+        return zamsFFTGetSize_##KC(order, flag, hint, a, b, c);                                                \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsFFTInit_##K)(ZamsFFTSpec_##K * *pp, int order, int flag, int hint, Zam8u* mem,     \
+                                        Zam8u* buf) {                                                          \
+        zamStatus s = zamsFFTInit_##KC(reinterpret_cast<ZamsFFTSpec_##KC**>(pp), order, flag, hint, mem, buf); \
+        if (s == zamStatusOk) reinterpret_cast<Hdr<F>*>(*pp)->id = ID;                                         \
+        return s;                                                                                              \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsFFTInitAlloc_##K)(ZamsFFTSpec_##K * *pp, int order, int flag, int hint) {          \
+        zamStatus s = zamsFFTInitAlloc_##KC(reinterpret_cast<ZamsFFTSpec_##KC**>(pp), order, flag, hint);     \
+        if (s == zamStatusOk) reinterpret_cast<Hdr<F>*>(*pp)->id = ID;                                         \
+        return s;                                                                                              \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsFFTGetBufSize_##K)(const ZamsFFTSpec_##K* s, int* p) { return get_buf_size<F>(s, ID, p); } \
+    ZAMS_FN(zamStatus, zamsFFTFree_##K)(ZamsFFTSpec_##K * s) { return free_spec<F>(s, ID); }
 
-ZAMS_FN(zamStatus, zamsFFTGetSize_C_64f)(int order, int flag, int hint, int* a, int* b, int* c) {
-    return zamsFFTGetSize_C_64fc(order, flag, hint, a, b, c);
-}
-ZAMS_FN(zamStatus, zamsFFTInit_C_64f)(ZamsFFTSpec_C_64f** pp, int order, int flag, int hint, Zam8u* mem, Zam8u* buf) {
-    zamStatus s = zamsFFTInit_C_64fc(reinterpret_cast<ZamsFFTSpec_C_64fc**>(pp), order, flag, hint, mem, buf);
-    if (s == zamStatusOk) reinterpret_cast<Hdr<double>*>(*pp)->id = kIdC64f;
-    return s;
-}
-ZAMS_FN(zamStatus, zamsFFTInitAlloc_C_64f)(ZamsFFTSpec_C_64f** pp, int order, int flag, int hint) {
-    zamStatus s = zamsFFTInitAlloc_C_64fc(reinterpret_cast<ZamsFFTSpec_C_64fc**>(pp), order, flag, hint);
-    if (s == zamStatusOk) reinterpret_cast<Hdr<double>*>(*pp)->id = kIdC64f;
-    return s;
-}
-ZAMS_FN(zamStatus, zamsFFTGetBufSize_C_64f)(const ZamsFFTSpec_C_64f* s, int* p) { return get_buf_size<double>(s, kIdC64f, p); }
-ZAMS_FN(zamStatus, zamsFFTFree_C_64f)(ZamsFFTSpec_C_64f* s) { return free_spec<double>(s, kIdC64f); }
+ZAMS_FFT_SPLIT_KIND(C_32f, C_32fc, float, kIdC32f)
+ZAMS_FFT_SPLIT_KIND(C_64f, C_64fc, double, kIdC64f)
