@@ -73,28 +73,45 @@ template <int C> Cd value_vec(const float* x, size_t len, double f) {
     double sk, ck;
     sincospi(2 * (f * double(K) - std::floor(f * double(K))), &sk, &ck);
     const A::V c2 = A::set1(float(2 * ck));
-    A::V s1[NV], s2[NV];
-    for (int v = 0; v < NV; ++v) s1[v] = s2[v] = A::set1(0);
-    for (size_t m = 0; m < M; ++m) {
-        const float* p = x + m * K * C;
-        for (int v = 0; v < NV; ++v) {
-            const A::V s = A::sub(A::add(A::load(p + v * A::L), A::mul(c2, s1[v])), s2[v]);
-            s2[v] = s1[v];
-            s1[v] = s;
-        }
+    // Four lanes-vectors in named registers, two samples a step so that
+    // the states alternate roles instead of moving: x - s(n-2) off the
+    // dependency chain, then one product and one sum on it.
+    static_assert(NV == 4);
+    A::V s1a = A::set1(0), s1b = s1a, s1c = s1a, s1d = s1a, s2a = s1a, s2b = s1a, s2c = s1a, s2d = s1a;
+    auto step = [&](const float* p, A::V& o1, A::V& o2, A::V& o3, A::V& o4, const A::V& i1, const A::V& i2,
+                    const A::V& i3, const A::V& i4) {
+        o1 = A::add(A::sub(A::load(p), o1), A::mul(c2, i1));
+        o2 = A::add(A::sub(A::load(p + A::L), o2), A::mul(c2, i2));
+        o3 = A::add(A::sub(A::load(p + 2 * A::L), o3), A::mul(c2, i3));
+        o4 = A::add(A::sub(A::load(p + 3 * A::L), o4), A::mul(c2, i4));
+    };
+    size_t m = 0;
+    for (; m + 2 <= M; m += 2) {
+        step(x + m * K * C, s2a, s2b, s2c, s2d, s1a, s1b, s1c, s1d);        // s2 <- s(m)
+        step(x + (m + 1) * K * C, s1a, s1b, s1c, s1d, s2a, s2b, s2c, s2d);  // s1 <- s(m+1)
     }
+    if (m < M) {
+        step(x + m * K * C, s2a, s2b, s2c, s2d, s1a, s1b, s1c, s1d);
+        std::swap(s1a, s2a);
+        std::swap(s1b, s2b);
+        std::swap(s1c, s2c);
+        std::swap(s1d, s2d);
+    }
+    const A::V s1[NV] = {s1a, s1b, s1c, s1d}, s2[NV] = {s2a, s2b, s2c, s2d};
     alignas(32) float a1[K * C], a2[K * C];
     for (int v = 0; v < NV; ++v) {
         A::store(a1 + v * A::L, s1[v]);
         A::store(a2 + v * A::L, s2[v]);
     }
     // lane i: v_i = e^(iKw) s1 - s2; sum e^(-iwi) e^(-iKwM) v_i
-    const Cd eK{ck, sk};
-    Cd acc{0, 0};
+    // e^(-iwi) by products of e^(-iw): K steps in double stay far below float precision
+    const Cd eK{ck, sk}, turn = unit(f, 1);
+    Cd acc{0, 0}, rot{1, 0};
     for (size_t i = 0; i < K; ++i) {
         const Cd p1{a1[C * i], C == 2 ? a1[C * i + 1] : 0.0}, p2{a2[C * i], C == 2 ? a2[C * i + 1] : 0.0};
         const Cd vi = eK * p1 + Cd{-p2.re, -p2.im};
-        acc = acc + unit(f, double(i)) * vi;
+        acc = acc + rot * vi;
+        rot = rot * turn;
     }
     acc = unit(f, double(K * M)) * acc;
     const size_t r = len - K * M;
