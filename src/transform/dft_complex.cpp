@@ -14,15 +14,12 @@ template zamStatus complex_run<double, true>(const Hdr<double>*, const double*, 
 
 namespace {
 
-// Checks in the FFT's order: spec, identifier, vectors; then the work buffer.
 template <class F, bool Inv, class C>
 zamStatus transform(const void* spec, int32_t id, const C* src, C* dst, uint8_t* buf) {
     zamStatus s;
-    const Hdr<F>* h = spec_of<Hdr<F>>(spec, id, s);
-    if (!h) return s;
-    if (!src || !dst) return zamStatusNullPointer;
     WorkBuf wb;
-    if (zamStatus e = work_of(h, buf, wb)) return e;
+    const Hdr<F>* h = begin_call<Hdr<F>>(spec, id, src, dst, buf, wb, s);
+    if (!h) return s;
     return complex_run<F, Inv>(h, reinterpret_cast<const F*>(src), reinterpret_cast<F*>(dst), wb.p);
 }
 

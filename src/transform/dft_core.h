@@ -97,10 +97,17 @@ template <class F> zamStatus init_alloc(bool real, void** pp, int len, int flag,
 template <class F> zamStatus buf_size(const void* spec, int32_t id, int* pSize);
 template <class F> zamStatus free_spec(void* spec, int32_t id);
 
-// The work buffer of a call on a checked spec: the caller's aligned, or
-// the call's own.
-template <class F> zamStatus work_of(const Hdr<F>* h, uint8_t* caller, WorkBuf& wb) {
-    return wb.get(h->work > 0 ? h->work + 64 : 0, caller);
+// The start of every transform (H: the kind's header, with its work size): the checks in the FFT's order
+// (spec -8, identifier -17, vectors -8), then the work buffer (the
+// caller's aligned, or the call's own: -9 when none can be had). Null with
+// the status in s on a failure.
+template <class H>
+const H* begin_call(const void* spec, int32_t id, const void* src, const void* dst, uint8_t* caller, WorkBuf& wb,
+                    zamStatus& s) {
+    const H* h = spec_of<H>(spec, id, s);
+    if (!h) return nullptr;
+    s = !src || !dst ? zamStatusNullPointer : wb.get(h->work > 0 ? h->work + 64 : 0, caller);
+    return s ? nullptr : h;
 }
 
 // Complex and real transforms on a checked spec (dft_complex.cpp,

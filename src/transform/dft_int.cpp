@@ -96,11 +96,9 @@ int packed_len(Fmt f, int len) { return f == Fmt::Ccs ? (len % 2 ? len + 1 : len
 template <class Body>
 zamStatus run16(const void* spec, int32_t id, const void* src, void* dst, uint8_t* buf, Body&& body) {
     zamStatus s;
-    const Hdr16* h = spec_of<Hdr16>(spec, id, s);
-    if (!h) return s;
-    if (!src || !dst) return zamStatusNullPointer;
     WorkBuf wb;
-    if (zamStatus e = wb.get(h->work + 64, buf)) return e;
+    const Hdr16* h = begin_call<Hdr16>(spec, id, src, dst, buf, wb, s);
+    if (!h) return s;
     float* t = reinterpret_cast<float*>(wb.p);
     uint8_t* iw = wb.p + round64(size_t(conv_floats(h->real, h->len)) * 4);
     const Hdr<float>* inner = reinterpret_cast<const Hdr<float>*>(reinterpret_cast<const uint8_t*>(h) + h->inner);

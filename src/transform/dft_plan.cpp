@@ -31,7 +31,8 @@ inline int64_t pow_mod(int64_t b, int64_t e, int64_t m) {
 // The radices of n in pass order: 4s, a 2, then the odd primes ascending;
 // the first pass takes a 4 when there is one, else the largest radix (the
 // first pass runs in lanes, which a wide radix keeps busy). Returns the
-// count, or 0 when a prime factor exceeds kMaxRadix.
+// count, or 0 when a prime factor exceeds kMaxRadix. (Radix-8 passes were
+// measured slower than pairs of radix-4 ones here.)
 int radices(int n, int32_t* r) {
     int k = 0;
     while (n % 4 == 0) { r[k++] = 4; n /= 4; }

@@ -13,6 +13,7 @@
 #include <cmath>
 
 #include "dft_core.h"
+#include "fft_core.h"
 
 namespace zams::dft {
 namespace {
@@ -38,6 +39,12 @@ template <class F> inline void get_x(Fmt f, const F* s, int len, int k, F& re, F
     im = s[at + 1];
 }
 
+// The complex values of a vector in reverse order.
+template <class F> inline typename fft::VT<F>::V reverse(typename fft::VT<F>::V v) {
+    if constexpr (sizeof(F) == 4) return _mm256_permute_ps(_mm256_permute2f128_ps(v, v, 1), 0x4E);
+    else return _mm256_permute2f128_pd(v, v, 1);
+}
+
 }  // namespace
 
 template <class F> zamStatus real_fwd(const Hdr<F>* h, Fmt fmt, const F* src, F* dst, uint8_t* work) {
@@ -50,7 +57,27 @@ template <class F> zamStatus real_fwd(const Hdr<F>* h, Fmt fmt, const F* src, F*
         if (zamStatus s = run_cplan<F, false>(base, h->plan, src, dst, work)) return s;
         const F* w = reinterpret_cast<const F*>(base + h->recomb);
         const F a = dst[0], b = dst[1];
-        for (int k = 1; 2 * k <= n; ++k) {
+        int k = 1;
+        // W pairs a vector at k and the mirrored vector ending at n - k
+        using T = fft::VT<F>;
+        constexpr int W = T::W;
+        const auto half = T::set1(F(0.5)), fv = T::set1(f), cs = T::imsign();
+        for (; 2 * (k + W - 1) < n; k += W) {
+            const int m = n - k - (W - 1);
+            const auto z = T::load(dst + 2 * k), y = reverse<F>(T::load(dst + 2 * m));
+            const auto cy = T::xor_(y, cs);
+            const auto e = T::mul(half, T::add(z, cy));
+            const auto o = T::mul(half, fft::mul_negi<F>(T::sub(z, cy)));
+            const auto t = fft::cmul<F, false>(o, T::load(w + 2 * k));
+            auto xk = T::add(e, t), xm = T::xor_(T::sub(e, t), cs);
+            if (sc) {
+                xk = T::mul(xk, fv);
+                xm = T::mul(xm, fv);
+            }
+            T::store(dst + 2 * k, xk);
+            T::store(dst + 2 * m, reverse<F>(xm));
+        }
+        for (; 2 * k <= n; ++k) {
             const int m = n - k;
             const F zr = dst[2 * k], zi = dst[2 * k + 1], yr = dst[2 * m], yi = dst[2 * m + 1];
             const F er = F(0.5) * (zr + yr), ei = F(0.5) * (zi - yi);
@@ -146,11 +173,9 @@ namespace {
 
 template <class F, bool Inv> zamStatus transform(const void* spec, int32_t id, Fmt fmt, const F* src, F* dst, uint8_t* buf) {
     zamStatus s;
-    const Hdr<F>* h = spec_of<Hdr<F>>(spec, id, s);
-    if (!h) return s;
-    if (!src || !dst) return zamStatusNullPointer;
     WorkBuf wb;
-    if (zamStatus e = work_of(h, buf, wb)) return e;
+    const Hdr<F>* h = begin_call<Hdr<F>>(spec, id, src, dst, buf, wb, s);
+    if (!h) return s;
     return Inv ? real_inv<F>(h, fmt, src, dst, wb.p) : real_fwd<F>(h, fmt, src, dst, wb.p);
 }
 

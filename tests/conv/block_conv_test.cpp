@@ -140,7 +140,7 @@ TYPED_TEST(BlockConv, CyclicConvolutionOfOnePeriod) {
         D fft;
         ASSERT_EQ(D::alloc(order, zamFftScaleInverse, fft), zamStatusOk);
         std::vector<uint8_t> scratch(size_t(conv::scratch_bytes(fft, order)) + 64);
-        std::vector<E> spectrum(size_t(n)), y = x;
+        std::vector<E> spectrum(static_cast<size_t>(n)), y = x;
         conv::Kernel<D> k;
         ASSERT_EQ(conv::make_kernel(fft, order, h.data(), taps, spectrum.data(), scratch.data(), k), zamStatusOk);
         ASSERT_EQ(conv::cyclic(k, y.data(), scratch.data()), zamStatusOk);
