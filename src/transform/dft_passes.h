@@ -146,7 +146,8 @@ inline void position(const F* x, size_t in, F* y, size_t out, size_t laneStride,
     constexpr int Cap = P ? P : kMaxRadix;
     V a[Cap], A[Cap];
     const int pp = P ? P : p;
-    for (int r = 0; r < pp; ++r) a[r] = O::load(x + 2 * in * size_t(r));
+    a[0] = O::load(x);  // every radix has a first input (said outright for the compiler)
+    for (int r = 1; r < pp; ++r) a[r] = O::load(x + 2 * in * size_t(r));
     butterfly<F, O, Inv, P>(a, A, pp, roots);
     for (int t = 0; t < pp; ++t) {
         V v = A[t];
