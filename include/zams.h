@@ -151,6 +151,7 @@ typedef struct {
 #include "zams/threshold.h"  /* thresholding */
 #include "zams/stats.h"      /* reductions */
 #include "zams/fft.h"        /* FFT specifications, complex and real FFT */
+#include "zams/dft.h"        /* DFT of any length, Hilbert, Goertzel */
 #include "zams/window.h"     /* window functions */
 #include "zams/conv.h"       /* correlation and convolution */
 #include "zams/gen.h"        /* random, triangle and tone generators, test vectors */

@@ -91,6 +91,13 @@ template <class D>
 zamStatus run(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int64_t outLen, uint8_t* scratch,
               int64_t stride, int threads);
 
+// Cyclic convolution of N = 2^k.order values in place, buf = h (*) buf with
+// the kernel k made from N taps (a kernel of fewer taps is zero-padded to
+// N): the section is the whole period, no overlap. For transforms built on
+// a convolution of fixed length (Bluestein's and Rader's DFTs). work is the
+// plan's work buffer (fft.work_bytes() bytes, or null when that is 0).
+template <class D> zamStatus cyclic(const Kernel<D>& k, typename D::Elem* buf, uint8_t* work);
+
 // One call's worth: builds the kernel and the scratch with zamsMalloc_8u,
 // runs, releases everything. For the stateless families (convolution,
 // correlation). -9 when memory cannot be had.

@@ -33,6 +33,11 @@ inline constexpr int32_t FftC32s = 0x434D414D, FftC32sc = 0x434D414C, FftR32s = 
 inline constexpr int32_t DctFwd16s = 19, DctInv16s = 20, DctFwd32f = 21, DctInv32f = 22, DctFwd64f = 23,
                          DctInv64f = 24;
 
+// ---- DFT specifications of any length
+inline constexpr int32_t DftC32fc = msb4("DF01"), DftC64fc = msb4("DF02"), DftR32f = msb4("DF03"),
+                         DftR64f = msb4("DF04"), DftC16sc = msb4("DF05"), DftR16s = msb4("DF06"),
+                         DftOutOrdC32fc = msb4("DF07"), DftOutOrdC64fc = msb4("DF08");
+
 // ---- Hilbert specifications
 inline constexpr int32_t Hilbert32f32fc = 0x434D4145, Hilbert16s32fc = 0x434D4146, Hilbert16s16sc = 0x434D4147;
 
@@ -71,7 +76,8 @@ inline constexpr int32_t Lms32f = msb4("LMS1");
 // Every word above, for the compile-time check that none repeats.
 inline constexpr int32_t kAll[] = {
     FftC16sc, FftC16s, FftR16s, FftC32fc, FftC32f, FftR32f, FftC64fc, FftC64f, FftR64f, FftC32s, FftC32sc,
-    FftR32s, FftR16s32s, DctFwd16s, DctInv16s, DctFwd32f, DctInv32f, DctFwd64f, DctInv64f, Hilbert32f32fc,
+    FftR32s, FftR16s32s, DctFwd16s, DctInv16s, DctFwd32f, DctInv32f, DctFwd64f, DctInv64f, DftC32fc, DftC64fc, DftR32f,
+    DftR64f, DftC16sc, DftR16s, DftOutOrdC32fc, DftOutOrdC64fc, Hilbert32f32fc,
     Hilbert16s32fc, Hilbert16s16sc, RandUni8u, RandUni16s, RandUni32f, RandGauss16s, RandGauss32f, TriangleQ15,
     RandGauss8u, ToneQ15,
     Fir32f, Fir32fc, FirMR32f, Fir32f16s, Fir32fc16sc, FirMR32f16s, Fir32s16s, Fir32sc16sc, FirMR32s16s, Fir64f,

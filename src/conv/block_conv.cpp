@@ -134,6 +134,13 @@ zamStatus run(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int64_t 
     return worst;
 }
 
+template <class D> zamStatus cyclic(const Kernel<D>& k, typename D::Elem* buf, uint8_t* work) {
+    zamStatus st = fwd(k.fft, static_cast<const typename D::Elem*>(buf), buf, work);
+    if (st < 0) return st;
+    mul(k.fft, k.spectrum, buf, 1 << k.order);
+    return inv(k.fft, buf, work);
+}
+
 template <class D>
 zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typename D::Elem* y, int64_t outLen,
                    int order, int threads) {
@@ -163,7 +170,8 @@ zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typenam
     template int64_t scratch_bytes<D>(const D&, int);                                                         \
     template zamStatus make_kernel<D>(const D&, int, const D::Elem*, int, D::Elem*, uint8_t*, Kernel<D>&);     \
     template zamStatus run<D>(const Kernel<D>&, const Signal&, D::Elem*, int64_t, uint8_t*, int64_t, int);    \
-    template zamStatus run_once<D>(const D::Elem*, int, const Signal&, D::Elem*, int64_t, int, int);
+    template zamStatus run_once<D>(const D::Elem*, int, const Signal&, D::Elem*, int64_t, int, int);        \
+    template zamStatus cyclic<D>(const Kernel<D>&, D::Elem*, uint8_t*);
 ZAMS_BLOCKCONV(fftp::Real<float>)
 ZAMS_BLOCKCONV(fftp::Real<double>)
 ZAMS_BLOCKCONV(fftp::Complex<float>)

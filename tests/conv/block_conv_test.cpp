@@ -129,6 +129,37 @@ TYPED_TEST(BlockConv, ThreadsAndInPlaceGiveTheSameBits) {
     EXPECT_EQ(0, std::memcmp(one.data(), inplace.data(), len * sizeof(E)));
 }
 
+TYPED_TEST(BlockConv, CyclicConvolutionOfOnePeriod) {
+    using D = TypeParam;
+    using E = Elem<D>;
+    std::mt19937 g(5);
+    for (int order : {1, 4, 9}) {
+        const int n = 1 << order;
+        const int taps = n - n / 4;  // zero-padded to the period
+        const auto h = random_vec<D>(size_t(taps), g), x = random_vec<D>(size_t(n), g);
+        D fft;
+        ASSERT_EQ(D::alloc(order, zamFftScaleInverse, fft), zamStatusOk);
+        std::vector<uint8_t> scratch(size_t(conv::scratch_bytes(fft, order)) + 64);
+        std::vector<E> spectrum(static_cast<size_t>(n)), y = x;
+        conv::Kernel<D> k;
+        ASSERT_EQ(conv::make_kernel(fft, order, h.data(), taps, spectrum.data(), scratch.data(), k), zamStatusOk);
+        ASSERT_EQ(conv::cyclic(k, y.data(), scratch.data()), zamStatusOk);
+        long double worst = 0, scale = 0;
+        for (int i = 0; i < n; ++i) {
+            typename Dom<D>::L acc{};
+            long double m = 0;
+            for (int j = 0; j < taps; ++j) {
+                acc += Dom<D>::wide(h[size_t(j)]) * Dom<D>::wide(x[size_t((i - j + n) % n)]);
+                m += Dom<D>::mag(Dom<D>::wide(h[size_t(j)])) * Dom<D>::mag(Dom<D>::wide(x[size_t((i - j + n) % n)]));
+            }
+            worst = std::max(worst, Dom<D>::diff(y[size_t(i)], acc));
+            scale = std::max(scale, m);
+        }
+        EXPECT_LE(worst, 8 * unit<D>() * (order + 1) * scale) << "order " << order;
+        EXPECT_EQ(fft.release(), zamStatusOk);
+    }
+}
+
 TEST(BlockConvOrder, SectionsHoldTheKernelAndNoMoreThanTheCallNeeds) {
     for (int64_t taps : {1, 2, 63, 64, 100, 1000, 4096}) {
         for (int64_t out : {1, 100, 1000, 100000}) {

@@ -31,6 +31,10 @@ template <class T> const T* iir_ctaps() {
     static const T taps[6] = {{0.2, 0}, {0.4, 0}, {0.2, 0}, {1, 0}, {-0.3, 0}, {0.1, 0}};
     return taps;
 }
+// DFT and Hilbert: length 100 (mixed radix), no normalisation.
+#define ZAMS_DFT_ROW(S, ALLOC, FREE) ZAMS_ROW(S, FREE, ALLOC(ZAMS_STATE(S), 100, 8, 0))
+#define ZAMS_HILBERT_ROW(K) \
+    ZAMS_ROW(ZamsHilbertSpec_##K, zamsHilbertFree_##K, zamsHilbertInitAlloc_##K(ZAMS_STATE(ZamsHilbertSpec_##K), 100, 0))
 #define ZAMS_IIR_ROW(S, SUF, TAPS)                                                                    \
     ZAMS_ROW(S, zamsIIRFree##SUF, zamsIIRInitAlloc##SUF(ZAMS_STATE(S), TAPS, 2, nullptr))
 
@@ -48,6 +52,17 @@ const Maker kMakers[] = {
     ZAMS_ROW(ZamsRandGaussState_32f, zamsRandGaussFree_32f, zamsRandGaussInitAlloc_32f(ZAMS_STATE(ZamsRandGaussState_32f), 0.f, 1.f, 1)),
     ZAMS_ROW(ZamsTriangleState_16s, zamsTriangleFree, zamsTriangleInitAllocQ15_16s(ZAMS_STATE(ZamsTriangleState_16s), 1000, 1000, 0, 0)),
     ZAMS_ROW(ZamsToneState_16s, zamsToneFree, zamsToneInitAllocQ15_16s(ZAMS_STATE(ZamsToneState_16s), 1000, 1000, 0)),
+    ZAMS_DFT_ROW(ZamsDFTSpec_C_32fc, zamsDFTInitAlloc_C_32fc, zamsDFTFree_C_32fc),
+    ZAMS_DFT_ROW(ZamsDFTSpec_C_64fc, zamsDFTInitAlloc_C_64fc, zamsDFTFree_C_64fc),
+    ZAMS_DFT_ROW(ZamsDFTSpec_R_32f, zamsDFTInitAlloc_R_32f, zamsDFTFree_R_32f),
+    ZAMS_DFT_ROW(ZamsDFTSpec_R_64f, zamsDFTInitAlloc_R_64f, zamsDFTFree_R_64f),
+    ZAMS_DFT_ROW(ZamsDFTSpec_C_16sc, zamsDFTInitAlloc_C_16sc, zamsDFTFree_C_16sc),
+    ZAMS_DFT_ROW(ZamsDFTSpec_R_16s, zamsDFTInitAlloc_R_16s, zamsDFTFree_R_16s),
+    ZAMS_DFT_ROW(ZamsDFTOutOrdSpec_C_32fc, zamsDFTOutOrdInitAlloc_C_32fc, zamsDFTOutOrdFree_C_32fc),
+    ZAMS_DFT_ROW(ZamsDFTOutOrdSpec_C_64fc, zamsDFTOutOrdInitAlloc_C_64fc, zamsDFTOutOrdFree_C_64fc),
+    ZAMS_HILBERT_ROW(32f32fc),
+    ZAMS_HILBERT_ROW(16s32fc),
+    ZAMS_HILBERT_ROW(16s16sc),
     ZAMS_IIR_ROW(ZamsIIRState_32f, _32f, iir_taps<Zam32f>()),
     ZAMS_IIR_ROW(ZamsIIRState32f_16s, 32f_16s, iir_taps<Zam32f>()),
     ZAMS_IIR_ROW(ZamsIIRState32fc_16sc, 32fc_16sc, iir_ctaps<Zam32fc>()),

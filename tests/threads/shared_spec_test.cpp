@@ -47,7 +47,30 @@ struct Kind {
         return fn(i, i + kN, o, o + kN, static_cast<const ZAMS_SPEC(K)*>(s), __VA_ARGS__ b);                      \
     }, ZAMS_FREE(K)
 
+// DFT kinds of any length: mixed radix (1000) and Bluestein (1009).
+#define ZAMS_DFT(K, L, fn, T)                                                                                      \
+    [](void** p) { return zamsDFTInitAlloc_##K(reinterpret_cast<ZamsDFTSpec_##K**>(p), L, 8, 0); },                \
+        [](const void* s, int* n) { return zamsDFTGetBufSize_##K(static_cast<const ZamsDFTSpec_##K*>(s), n); },      \
+        [](const void* s, const void* in, void* out, Zam8u* b) {                                                  \
+            return fn(static_cast<const T*>(in), static_cast<T*>(out), static_cast<const ZamsDFTSpec_##K*>(s), b);  \
+        },                                                                                                         \
+        [](void* s) { return zamsDFTFree_##K(static_cast<ZamsDFTSpec_##K*>(s)); }
+// The Hilbert transform: no work buffer, its blocks are its own.
+#define ZAMS_HILBERT(L)                                                                                            \
+    [](void** p) { return zamsHilbertInitAlloc_32f32fc(reinterpret_cast<ZamsHilbertSpec_32f32fc**>(p), L, 0); },  \
+        [](const void*, int* n) { *n = 0; return zamStatusOk; },                                                   \
+        [](const void* s, const void* in, void* out, Zam8u*) {                                                    \
+            return zamsHilbert_32f32fc(static_cast<const Zam32f*>(in), static_cast<Zam32fc*>(out),                \
+                                       static_cast<const ZamsHilbertSpec_32f32fc*>(s));                            \
+        },                                                                                                         \
+        [](void* s) { return zamsHilbertFree_32f32fc(static_cast<ZamsHilbertSpec_32f32fc*>(s)); }
+
 const Kind kKinds[] = {
+    {"DFT C_32fc 1000", ZAMS_DFT(C_32fc, 1000, zamsDFTFwd_CToC_32fc, Zam32fc), 4, 2000, 2000, true},
+    {"DFT C_32fc 1009", ZAMS_DFT(C_32fc, 1009, zamsDFTFwd_CToC_32fc, Zam32fc), 4, 2018, 2018, true},
+    {"DFT C_64fc 1009", ZAMS_DFT(C_64fc, 1009, zamsDFTFwd_CToC_64fc, Zam64fc), 8, 2018, 2018, true},
+    {"DFT R_32f 1000", ZAMS_DFT(R_32f, 1000, zamsDFTFwd_RToCCS_32f, Zam32f), 4, 1000, 1002, true},
+    {"Hilbert 32f32fc 1000", ZAMS_HILBERT(1000), 4, 1000, 2000, true},
     {"C_32fc", ZAMS_ONE(C_32fc, zamsFFTFwd_CToC_32fc, Zam32fc, Zam32fc), 4, 2 * kN, 2 * kN, true},
     {"C_64fc", ZAMS_ONE(C_64fc, zamsFFTFwd_CToC_64fc, Zam64fc, Zam64fc), 8, 2 * kN, 2 * kN, true},
     {"C_32f", ZAMS_TWO(C_32f, zamsFFTFwd_CToC_32f, Zam32f), 4, 2 * kN, 2 * kN, true},

@@ -25,6 +25,7 @@ LAYOUT = {
     "stats.h": ("src/stats", "tests/stats"),
     "window.h": ("src/window", "tests/window"),
     "fft.h": ("src/transform", "tests/transform"),
+    "dft.h": ("src/transform", "tests/transform"),
     "conv.h": ("src/conv", "tests/conv"),
     "gen.h": ("src/gen", "tests/gen"),
     "filter.h": ("src/filter", "tests/filter"),

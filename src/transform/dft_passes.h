@@ -1,0 +1,229 @@
+// Mixed-radix passes of the DFT of any length: self-sorting (Stockham)
+// decimation in frequency, natural order in and out.
+//
+// A pass of radix p over a sequence of current length n at stride s (s
+// the product of the radices before it, m = n / p):
+//
+//     for j < m, q < s:  a_r = x[q + s (j + r m)],  r < p
+//                        y[q + s (p j + t)] = (DFT_p a)_t * W_n^(j t),  t < p
+//
+// Passes with s at least a vector's width of complex values run along q
+// ("runs": one twiddle a run, broadcast); the first pass (s = 1) runs along
+// j instead, with a twiddle vector a lane and the p outputs of a lane
+// stored p apart ("lanes"). Radices 2 and 4 have butterflies of their own;
+// odd radices (3, 5, 7 unrolled, any other up to kMaxRadix) use the
+// symmetric-pair form
+//
+//     A_0 = a_0 + sum s_r,  A_t, A_(p-t) = a_0 + sum c_rt s_r -/+ i sum s'_rt d_r
+//     s_r = a_r + a_(p-r), d_r = a_r - a_(p-r), c_rt + i s'_rt = exp(2 pi i r t / p)
+//
+// with the roots of unity of the radix from the stage's table. The inverse
+// uses the conjugate roots and twiddles. The last pass (m = 1, no
+// twiddles) may multiply by the normalisation factor while it stores.
+#pragma once
+
+#include <immintrin.h>
+
+#include <cstddef>
+
+#include "fft_core.h"
+
+namespace zams::dft {
+
+inline constexpr int kMaxRadix = 64;  // larger prime factors go to a convolution
+
+// ------------------------------------------------------------ value ops --
+template <class F> struct Cx {
+    F re, im;
+};
+
+// One complex value.
+template <class F> struct One {
+    using V = Cx<F>;
+    static constexpr int W = 1;
+    static V load(const F* p) { return {p[0], p[1]}; }
+    static void store(F* p, V v) { p[0] = v.re; p[1] = v.im; }
+    static void store_lanes(F* p, size_t, V v) { store(p, v); }
+    static V bcast(const F* p) { return load(p); }
+    static V zero() { return {F(0), F(0)}; }
+    static V add(V a, V b) { return {a.re + b.re, a.im + b.im}; }
+    static V sub(V a, V b) { return {a.re - b.re, a.im - b.im}; }
+    static V rmul(V a, F c) { return {a.re * c, a.im * c}; }
+    // -i a (forward) or +i a (inverse)
+    template <bool Inv> static V rot(V a) { return Inv ? V{-a.im, a.re} : V{a.im, -a.re}; }
+    template <bool Inv> static V cmul(V a, V w) {
+        if constexpr (Inv) return {a.re * w.re + a.im * w.im, a.im * w.re - a.re * w.im};
+        else return {a.re * w.re - a.im * w.im, a.im * w.re + a.re * w.im};
+    }
+};
+
+// A vector of W complex values (AVX).
+template <class F> struct Vec {
+    using T = fft::VT<F>;
+    using V = typename T::V;
+    static constexpr int W = T::W;
+    static V load(const F* p) { return T::load(p); }
+    static void store(F* p, V v) { T::store(p, v); }
+    // Lane k to p + 2 k stride (stride in complex values).
+    static void store_lanes(F* p, size_t stride, V v) {
+        if constexpr (sizeof(F) == 4) {
+            const __m128 lo = _mm256_castps256_ps128(v), hi = _mm256_extractf128_ps(v, 1);
+            _mm_storel_pi(reinterpret_cast<__m64*>(p), lo);
+            _mm_storeh_pi(reinterpret_cast<__m64*>(p + 2 * stride), lo);
+            _mm_storel_pi(reinterpret_cast<__m64*>(p + 4 * stride), hi);
+            _mm_storeh_pi(reinterpret_cast<__m64*>(p + 6 * stride), hi);
+        } else {
+            _mm_storeu_pd(p, _mm256_castpd256_pd128(v));
+            _mm_storeu_pd(p + 2 * stride, _mm256_extractf128_pd(v, 1));
+        }
+    }
+    static V bcast(const F* p) {
+        if constexpr (sizeof(F) == 4) return _mm256_castpd_ps(_mm256_broadcast_sd(reinterpret_cast<const double*>(p)));
+        else return _mm256_broadcast_pd(reinterpret_cast<const __m128d*>(p));
+    }
+    static V zero() { return T::set1(F(0)); }
+    static V add(V a, V b) { return T::add(a, b); }
+    static V sub(V a, V b) { return T::sub(a, b); }
+    static V rmul(V a, F c) { return T::mul(a, T::set1(c)); }
+    template <bool Inv> static V rot(V a) {
+        const V t = fft::mul_negi<F>(a);  // -i a
+        return Inv ? T::xor_(t, T::allsign()) : t;
+    }
+    template <bool Inv> static V cmul(V a, V w) { return fft::cmul<F, Inv>(a, w); }
+};
+
+// ----------------------------------------------------------- butterflies --
+// A[t] = sum_r a[r] exp(-/+ 2 pi i r t / p), t < p (a is overwritten).
+// roots: (cos, sin)(2 pi k / p), k < p, for the odd radices; P is the
+// radix when known at compile time, 0 for any odd p.
+template <class F, class O, bool Inv, int P>
+inline void butterfly(typename O::V* a, typename O::V* A, int p, const F* roots) {
+    using V = typename O::V;
+    if constexpr (P == 2) {
+        A[0] = O::add(a[0], a[1]);
+        A[1] = O::sub(a[0], a[1]);
+    } else if constexpr (P == 4) {
+        const V b0 = O::add(a[0], a[2]), b1 = O::sub(a[0], a[2]);
+        const V b2 = O::add(a[1], a[3]), b3 = O::template rot<Inv>(O::sub(a[1], a[3]));
+        A[0] = O::add(b0, b2);
+        A[2] = O::sub(b0, b2);
+        A[1] = O::add(b1, b3);
+        A[3] = O::sub(b1, b3);
+    } else {
+        const int pp = P ? P : p, h = pp / 2;
+        V sum = a[0];
+        for (int r = 1; r <= h; ++r) {
+            const V sr = O::add(a[r], a[pp - r]), dr = O::sub(a[r], a[pp - r]);
+            a[r] = sr;
+            a[pp - r] = dr;
+            sum = O::add(sum, sr);
+        }
+        A[0] = sum;
+        for (int t = 1; t <= h; ++t) {
+            V e = a[0], o = O::zero();
+            int k = 0;
+            for (int r = 1; r <= h; ++r) {
+                k += t;
+                if (k >= pp) k -= pp;
+                e = O::add(e, O::rmul(a[r], roots[2 * k]));
+                o = O::add(o, O::rmul(a[pp - r], roots[2 * k + 1]));
+            }
+            const V jo = O::template rot<Inv>(o);
+            A[t] = O::add(e, jo);
+            A[pp - t] = O::sub(e, jo);
+        }
+    }
+}
+
+// One position of a pass: the p inputs from x at stride `in`, the
+// butterfly, twiddles (w(t) for t >= 1, none when Tw is false), the scale
+// when Scaled, the p outputs to y at stride `out` (store: O::store or
+// O::store_lanes).
+template <class F, class O, bool Inv, int P, bool Tw, bool Scaled, bool Lanes, class TwAt>
+inline void position(const F* x, size_t in, F* y, size_t out, size_t laneStride, int p, const F* roots, TwAt tw,
+                     F scale) {
+    using V = typename O::V;
+    constexpr int Cap = P ? P : kMaxRadix;
+    V a[Cap], A[Cap];
+    const int pp = P ? P : p;
+    a[0] = O::load(x);  // every radix has a first input (said outright for the compiler)
+    for (int r = 1; r < pp; ++r) a[r] = O::load(x + 2 * in * size_t(r));
+    butterfly<F, O, Inv, P>(a, A, pp, roots);
+    for (int t = 0; t < pp; ++t) {
+        V v = A[t];
+        if constexpr (Tw) {
+            if (t) v = O::template cmul<Inv>(v, tw(t));
+        }
+        if constexpr (Scaled) v = O::rmul(v, scale);
+        if constexpr (Lanes) O::store_lanes(y + 2 * out * size_t(t), laneStride, v);
+        else O::store(y + 2 * out * size_t(t), v);
+    }
+}
+
+// A pass in runs along q. tw: [j][t - 1] (m > 1 only).
+template <class F, bool Inv, int P, bool Scaled>
+void pass_runs(const F* x, F* y, size_t s, size_t m, int p, const F* tw, const F* roots, F scale) {
+    using VO = Vec<F>;
+    using SO = One<F>;
+    constexpr size_t W = size_t(VO::W);
+    const int pp = P ? P : p;
+    for (size_t j = 0; j < m; ++j) {
+        const F* xj = x + 2 * s * j;
+        F* yj = y + 2 * s * pp * j;
+        const F* wj = tw + 2 * (pp - 1) * j;
+        size_t q = 0;
+        if (j == 0) {
+            for (; q + W <= s; q += W)
+                position<F, VO, Inv, P, false, Scaled, false>(xj + 2 * q, s * m, yj + 2 * q, s, 0, pp, roots,
+                                                             [](int) { return typename VO::V{}; }, scale);
+            for (; q < s; ++q)
+                position<F, SO, Inv, P, false, Scaled, false>(xj + 2 * q, s * m, yj + 2 * q, s, 0, pp, roots,
+                                                             [](int) { return typename SO::V{}; }, scale);
+            continue;
+        }
+        typename VO::V wv[P ? P : kMaxRadix];
+        for (int t = 1; t < pp; ++t) wv[t] = VO::bcast(wj + 2 * (t - 1));
+        for (; q + W <= s; q += W)
+            position<F, VO, Inv, P, true, Scaled, false>(xj + 2 * q, s * m, yj + 2 * q, s, 0, pp, roots,
+                                                        [&](int t) { return wv[t]; }, scale);
+        for (; q < s; ++q)
+            position<F, SO, Inv, P, true, Scaled, false>(xj + 2 * q, s * m, yj + 2 * q, s, 0, pp, roots,
+                                                        [&](int t) { return SO::load(wj + 2 * (t - 1)); }, scale);
+    }
+}
+
+// The first pass (s = 1) in lanes along j. tw: [t - 1][j].
+template <class F, bool Inv, int P>
+void pass_lanes(const F* x, F* y, size_t m, int p, const F* tw, const F* roots) {
+    using VO = Vec<F>;
+    using SO = One<F>;
+    constexpr size_t W = size_t(VO::W);
+    const int pp = P ? P : p;
+    size_t j = 0;
+    for (; j + W <= m; j += W)
+        position<F, VO, Inv, P, true, false, true>(x + 2 * j, m, y + 2 * pp * j, 1, size_t(pp), pp, roots,
+                                                   [&](int t) { return VO::load(tw + 2 * ((t - 1) * m + j)); }, F(1));
+    for (; j < m; ++j)
+        position<F, SO, Inv, P, true, false, false>(x + 2 * j, m, y + 2 * pp * j, 1, 0, pp, roots,
+                                                    [&](int t) { return SO::load(tw + 2 * ((t - 1) * m + j)); }, F(1));
+}
+
+// One pass by radix, compiled for 2, 3, 4, 5, 7 and any other odd radix.
+template <class F, bool Inv>
+void run_pass(const F* x, F* y, size_t s, size_t m, int p, bool lanes, const F* tw, const F* roots, const F* scale) {
+    auto go = [&]<int P>() {
+        if (lanes) pass_lanes<F, Inv, P>(x, y, m, p, tw, roots);
+        else if (scale) pass_runs<F, Inv, P, true>(x, y, s, m, p, tw, roots, *scale);
+        else pass_runs<F, Inv, P, false>(x, y, s, m, p, tw, roots, F(1));
+    };
+    switch (p) {
+        case 2: go.template operator()<2>(); break;
+        case 3: go.template operator()<3>(); break;
+        case 4: go.template operator()<4>(); break;
+        case 5: go.template operator()<5>(); break;
+        case 7: go.template operator()<7>(); break;
+        default: go.template operator()<0>(); break;
+    }
+}
+
+}  // namespace zams::dft

@@ -1,0 +1,323 @@
+// The complex plan of the DFT of any length: its layout and build (one
+// function for both), and its run. Methods and layout in dft_core.h.
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "../common/blockconv.h"
+#include "../common/trig.h"
+#include "dft_core.h"
+#include "dft_passes.h"
+
+namespace zams::dft {
+namespace {
+
+template <class F> using Dom = fftp::Complex<F>;
+template <class F> using E = typename Dom<F>::Elem;
+
+constexpr bool is_pow2(int64_t n) { return n > 0 && (n & (n - 1)) == 0; }
+inline int log2_of(int64_t n) {
+    int k = 0;
+    while ((int64_t(1) << k) < n) ++k;
+    return k;
+}
+inline int64_t pow_mod(int64_t b, int64_t e, int64_t m) {
+    int64_t r = 1;
+    for (b %= m; e; e >>= 1, b = b * b % m)
+        if (e & 1) r = r * b % m;
+    return r;
+}
+
+// The radices of n in pass order: 4s, a 2, then the odd primes ascending;
+// the first pass takes a 4 when there is one, else the largest radix (the
+// first pass runs in lanes, which a wide radix keeps busy). Returns the
+// count, or 0 when a prime factor exceeds kMaxRadix. (Radix-8 passes were
+// measured slower than pairs of radix-4 ones here.)
+int radices(int n, int32_t* r) {
+    int k = 0;
+    while (n % 4 == 0) { r[k++] = 4; n /= 4; }
+    if (n % 2 == 0) { r[k++] = 2; n /= 2; }
+    for (int p = 3; n > 1; p += 2) {
+        if (p > kMaxRadix) return 0;
+        while (n % p == 0) { r[k++] = p; n /= p; }
+    }
+    if (k > 1 && r[0] != 4) std::swap(r[0], r[k - 1]);
+    return k;
+}
+
+bool is_prime(int n) {
+    if (n < 2) return false;
+    for (int d = 2; int64_t(d) * d <= n; ++d)
+        if (n % d == 0) return false;
+    return true;
+}
+
+// exp(-i pi k / n) into t[0], t[1].
+template <class F> void put_w(F* t, int64_t k, int64_t n) { fft::put_w(t, (long long)k, (long long)n); }
+
+// The inner FFT plan at base + off.
+template <class F> Dom<F> fft_at(const uint8_t* base, uint32_t off) {
+    Dom<F> d;
+    d.spec = reinterpret_cast<const typename Dom<F>::X::CSpec*>(base + off);
+    return d;
+}
+template <class F> conv::Kernel<Dom<F>> kernel_of(const uint8_t* base, const CPlan<F>& pl) {
+    conv::Kernel<Dom<F>> k;
+    k.fft = fft_at<F>(base, pl.fft);
+    k.order = pl.order;
+    k.taps = 1 << pl.order;
+    k.spectrum = reinterpret_cast<const E<F>*>(base + pl.ker);
+    return k;
+}
+
+}  // namespace
+
+template <class F>
+zamStatus lay_cplan(int n, int flag, uint8_t* base, CPlan<F>* pl, int64_t off, uint8_t* tmp, Need& need) {
+    const bool build = base != nullptr;
+    const int64_t esz = 2 * int64_t(sizeof(F));
+    CPlan<F> P;
+    std::memset(&P, 0, sizeof P);
+    P.n = n;
+    P.fwdOn = flag == 1 || flag == 4;
+    P.invOn = flag == 2 || flag == 4;
+    const double sc = flag == 4 ? 1.0 / std::sqrt(double(n)) : 1.0 / double(n);
+    P.fwdScale = P.invScale = F(sc);
+    tmp = tmp ? align64(tmp) : nullptr;
+    auto take = [&](int64_t bytes) {
+        const int64_t o = int64_t(round64(size_t(off)));
+        off = o + bytes;
+        return uint32_t(o);
+    };
+    // The inner FFT of 2^order points with the given flag.
+    auto inner_fft = [&](int order, int fflag, fftp::Sizes& fs) -> zamStatus {
+        if (zamStatus s = Dom<F>::sizes(order, fflag, fs)) return s;
+        P.order = order;
+        P.fft = take(fs.spec);
+        P.fftWork = fs.work;
+        need.init = std::max<int64_t>(need.init, fs.init > 0 ? fs.init + 64 : 0);
+        if (!build) return zamStatusOk;
+        Dom<F> d;
+        if (zamStatus s = Dom<F>::build(order, fflag, base + P.fft, tmp, d)) return s;
+        P.fft = uint32_t(reinterpret_cast<const uint8_t*>(d.spec) - base);
+        return zamStatusOk;
+    };
+    // A convolution kernel of M = 2^order values from h(j, t) into P.ker;
+    // the build block holds h and the engine's scratch.
+    auto kernel = [&](const fftp::Sizes& fs, auto&& h) -> zamStatus {
+        const int64_t M = int64_t(1) << P.order;
+        P.ker = take(M * esz);
+        need.init = std::max<int64_t>(need.init, 64 + M * esz + 64 + fs.work + M * esz + 16);
+        if (!build) return zamStatusOk;
+        F* hv = reinterpret_cast<F*>(tmp);
+        for (int64_t j = 0; j < M; ++j) h(j, hv + 2 * j);
+        uint8_t* scratch = align64(tmp + M * esz);
+        conv::Kernel<Dom<F>> k;
+        return conv::make_kernel(fft_at<F>(base, P.fft), P.order, reinterpret_cast<const E<F>*>(hv), int(M),
+                                 reinterpret_cast<E<F>*>(base + P.ker), scratch, k);
+    };
+
+    int32_t r[kMaxStages];
+    int nr = 0;
+    if (is_pow2(n)) {
+        P.method = kPow2;
+        fftp::Sizes fs;
+        if (zamStatus s = inner_fft(log2_of(n), flag, fs)) return s;
+    } else if ((nr = radices(n, r)) > 0) {
+        P.method = kMixed;
+        P.nst = nr;
+        constexpr int W = Vec<F>::W;
+        int64_t s = 1, len = n;
+        for (int i = 0; i < nr; ++i) {
+            const int p = r[i];
+            const int64_t m = len / p;
+            Stage& st = P.st[i];
+            st.radix = p;
+            st.lanes = s == 1 && m >= W;
+            if (m > 1) {
+                st.tw = take(m * (p - 1) * esz);
+                if (build) {
+                    F* t = reinterpret_cast<F*>(base + st.tw);
+                    for (int64_t j = 0; j < m; ++j)
+                        for (int64_t q = 1; q < p; ++q)
+                            put_w(t + 2 * (st.lanes ? (q - 1) * m + j : j * (p - 1) + (q - 1)), 2 * j * q, len);
+                }
+            }
+            if (p & 1) {
+                st.roots = take(int64_t(p) * esz);
+                if (build) {
+                    F* t = reinterpret_cast<F*>(base + st.roots);
+                    for (int k = 0; k < p; ++k) {
+                        double sv, cv;
+                        sincospi_ratio(2 * k, p, &sv, &cv);
+                        t[2 * k] = F(cv);
+                        t[2 * k + 1] = F(sv);
+                    }
+                }
+            }
+            s *= p;
+            len = m;
+        }
+        P.bufBytes = int32_t(n * esz);
+    } else if (is_prime(n) && is_pow2(n - 1)) {
+        // Rader: X[g^-r] = x[0] + sum_q x[g^q] w^(g^(q-r)), w = exp(-2 pi i / n).
+        P.method = kRader;
+        const int M = n - 1;
+        fftp::Sizes fs;
+        if (zamStatus s = inner_fft(log2_of(M), zamFftScaleInverse, fs)) return s;
+        P.perm = take(int64_t(2) * M * 4);
+        int g = 2;
+        while (pow_mod(g, M / 2, n) == 1) ++g;  // M is a power of two: g is a generator
+        const int64_t ginv = pow_mod(g, n - 2, n);
+        if (build) {
+            int32_t* pin = reinterpret_cast<int32_t*>(base + P.perm);
+            int32_t* pout = pin + M;
+            int64_t a = 1, b = 1;
+            for (int q = 0; q < M; ++q, a = a * g % n, b = b * ginv % n) {
+                pin[q] = int32_t(a);
+                pout[q] = int32_t(b);
+            }
+        }
+        const int32_t* pout = build ? reinterpret_cast<const int32_t*>(base + P.perm) + M : nullptr;
+        if (zamStatus s = kernel(fs, [&](int64_t q, F* t) { put_w(t, 2 * int64_t(pout[q]), n); })) return s;
+        P.bufBytes = int32_t(int64_t(M) * esz);
+    } else {
+        // Bluestein: X[k] = c[k] sum_j x[j] c[j] conj(c[k - j]), c[j] = exp(-i pi j^2 / n).
+        P.method = kBluestein;
+        const int64_t M = int64_t(1) << log2_of(2 * int64_t(n) - 1);
+        fftp::Sizes fs;
+        if (zamStatus s = inner_fft(log2_of(M), zamFftScaleInverse, fs)) return s;
+        P.tab = take(n * esz);
+        if (build) {
+            F* c = reinterpret_cast<F*>(base + P.tab);
+            for (int64_t j = 0; j < n; ++j) put_w(c + 2 * j, j * j % (2 * int64_t(n)), n);
+        }
+        const F* c = build ? reinterpret_cast<const F*>(base + P.tab) : nullptr;
+        auto h = [&](int64_t j, F* t) {
+            const int64_t k = j < n ? j : (M - j < n ? M - j : -1);
+            t[0] = k < 0 ? F(0) : c[2 * k];
+            t[1] = k < 0 ? F(0) : -c[2 * k + 1];
+        };
+        if (zamStatus s = kernel(fs, h)) return s;
+        P.bufBytes = int32_t(M * esz);
+    }
+    need.spec = off;
+    need.work = int64_t(round64(size_t(P.bufBytes))) + P.fftWork;
+    if (build) *pl = P;
+    return zamStatusOk;
+}
+
+namespace {
+
+// y[k] = conj?(c[k] conj?(x[k])) * scale, n values: the chirp products and
+// (with c null) a plain scaled copy.
+template <class F, bool ConjIn, bool ConjOut>
+void chirp(const F* c, const F* x, F* y, size_t n, const F* scale) {
+    using VO = Vec<F>;
+    using T = typename VO::T;
+    const auto cs = T::imsign();
+    const auto sv = T::set1(scale ? *scale : F(1));
+    size_t k = 0;
+    for (; k + VO::W <= n; k += VO::W) {
+        auto v = T::load(x + 2 * k);
+        if constexpr (ConjIn) v = T::xor_(v, cs);
+        v = fft::cmul<F, false>(v, T::load(c + 2 * k));
+        if constexpr (ConjOut) v = T::xor_(v, cs);
+        if (scale) v = T::mul(v, sv);
+        T::store(y + 2 * k, v);
+    }
+    for (; k < n; ++k) {
+        F xr = x[2 * k], xi = ConjIn ? -x[2 * k + 1] : x[2 * k + 1];
+        F re = xr * c[2 * k] - xi * c[2 * k + 1], im = xi * c[2 * k] + xr * c[2 * k + 1];
+        if constexpr (ConjOut) im = -im;
+        if (scale) { re = re * *scale; im = im * *scale; }
+        y[2 * k] = re;
+        y[2 * k + 1] = im;
+    }
+}
+
+}  // namespace
+
+template <class F, bool Inv>
+zamStatus run_cplan(const uint8_t* base, const CPlan<F>& pl, const F* src, F* dst, uint8_t* work) {
+    const size_t n = size_t(pl.n);
+    const F* scale = (Inv ? pl.invOn : pl.fwdOn) ? (Inv ? &pl.invScale : &pl.fwdScale) : nullptr;
+    switch (pl.method) {
+        case kPow2: {
+            const Dom<F> d = fft_at<F>(base, pl.fft);
+            const auto* s = reinterpret_cast<const E<F>*>(src);
+            auto* o = reinterpret_cast<E<F>*>(dst);
+            return Inv ? d.inv(s, o, work) : d.fwd(s, o, work);
+        }
+        case kMixed: {
+            F* t = reinterpret_cast<F*>(work);
+            const F* x = src;
+            if (src == dst && (pl.nst & 1)) {  // the first pass would write what it reads
+                std::memcpy(t, src, n * 2 * sizeof(F));
+                x = t;
+            }
+            size_t s = 1, len = n;
+            for (int i = 0; i < pl.nst; ++i) {
+                const Stage& st = pl.st[i];
+                const size_t m = len / size_t(st.radix);
+                F* y = ((pl.nst - 1 - i) & 1) ? t : dst;
+                const F* tw = st.tw ? reinterpret_cast<const F*>(base + st.tw) : nullptr;
+                const F* roots = st.roots ? reinterpret_cast<const F*>(base + st.roots) : nullptr;
+                run_pass<F, Inv>(x, y, s, m, st.radix, st.lanes, tw, roots, i == pl.nst - 1 ? scale : nullptr);
+                x = y;
+                s *= size_t(st.radix);
+                len = m;
+            }
+            return zamStatusOk;
+        }
+        case kRader: {
+            const size_t M = n - 1;
+            F* b = reinterpret_cast<F*>(work);
+            const int32_t* pin = reinterpret_cast<const int32_t*>(base + pl.perm);
+            const int32_t* pout = pin + M;
+            const F x0r = src[0], x0i = Inv ? -src[1] : src[1];
+            F sr = x0r, si = x0i;
+            for (size_t q = 0; q < M; ++q) {
+                const size_t i = size_t(pin[q]);
+                b[2 * q] = src[2 * i];
+                b[2 * q + 1] = Inv ? -src[2 * i + 1] : src[2 * i + 1];
+                sr += b[2 * q];
+                si += b[2 * q + 1];
+            }
+            const zamStatus st = conv::cyclic(kernel_of(base, pl), reinterpret_cast<E<F>*>(b), work + round64(size_t(pl.bufBytes)));
+            if (st < 0) return st;
+            const F f = scale ? *scale : F(1);
+            const F sg = Inv ? F(-1) : F(1);
+            dst[0] = scale ? sr * f : sr;
+            dst[1] = sg * (scale ? si * f : si);
+            for (size_t q = 0; q < M; ++q) {
+                const size_t k = size_t(pout[q]);
+                F re = x0r + b[2 * q], im = x0i + b[2 * q + 1];
+                if (scale) { re = re * f; im = im * f; }
+                dst[2 * k] = re;
+                dst[2 * k + 1] = sg * im;
+            }
+            return st;
+        }
+        default: {  // Bluestein
+            const size_t M = size_t(1) << pl.order;
+            F* b = reinterpret_cast<F*>(work);
+            const F* c = reinterpret_cast<const F*>(base + pl.tab);
+            chirp<F, Inv, false>(c, src, b, n, nullptr);
+            std::memset(b + 2 * n, 0, (M - n) * 2 * sizeof(F));
+            const zamStatus st = conv::cyclic(kernel_of(base, pl), reinterpret_cast<E<F>*>(b), work + round64(size_t(pl.bufBytes)));
+            if (st < 0) return st;
+            chirp<F, false, Inv>(c, b, dst, n, scale);
+            return st;
+        }
+    }
+}
+
+template zamStatus lay_cplan<float>(int, int, uint8_t*, CPlan<float>*, int64_t, uint8_t*, Need&);
+template zamStatus lay_cplan<double>(int, int, uint8_t*, CPlan<double>*, int64_t, uint8_t*, Need&);
+template zamStatus run_cplan<float, false>(const uint8_t*, const CPlan<float>&, const float*, float*, uint8_t*);
+template zamStatus run_cplan<float, true>(const uint8_t*, const CPlan<float>&, const float*, float*, uint8_t*);
+template zamStatus run_cplan<double, false>(const uint8_t*, const CPlan<double>&, const double*, double*, uint8_t*);
+template zamStatus run_cplan<double, true>(const uint8_t*, const CPlan<double>&, const double*, double*, uint8_t*);
+
+}  // namespace zams::dft

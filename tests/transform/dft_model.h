@@ -1,0 +1,143 @@
+// Oracles and kind tables of the DFT tests: a long double DFT of any
+// length, the relative RMS error and its bound, and the exported functions
+// of each floating kind in one table.
+#pragma once
+
+#include <cmath>
+#include <complex>
+#include <vector>
+
+#include "zams.h"
+
+namespace dftt {
+
+using LC = std::complex<long double>;
+
+// X[k] = sum x[n] exp(-/+ 2 pi i n k / N) in long double, the roots taken
+// from one table by n k mod N.
+inline std::vector<LC> naive(const std::vector<LC>& x, bool inv) {
+    const size_t n = x.size();
+    std::vector<LC> w(n), y(n);
+    const long double pi = 3.141592653589793238462643383279502884L;
+    for (size_t k = 0; k < n; ++k) {
+        const long double a = 2 * pi * (long double)k / (long double)n;
+        w[k] = LC(std::cos(a), inv ? std::sin(a) : -std::sin(a));
+    }
+    for (size_t k = 0; k < n; ++k) {
+        LC acc = 0;
+        size_t idx = 0;
+        for (size_t j = 0; j < n; ++j) {
+            acc += x[j] * w[idx];
+            idx += k;
+            if (idx >= n) idx -= n;
+        }
+        y[k] = acc;
+    }
+    return y;
+}
+
+// sqrt(sum |y - r|^2 / sum |r|^2).
+template <class Y> long double rel_rms(const Y& y, const std::vector<LC>& r, long double scale = 1) {
+    long double num = 0, den = 0;
+    for (size_t k = 0; k < r.size(); ++k) {
+        num += std::norm(LC(y[k].re, y[k].im) - r[k] * scale);
+        den += std::norm(r[k] * scale);
+    }
+    return den > 0 ? std::sqrt(num / den) : std::sqrt(num);
+}
+
+// The accuracy goal: 5e-7 log2 N single, 1e-15 log2 N double.
+template <class F> long double bound(size_t n) {
+    const long double lg = std::max<long double>(1, std::log2((long double)n));
+    return (sizeof(F) == 4 ? 5e-7L : 1e-15L) * lg;
+}
+
+template <class F> struct CKind;
+template <> struct CKind<float> {
+    using C = Zam32fc;
+    using S = ZamsDFTSpec_C_32fc;
+    static constexpr auto getSize = zamsDFTGetSize_C_32fc;
+    static constexpr auto init = zamsDFTInit_C_32fc;
+    static constexpr auto alloc = zamsDFTInitAlloc_C_32fc;
+    static constexpr auto bufSize = zamsDFTGetBufSize_C_32fc;
+    static constexpr auto free = zamsDFTFree_C_32fc;
+    static constexpr auto fwd = zamsDFTFwd_CToC_32fc;
+    static constexpr auto inv = zamsDFTInv_CToC_32fc;
+    static constexpr auto fwdI = zamsDFTFwd_CToC_32fc_I;
+    static constexpr auto invI = zamsDFTInv_CToC_32fc_I;
+};
+template <> struct CKind<double> {
+    using C = Zam64fc;
+    using S = ZamsDFTSpec_C_64fc;
+    static constexpr auto getSize = zamsDFTGetSize_C_64fc;
+    static constexpr auto init = zamsDFTInit_C_64fc;
+    static constexpr auto alloc = zamsDFTInitAlloc_C_64fc;
+    static constexpr auto bufSize = zamsDFTGetBufSize_C_64fc;
+    static constexpr auto free = zamsDFTFree_C_64fc;
+    static constexpr auto fwd = zamsDFTFwd_CToC_64fc;
+    static constexpr auto inv = zamsDFTInv_CToC_64fc;
+    static constexpr auto fwdI = zamsDFTFwd_CToC_64fc_I;
+    static constexpr auto invI = zamsDFTInv_CToC_64fc_I;
+};
+
+enum Fmt { kPerm, kPack, kCcs };
+template <class F> struct RKind;
+template <> struct RKind<float> {
+    using S = ZamsDFTSpec_R_32f;
+    static constexpr auto getSize = zamsDFTGetSize_R_32f;
+    static constexpr auto init = zamsDFTInit_R_32f;
+    static constexpr auto alloc = zamsDFTInitAlloc_R_32f;
+    static constexpr auto bufSize = zamsDFTGetBufSize_R_32f;
+    static constexpr auto free = zamsDFTFree_R_32f;
+    static constexpr zamStatus (*fwd[3])(const Zam32f*, Zam32f*, const S*, Zam8u*) = {
+        zamsDFTFwd_RToPerm_32f, zamsDFTFwd_RToPack_32f, zamsDFTFwd_RToCCS_32f};
+    static constexpr zamStatus (*inv[3])(const Zam32f*, Zam32f*, const S*, Zam8u*) = {
+        zamsDFTInv_PermToR_32f, zamsDFTInv_PackToR_32f, zamsDFTInv_CCSToR_32f};
+    static constexpr zamStatus (*fwdI[3])(Zam32f*, const S*, Zam8u*) = {
+        zamsDFTFwd_RToPerm_32f_I, zamsDFTFwd_RToPack_32f_I, zamsDFTFwd_RToCCS_32f_I};
+    static constexpr zamStatus (*invI[3])(Zam32f*, const S*, Zam8u*) = {
+        zamsDFTInv_PermToR_32f_I, zamsDFTInv_PackToR_32f_I, zamsDFTInv_CCSToR_32f_I};
+};
+template <> struct RKind<double> {
+    using S = ZamsDFTSpec_R_64f;
+    static constexpr auto getSize = zamsDFTGetSize_R_64f;
+    static constexpr auto init = zamsDFTInit_R_64f;
+    static constexpr auto alloc = zamsDFTInitAlloc_R_64f;
+    static constexpr auto bufSize = zamsDFTGetBufSize_R_64f;
+    static constexpr auto free = zamsDFTFree_R_64f;
+    static constexpr zamStatus (*fwd[3])(const Zam64f*, Zam64f*, const S*, Zam8u*) = {
+        zamsDFTFwd_RToPerm_64f, zamsDFTFwd_RToPack_64f, zamsDFTFwd_RToCCS_64f};
+    static constexpr zamStatus (*inv[3])(const Zam64f*, Zam64f*, const S*, Zam8u*) = {
+        zamsDFTInv_PermToR_64f, zamsDFTInv_PackToR_64f, zamsDFTInv_CCSToR_64f};
+    static constexpr zamStatus (*fwdI[3])(Zam64f*, const S*, Zam8u*) = {
+        zamsDFTFwd_RToPerm_64f_I, zamsDFTFwd_RToPack_64f_I, zamsDFTFwd_RToCCS_64f_I};
+    static constexpr zamStatus (*invI[3])(Zam64f*, const S*, Zam8u*) = {
+        zamsDFTInv_PermToR_64f_I, zamsDFTInv_PackToR_64f_I, zamsDFTInv_CCSToR_64f_I};
+};
+
+// A spec made by InitAlloc, freed on scope exit.
+template <class K> struct Owned {
+    typename K::S* spec = nullptr;
+    zamStatus build(int len, int flag) { return K::alloc(&spec, len, flag, 0); }
+    ~Owned() {
+        if (spec) K::free(spec);
+    }
+};
+
+// Packed length of a real spectrum of len values in a format.
+inline size_t packed_len(Fmt f, size_t len) { return f == kCcs ? (len % 2 ? len + 1 : len + 2) : len; }
+
+// X[k] (k <= len/2) at its place in a packed spectrum: positions of the
+// real and imaginary parts, -1 for an implied zero.
+inline std::pair<long, long> packed_pos(Fmt f, size_t len, size_t k) {
+    const bool even = len % 2 == 0;
+    if (k == 0) return {0, f == kCcs ? 1 : -1};
+    if (even && k == len / 2) {
+        if (f == kCcs) return {long(len), long(len) + 1};
+        return {f == kPerm ? 1 : long(len) - 1, -1};
+    }
+    const long at = (f == kPack || (f == kPerm && !even)) ? long(2 * k) - 1 : long(2 * k);
+    return {at, at + 1};
+}
+
+}  // namespace dftt
