@@ -10,6 +10,10 @@ namespace hostile {
 const Exception kExceptions[] = {
     {"zamsFFTFwd_*", "null pBuffer", "a null work buffer makes the transform allocate its own"},
     {"zamsFFTInv_*", "null pBuffer", "a null work buffer makes the transform allocate its own"},
+    {"zamsDFTFwd_*", "null pBuffer", "a null work buffer makes the transform allocate its own"},
+    {"zamsDFTInv_*", "null pBuffer", "a null work buffer makes the transform allocate its own"},
+    {"zamsDFTOutOrdFwd_*", "null pBuffer", "a null work buffer makes the transform allocate its own"},
+    {"zamsDFTOutOrdInv_*", "null pBuffer", "a null work buffer makes the transform allocate its own"},
     {"zamsConvert_16s8s_Sfs", "negative len", "the length is an unsigned count: a negative one is a huge vector"},
     {"zamsConvert_64s64f", "negative len", "the length is an unsigned count: a negative one is a huge vector"},
     {"zamsConvert_64f64s_Sfs", "negative len", "the length is an unsigned count: a negative one is a huge vector"},
@@ -30,6 +34,12 @@ const Exception kExceptions[] = {
     {"zamsTone_Direct_*", "null pDst", "the parameters and the phase read from pPhase come before the destination"},
     {"zamsIIRInit*", "null pDlyLine", "a null delay line is a line of zeros"},
     {"zamsIIRSetDlyLine*", "null pDlyLine", "a null delay line clears the line"},
+    {"zamsDFTGetSize_*", "all null", "the length is checked before the pointers, as the FFT size query checks its order"},
+    {"zamsDFTInit_*", "error writes", "the header is laid into pMemSpec before the flag is checked, its identifier left 0"},
+    {"zamsDFTInit_*", "null pSpecBuffer", "length 100 builds no table that needs the build buffer"},
+    {"zamsDFTOutOrdGetSize_*", "all null", "the length is checked before the pointers, as the FFT size query checks its order"},
+    {"zamsDFTOutOrdInit_*", "error writes", "the header is laid into pMemSpec before the flag is checked, its identifier left 0"},
+    {"zamsDFTOutOrdInit_*", "null pSpecBuffer", "length 100 builds no table that needs the build buffer"},
 };
 const size_t kExceptionCount = sizeof(kExceptions) / sizeof(kExceptions[0]);
 

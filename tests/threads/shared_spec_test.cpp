@@ -58,7 +58,7 @@ struct Kind {
 // The Hilbert transform: no work buffer, its blocks are its own.
 #define ZAMS_HILBERT(L)                                                                                            \
     [](void** p) { return zamsHilbertInitAlloc_32f32fc(reinterpret_cast<ZamsHilbertSpec_32f32fc**>(p), L, 0); },  \
-        [](const void*, int* n) { *n = 0; return zamStatusOk; },                                                   \
+        [](const void*, int* n) -> zamStatus { *n = 0; return zamStatusOk; },                                                \
         [](const void* s, const void* in, void* out, Zam8u*) {                                                    \
             return zamsHilbert_32f32fc(static_cast<const Zam32f*>(in), static_cast<Zam32fc*>(out),                \
                                        static_cast<const ZamsHilbertSpec_32f32fc*>(s));                            \
