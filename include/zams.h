@@ -153,5 +153,6 @@ typedef struct {
 #include "zams/fft.h"        /* FFT specifications, complex and real FFT */
 #include "zams/window.h"     /* window functions */
 #include "zams/conv.h"       /* correlation and convolution */
+#include "zams/fir.h"        /* FIR filters */
 
 #endif /* ZAMS_H */
