@@ -234,11 +234,20 @@ template <class P> zamStatus filter(const typename P::Data* src, typename P::Dat
     }
     const Coef* c = at<Coef>(h, h->offCoef);
     const int scale = std::is_integral_v<Coef> || std::is_same_v<Acc, CI> ? h->total + sf : sf;
+    constexpr bool k16 = std::is_same_v<Coef, Zam16s> && std::is_same_v<Data, Zam16s>;
+    bool fast = false;  // -32768 twice would pass a pair's 32-bit sum
+    if constexpr (k16) fast = std::find(c, c + L, Zam16s(-32768)) == c + L;
     constexpr int kPiece = 128;
     Acc acc[kPiece];
     for (int end = len; end > 0;) {
         const int beg = std::max(0, end - kPiece);
         for (int n = beg; n < end; ++n) {
+            if constexpr (k16) {
+                if (fast && n >= L - 1) {
+                    acc[n - beg] = dot16(c, src + (n - (L - 1)), L);
+                    continue;
+                }
+            }
             Acc a{};
             const int k0 = std::max(0, L - 1 - n);  // terms before k0 come from the history
             for (int k = 0; k < k0; ++k) mac(a, c[k], hist[n + k]);

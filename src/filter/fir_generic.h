@@ -9,6 +9,8 @@
 // to before it is written as Data (Part).
 #pragma once
 
+#include <immintrin.h>
+
 #include <cstdint>
 #include <type_traits>
 
@@ -47,6 +49,28 @@ template <class C, class X> inline void mac(CD& a, const C& c, const X& x) {
 template <class C, class X> inline void mac(CI& a, const C& c, const X& x) {
     a.re += int64_t(c.re) * x.re - int64_t(c.im) * x.im;
     a.im += int64_t(c.re) * x.im + int64_t(c.im) * x.re;
+}
+
+// The exact sum of c[k] x[k], k < n, for 16-bit taps none of which is
+// -32768: pairs of products (each pair below 2^31 in magnitude) summed in
+// double lanes, exact while the sum stays below 2^53.
+inline int64_t dot16(const Zam16s* c, const Zam16s* x, int n) {
+    __m256d a0 = _mm256_setzero_pd(), a1 = a0;
+    auto pairs = [](const Zam16s* u, const Zam16s* v) {
+        return _mm256_cvtepi32_pd(_mm_madd_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(u)),
+                                                 _mm_loadu_si128(reinterpret_cast<const __m128i*>(v))));
+    };
+    int k = 0;
+    for (; k + 16 <= n; k += 16) {
+        a0 = _mm256_add_pd(a0, pairs(c + k, x + k));
+        a1 = _mm256_add_pd(a1, pairs(c + k + 8, x + k + 8));
+    }
+    for (; k + 8 <= n; k += 8) a0 = _mm256_add_pd(a0, pairs(c + k, x + k));
+    alignas(32) double l[4];
+    _mm256_store_pd(l, _mm256_add_pd(a0, a1));
+    int64_t s = int64_t(l[0]) + int64_t(l[1]) + int64_t(l[2]) + int64_t(l[3]);
+    for (; k < n; ++k) s += int32_t(c[k]) * x[k];
+    return s;
 }
 
 // The accumulator of a sum of Coef x Data.

@@ -362,6 +362,20 @@ TEST(FirTypes32s16s, ShiftRuleAt32766) {
     }
 }
 
+// 16-bit taps at -32768 against samples at -32768: every pair of products
+// still summed exactly.
+TEST(FirTypes16s, ExtremeTapsAndSamplesSumExactly) {
+    for (Zam16s top : {Zam16s(-32768), Zam16s(-32767)}) {
+        std::vector<Zam16s> taps(40, top), x(200, -32768);
+        ZamsFIRState_16s* st = nullptr;
+        ASSERT_EQ(zamsFIRInitAlloc_16s(&st, taps.data(), 40, -5, nullptr), 0);
+        std::vector<Zam16s> y(x.size());
+        ASSERT_EQ(zamsFIR_16s_Sfs(x.data(), y.data(), 200, st, 20), 0);
+        for (int n = 0; n < 200; ++n) ASSERT_EQ(y[size_t(n)], fm::scale16(int64_t(std::min(n + 1, 40)) * top * -32768, 15)) << n;
+        ASSERT_EQ(zamsFIRFree_16s(st), 0);
+    }
+}
+
 ZAMS_DIGEST(fir_types) {
     auto x = fm::rand_16s(1000, 3);
     auto t = fm::rand_f(33, 4);
