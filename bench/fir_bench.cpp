@@ -18,7 +18,7 @@ const int kTaps[] = {8, 16, 32, 64, 128, 256, 1024};
 
 std::vector<float> data(int n, int salt) {
     std::vector<float> v(static_cast<size_t>(n));
-    for (int i = 0; i < n; ++i) v[size_t(i)] = float(((i + salt) * 7919) % 1000) * 0.001f - 0.5f;
+    for (int i = 0; i < n; ++i) v[size_t(i)] = float((uint64_t(i + salt) * 7919u) % 1000u) * 0.001f - 0.5f;
     return v;
 }
 
@@ -81,7 +81,7 @@ ZAMS_BENCH(fir_32fc) {
     Threads one(1);
     for (int L : {32, 256}) {
         auto t = data(L, 3);
-        std::vector<Zam32fc> taps(size_t(L));
+        std::vector<Zam32fc> taps(static_cast<size_t>(L));
         for (int k = 0; k < L; ++k) taps[size_t(k)] = {t[size_t(k)], 0.0f};
         std::vector<Zam32fc> x(kBlock), y(kBlock);
         for (int i = 0; i < kBlock; ++i) x[size_t(i)] = {float(i % 17) * 0.1f, float(i % 13) * -0.1f};
@@ -120,7 +120,7 @@ ZAMS_BENCH(fir_threads) {
     const int n = 1 << 20;
     auto taps = data(1024, 6);
     auto x = data(n, 7);
-    std::vector<float> y(size_t(n));
+    std::vector<float> y(static_cast<size_t>(n));
     Threads t2(2);
     Fir32f two(taps);
     zamSetNumThreads(1);

@@ -13,11 +13,19 @@
 namespace zams::fir {
 namespace {
 
-// Sum of r[k] a[k], k < n, in eight float lanes and a scalar tail.
+// Sum of r[k] a[k], k < n: four vectors of eight lanes side by side (no
+// chain of dependent additions longer than n / 32), then a scalar tail.
 float dot8(const float* r, const float* a, int n) {
-    __m256 acc = _mm256_setzero_ps();
+    __m256 s0 = _mm256_setzero_ps(), s1 = s0, s2 = s0, s3 = s0;
     int k = 0;
-    for (; k + 8 <= n; k += 8) acc = _mm256_add_ps(acc, _mm256_mul_ps(_mm256_loadu_ps(r + k), _mm256_loadu_ps(a + k)));
+    for (; k + 32 <= n; k += 32) {
+        s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(r + k), _mm256_loadu_ps(a + k)));
+        s1 = _mm256_add_ps(s1, _mm256_mul_ps(_mm256_loadu_ps(r + k + 8), _mm256_loadu_ps(a + k + 8)));
+        s2 = _mm256_add_ps(s2, _mm256_mul_ps(_mm256_loadu_ps(r + k + 16), _mm256_loadu_ps(a + k + 16)));
+        s3 = _mm256_add_ps(s3, _mm256_mul_ps(_mm256_loadu_ps(r + k + 24), _mm256_loadu_ps(a + k + 24)));
+    }
+    for (; k + 8 <= n; k += 8) s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(r + k), _mm256_loadu_ps(a + k)));
+    const __m256 acc = _mm256_add_ps(_mm256_add_ps(s0, s1), _mm256_add_ps(s2, s3));
     __m128 q = _mm_add_ps(_mm256_castps256_ps128(acc), _mm256_extractf128_ps(acc, 1));
     q = _mm_hadd_ps(q, q);
     q = _mm_hadd_ps(q, q);
@@ -66,7 +74,13 @@ void kernel_bcast(const Hdr32* h, const float* a, float* y, int count) {
 }
 
 // Four outputs b + c0 .. b + c0 + 3 from the shifted copies c0 .. c0 + 3
-// against the samples from a + b, K of them.
+// against the samples from a + b, K of them; and the same for the group
+// eight samples on (b + 8 + c0 ..) when `two`, sharing the loads of the
+// taps. The sums of each output are the same in either form.
+inline __m128 reduce4(__m256 s0, __m256 s1, __m256 s2, __m256 s3) {
+    const __m256 u = _mm256_hadd_ps(_mm256_hadd_ps(s0, s1), _mm256_hadd_ps(s2, s3));
+    return _mm_add_ps(_mm256_castps256_ps128(u), _mm256_extractf128_ps(u, 1));
+}
 inline __m128 four_outputs(const float* copies, int stride, int c0, const float* x, int K) {
     const float* c = copies + c0 * stride;
     __m256 s0 = _mm256_setzero_ps(), s1 = s0, s2 = s0, s3 = s0;
@@ -77,9 +91,32 @@ inline __m128 four_outputs(const float* copies, int stride, int c0, const float*
         s2 = _mm256_add_ps(s2, _mm256_mul_ps(_mm256_loadu_ps(c + 2 * stride + i), v));
         s3 = _mm256_add_ps(s3, _mm256_mul_ps(_mm256_loadu_ps(c + 3 * stride + i), v));
     }
-    const __m256 u = _mm256_hadd_ps(_mm256_hadd_ps(s0, s1), _mm256_hadd_ps(s2, s3));
-    return _mm_add_ps(_mm256_castps256_ps128(u), _mm256_extractf128_ps(u, 1));
+    return reduce4(s0, s1, s2, s3);
 }
+#if defined(__x86_64__)
+// Sixteen registers: two groups at once.
+inline void four_outputs2(const float* copies, int stride, int c0, const float* x, int K, __m128& lo, __m128& hi) {
+    const float* c = copies + c0 * stride;
+    __m256 s0 = _mm256_setzero_ps(), s1 = s0, s2 = s0, s3 = s0, t0 = s0, t1 = s0, t2 = s0, t3 = s0;
+    for (int i = 0; i < K; i += 8) {
+        const __m256 v = _mm256_loadu_ps(x + i), w = _mm256_loadu_ps(x + 8 + i);
+        __m256 k = _mm256_loadu_ps(c + i);
+        s0 = _mm256_add_ps(s0, _mm256_mul_ps(k, v));
+        t0 = _mm256_add_ps(t0, _mm256_mul_ps(k, w));
+        k = _mm256_loadu_ps(c + stride + i);
+        s1 = _mm256_add_ps(s1, _mm256_mul_ps(k, v));
+        t1 = _mm256_add_ps(t1, _mm256_mul_ps(k, w));
+        k = _mm256_loadu_ps(c + 2 * stride + i);
+        s2 = _mm256_add_ps(s2, _mm256_mul_ps(k, v));
+        t2 = _mm256_add_ps(t2, _mm256_mul_ps(k, w));
+        k = _mm256_loadu_ps(c + 3 * stride + i);
+        s3 = _mm256_add_ps(s3, _mm256_mul_ps(k, v));
+        t3 = _mm256_add_ps(t3, _mm256_mul_ps(k, w));
+    }
+    lo = reduce4(s0, s1, s2, s3);
+    hi = reduce4(t0, t1, t2, t3);
+}
+#endif
 
 // Long filters: a vector of consecutive reversed taps against a vector of
 // consecutive samples, eight outputs from one aligned run of samples, each
@@ -94,6 +131,17 @@ void kernel_copies(const Hdr32* h, const float* a, float* y, int count) {
     int b = (u & 3) ? 0 : int(((32 - (u & 31)) & 31) / 4);
     b = std::min(b, count);
     for (int n = 0; n < b; ++n) y[n] = dot8(copies, a + n, L);
+#if defined(__x86_64__)
+    for (; b + 16 <= count && b + 8 + int64_t(K) <= avail; b += 16) {
+        __m128 lo, hi;
+        four_outputs2(copies, stride, 0, a + b, K, lo, hi);
+        _mm_storeu_ps(y + b, lo);
+        _mm_storeu_ps(y + b + 8, hi);
+        four_outputs2(copies, stride, 4, a + b, K, lo, hi);
+        _mm_storeu_ps(y + b + 4, lo);
+        _mm_storeu_ps(y + b + 12, hi);
+    }
+#endif
     for (; b + 8 <= count && b + int64_t(K) <= avail; b += 8) {
         _mm_storeu_ps(y + b, four_outputs(copies, stride, 0, a + b, K));
         _mm_storeu_ps(y + b + 4, four_outputs(copies, stride, 4, a + b, K));
@@ -164,20 +212,55 @@ zamStatus block32(Hdr32* h, const float* src, float* dst, int len) {
     return st;
 }
 
+// The eight newest samples of the span, stored by the last calls, are read
+// one by one (a vector load over recent single stores waits for them to
+// leave the store buffer) and the newest comes from the argument; the
+// older ones go in vectors, the last of which overlaps the one before with
+// the repeated lanes masked off.
 float one32(Hdr32* h, float x) {
     const int L = h->tapsLen;
     float* d = h->dly();
-    d[h->idx] = x;
-    d[h->idx + L] = x;
-    h->idx = h->idx + 1 == L ? 0 : h->idx + 1;
-    const float* span = d + h->idx;
+    const int old = h->idx;
+    const float* span = d + old + 1;
     const float* rt = h->copies();  // copy 0: the reversed taps
+    float y;
     if (L < 12) {
-        float s = 0.0f;
-        for (int j = 0; j < L; ++j) s += rt[j] * span[j];
-        return s;
+        d[old] = x;
+        d[old + L] = x;
+        y = 0.0f;
+        for (int j = 0; j < L; ++j) y += rt[j] * span[j];
+    } else {
+        const int n = L - 8, whole = n & ~7, rem = n - whole;
+        float y0 = 0.0f;  // the oldest few of a filter shorter than 16
+        __m256 s0 = _mm256_setzero_ps(), s1 = s0;
+        int k = 0;
+        for (; k + 16 <= whole; k += 16) {
+            s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(rt + k), _mm256_loadu_ps(span + k)));
+            s1 = _mm256_add_ps(s1, _mm256_mul_ps(_mm256_loadu_ps(rt + k + 8), _mm256_loadu_ps(span + k + 8)));
+        }
+        if (k < whole) s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(rt + k), _mm256_loadu_ps(span + k)));
+        if (rem && n < 8) {
+            for (int j = 0; j < n; ++j) y0 += rt[j] * span[j];
+        } else if (rem) {
+            alignas(32) static constexpr int32_t kMask[16] = {0, 0, 0, 0, 0, 0, 0, 0, -1, -1, -1, -1, -1, -1, -1, -1};
+            const __m256 keep = _mm256_loadu_ps(reinterpret_cast<const float*>(kMask + rem));  // last rem lanes
+            const __m256 p = _mm256_mul_ps(_mm256_loadu_ps(rt + n - 8), _mm256_loadu_ps(span + n - 8));
+            s1 = _mm256_add_ps(s1, _mm256_and_ps(p, keep));
+        }
+        const float* e = span + n;
+        const __m256 newest =
+            _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(e)), _mm_setr_ps(e[4], e[5], e[6], x), 1);
+        s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(rt + n), newest));
+        const __m256 acc = _mm256_add_ps(s0, s1);
+        __m128 q = _mm_add_ps(_mm256_castps256_ps128(acc), _mm256_extractf128_ps(acc, 1));
+        q = _mm_add_ps(q, _mm_movehl_ps(q, q));
+        q = _mm_add_ss(q, _mm_movehdup_ps(q));
+        y = _mm_cvtss_f32(q) + y0;
+        d[old] = x;
+        d[old + L] = x;
     }
-    return dot8(rt, span, L);
+    h->idx = old + 1 == L ? 0 : old + 1;
+    return y;
 }
 
 // The 32f Direct forms' sum of taps[L-1-j] span[j]: products in single

@@ -314,53 +314,39 @@ using namespace zams::fir;
 
 #define PP(p) reinterpret_cast<void**>(p)
 
-// The eight life-cycle functions of a pair: suffix, state type, pair.
-#define FIR_LIFE(SUF, ST, P)                                                                                         \
+// The eight life-cycle functions of a pair: suffix, state type, pair, and
+// the taps factor's parameter and value (none: empty and 0).
+#define FIR_LIFE(SUF, ST, P, FA, FV)                                                                                 \
     ZAMS_FN(zamStatus, zamsFIRGetStateSize##SUF)(int n, int* s) { return get_size<P>(n, s); }                        \
-    ZAMS_FN(zamStatus, zamsFIRInit##SUF)(ST * *pp, const P::Taps* t, int n, const P::Data* d, Zam8u* b) {           \
-        return init<P>(PP(pp), t, n, 0, d, b);                                                                      \
+    ZAMS_FN(zamStatus, zamsFIRInit##SUF)(ST * *pp, const P::Taps* t, int n FA, const P::Data* d, Zam8u* b) {        \
+        return init<P>(PP(pp), t, n, FV, d, b);                                                                     \
     }                                                                                                                \
-    ZAMS_FN(zamStatus, zamsFIRInitAlloc##SUF)(ST * *pp, const P::Taps* t, int n, const P::Data* d) {               \
-        return init_alloc<P>(PP(pp), t, n, 0, d);                                                                   \
+    ZAMS_FN(zamStatus, zamsFIRInitAlloc##SUF)(ST * *pp, const P::Taps* t, int n FA, const P::Data* d) {            \
+        return init_alloc<P>(PP(pp), t, n, FV, d);                                                                  \
     }                                                                                                                \
     ZAMS_FN(zamStatus, zamsFIRFree##SUF)(ST * p) { return free_state<P>(p); }                                       \
-    ZAMS_FN(zamStatus, zamsFIRSetTaps##SUF)(const P::Taps* t, ST* p) { return set_taps_api<P>(t, p); }              \
-    FIR_ACCESS(SUF, ST, P)
-
-// With a taps factor.
-#define FIR_LIFE_F(SUF, ST, P)                                                                                       \
-    ZAMS_FN(zamStatus, zamsFIRGetStateSize##SUF)(int n, int* s) { return get_size<P>(n, s); }                        \
-    ZAMS_FN(zamStatus, zamsFIRInit##SUF)(ST * *pp, const P::Taps* t, int n, int f, const P::Data* d, Zam8u* b) {    \
-        return init<P>(PP(pp), t, n, f, d, b);                                                                      \
-    }                                                                                                                \
-    ZAMS_FN(zamStatus, zamsFIRInitAlloc##SUF)(ST * *pp, const P::Taps* t, int n, int f, const P::Data* d) {        \
-        return init_alloc<P>(PP(pp), t, n, f, d);                                                                   \
-    }                                                                                                                \
-    ZAMS_FN(zamStatus, zamsFIRFree##SUF)(ST * p) { return free_state<P>(p); }                                       \
-    ZAMS_FN(zamStatus, zamsFIRSetTaps##SUF)(const P::Taps* t, ST* p, int f) { return set_taps_api<P>(t, p, f); }    \
-    FIR_ACCESS(SUF, ST, P)
-
-#define FIR_ACCESS(SUF, ST, P)                                                                                       \
+    ZAMS_FN(zamStatus, zamsFIRSetTaps##SUF)(const P::Taps* t, ST* p FA) { return set_taps_api<P>(t, p, FV); }       \
     ZAMS_FN(zamStatus, zamsFIRGetTaps##SUF)(const ST* p, P::Taps* t) { return get_taps_api<P>(p, t); }              \
     ZAMS_FN(zamStatus, zamsFIRSetDlyLine##SUF)(ST * p, const P::Data* d) { return set_dly_api<P>(p, d); }           \
     ZAMS_FN(zamStatus, zamsFIRGetDlyLine##SUF)(const ST* p, P::Data* d) { return get_dly_api<P>(p, d); }
+#define FACTOR , int f
 
-FIR_LIFE(_32fc, ZamsFIRState_32fc, P32fc)
-FIR_LIFE(_64f, ZamsFIRState_64f, P64f)
-FIR_LIFE(_64fc, ZamsFIRState_64fc, P64fc)
-FIR_LIFE_F(_32s, ZamsFIRState64f_32s, P32s)
-FIR_LIFE(32fc_16sc, ZamsFIRState32fc_16sc, P32fc16sc)
-FIR_LIFE_F(32s_16s, ZamsFIRState32s_16s, P32s16s)
-FIR_LIFE(32s_16s32f, ZamsFIRState32s_16s, P32s16s32f)
-FIR_LIFE_F(32sc_16sc, ZamsFIRState32sc_16sc, P32sc16sc)
-FIR_LIFE(32sc_16sc32fc, ZamsFIRState32sc_16sc, P32sc16sc32fc)
-FIR_LIFE(64f_16s, ZamsFIRState64f_16s, P64f16s)
-FIR_LIFE(64f_32s, ZamsFIRState64f_32s, P64f32s)
-FIR_LIFE(64f_32f, ZamsFIRState64f_32f, P64f32f)
-FIR_LIFE(64fc_16sc, ZamsFIRState64fc_16sc, P64fc16sc)
-FIR_LIFE(64fc_32sc, ZamsFIRState64fc_32sc, P64fc32sc)
-FIR_LIFE(64fc_32fc, ZamsFIRState64fc_32fc, P64fc32fc)
-FIR_LIFE_F(_16s, ZamsFIRState_16s, P16s)
+FIR_LIFE(_32fc, ZamsFIRState_32fc, P32fc, , 0)
+FIR_LIFE(_64f, ZamsFIRState_64f, P64f, , 0)
+FIR_LIFE(_64fc, ZamsFIRState_64fc, P64fc, , 0)
+FIR_LIFE(_32s, ZamsFIRState64f_32s, P32s, FACTOR, f)
+FIR_LIFE(32fc_16sc, ZamsFIRState32fc_16sc, P32fc16sc, , 0)
+FIR_LIFE(32s_16s, ZamsFIRState32s_16s, P32s16s, FACTOR, f)
+FIR_LIFE(32s_16s32f, ZamsFIRState32s_16s, P32s16s32f, , 0)
+FIR_LIFE(32sc_16sc, ZamsFIRState32sc_16sc, P32sc16sc, FACTOR, f)
+FIR_LIFE(32sc_16sc32fc, ZamsFIRState32sc_16sc, P32sc16sc32fc, , 0)
+FIR_LIFE(64f_16s, ZamsFIRState64f_16s, P64f16s, , 0)
+FIR_LIFE(64f_32s, ZamsFIRState64f_32s, P64f32s, , 0)
+FIR_LIFE(64f_32f, ZamsFIRState64f_32f, P64f32f, , 0)
+FIR_LIFE(64fc_16sc, ZamsFIRState64fc_16sc, P64fc16sc, , 0)
+FIR_LIFE(64fc_32sc, ZamsFIRState64fc_32sc, P64fc32sc, , 0)
+FIR_LIFE(64fc_32fc, ZamsFIRState64fc_32fc, P64fc32fc, , 0)
+FIR_LIFE(_16s, ZamsFIRState_16s, P16s, FACTOR, f)
 
 // Block filtering and its in-place form, floating data and integer data.
 #define FIR_RUN(NAME, ST, P)                                                                                         \

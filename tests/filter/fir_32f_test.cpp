@@ -134,7 +134,7 @@ TEST(Fir32f, MatchesTheExactSumOnEveryPath) {
 // each call returns the last tapsLen inputs, newest first.
 TEST(Fir32f, BlocksOfRandomSizesEqualOneCall) {
     std::mt19937 g(11);
-    for (int L : {3, 31, 40, 64, 130, 700}) {
+    for (int L : {3, 13, 16, 31, 40, 64, 130, 700}) {
         auto taps = fm::rand_f(L, uint32_t(L * 3));
         auto x = fm::rand_f(9000, uint32_t(L));
         std::vector<LD> mag;
