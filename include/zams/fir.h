@@ -17,7 +17,8 @@
  * delay line holds the last tapsLen inputs.
  *
  * Direct forms take the caller's delay line: 2 x tapsLen samples and an index in
- * [0, tapsLen) (not checked), every sample kept at i and i + tapsLen so that the span
+ * [0, tapsLen) (the 32f forms take it as given; the others return -24 outside it), every
+ * sample kept at i and i + tapsLen so that the span
  * [index, index + tapsLen) holds the last tapsLen samples oldest first. Each input is
  * written at index and index + tapsLen, the index advances, and the output is the span
  * against the reversed taps. zamsFIR_Direct_32f forms single-precision products and sums

@@ -19,6 +19,16 @@ template <class TapsT, class DataT, class PartT> struct DPair {
     static constexpr bool exact = std::is_integral_v<Acc> || std::is_same_v<Acc, CI>;
 };
 
+// The caller's delay line and index, after the taps: the 32f forms take the
+// index as given (the caller keeps it in [0, tapsLen)); the others refuse
+// one outside it with -24 before writing anything.
+template <class P> zamStatus check_line(const typename P::Data* dly, const int* pIdx, int L) {
+    if (zamStatus s = check_ptr(dly, pIdx)) return s;
+    constexpr bool f32 = std::is_same_v<typename P::Taps, float> && std::is_same_v<typename P::Data, float>;
+    if (!f32 && (*pIdx < 0 || *pIdx >= L)) return zamStatusBadDelayIndex;
+    return zamStatusOk;
+}
+
 // One input: written, index advanced, the span summed into acc.
 template <class P> inline void step(const typename P::Data& x, const typename P::Taps* taps, int L,
                                     typename P::Data* dly, int* pIdx, typename P::Acc& acc) {
@@ -43,7 +53,7 @@ zamStatus run(const typename P::Data* src, typename P::Data* dst, int len, const
     if (zamStatus s = check_args(len, src, dst)) return s;
     if (zamStatus s = check_ptr(taps)) return s;
     if (L < 1) return zamStatusBadTapsLength;
-    if (zamStatus s = check_ptr(dly, pIdx)) return s;
+    if (zamStatus s = check_line<P>(dly, pIdx, L)) return s;
     constexpr int kPiece = 128;
     typename P::Acc acc[kPiece];
     for (int i0 = 0; i0 < len; i0 += kPiece) {
@@ -66,7 +76,7 @@ zamStatus one(typename P::Data x, typename P::Data* y, const typename P::Taps* t
               typename P::Data* dly, int* pIdx, int sf) {
     if (zamStatus s = check_ptr(y, taps)) return s;
     if (L < 1) return zamStatusBadTapsLength;
-    if (zamStatus s = check_ptr(dly, pIdx)) return s;
+    if (zamStatus s = check_line<P>(dly, pIdx, L)) return s;
     typename P::Acc acc;
     step<P>(x, taps, L, dly, pIdx, acc);
     emit<typename P::Part>(&acc, y, 1, P::exact ? factor + sf : sf);

@@ -311,6 +311,14 @@ TYPED_TEST(FirTypes, InitAtEveryMisalignmentAndForeignStates) {
     }
     D v[4] = {};
     EXPECT_EQ(P::run(v, v, 0, static_cast<typename P::S*>(nullptr), 0), zamStatusNullPointer);
+    // Direct forms: an index outside [0, tapsLen) is refused before anything is written.
+    T t2[2] = {};
+    D line[4] = {}, out[2] = {};
+    for (int bad : {-1, 2, 1 << 30}) {
+        int ix = bad;
+        EXPECT_EQ(P::direct(v, out, 2, t2, 2, 0, line, &ix, 0), zamStatusBadDelayIndex);
+        EXPECT_EQ(ix, bad);
+    }
     EXPECT_EQ(P::run(v, v, 0, reinterpret_cast<typename P::S*>(zero.data()), 0), zamStatusBadLength);
     EXPECT_EQ(zamsFIRFree_32f(other), 0);
 }
