@@ -156,5 +156,6 @@ typedef struct {
 #include "zams/conv.h"       /* correlation and convolution */
 #include "zams/gen.h"        /* random, triangle and tone generators, test vectors */
 #include "zams/filter.h"     /* IIR filters */
+#include "zams/fir.h"        /* FIR filters */
 
 #endif /* ZAMS_H */

@@ -2,6 +2,8 @@
 // type: the hostile test passes them as the valid case, as a structure of
 // another kind, and released, as a freed one. A new stateful family adds its
 // rows here; an export whose structure type has no row fails the test.
+#include <cstring>
+
 #include "hostile.h"
 
 namespace hostile {
@@ -35,6 +37,44 @@ template <class T> const T* iir_ctaps() {
 #define ZAMS_DFT_ROW(S, ALLOC, FREE) ZAMS_ROW(S, FREE, ALLOC(ZAMS_STATE(S), 100, 8, 0))
 #define ZAMS_HILBERT_ROW(K) \
     ZAMS_ROW(ZamsHilbertSpec_##K, zamsHilbertFree_##K, zamsHilbertInitAlloc_##K(ZAMS_STATE(ZamsHilbertSpec_##K), 100, 0))
+// FIR: four taps; the integer-taps kinds with a taps factor of 0.
+template <class T> const T* fir_taps() {
+    static const T taps[4] = {T{0.25}, T{0.5}, T{0.25}, T{0.125}};
+    return taps;
+}
+template <class T> const T* fir_ctaps() {
+    static const T taps[4] = {{0.25, 0}, {0.5, 0}, {0.25, 0}, {0.125, 0}};
+    return taps;
+}
+template <class T> const T* fir_itaps() {
+    static const T taps[4] = {T{1000}, T{2000}, T{1000}, T{500}};
+    return taps;
+}
+template <class T> const T* fir_ictaps() {
+    static const T taps[4] = {{1000, 0}, {2000, 0}, {1000, 0}, {500, 0}};
+    return taps;
+}
+#define ZAMS_FIR_ROW(S, SUF, TAPS) ZAMS_ROW(S, zamsFIRFree##SUF, zamsFIRInitAlloc##SUF(ZAMS_STATE(S), TAPS, 4, nullptr))
+#define ZAMS_FIR_IROW(S, SUF, TAPS) \
+    ZAMS_ROW(S, zamsFIRFree##SUF, zamsFIRInitAlloc##SUF(ZAMS_STATE(S), TAPS, 4, 0, nullptr))
+
+// The sparse FIR lives in caller memory only: states from a pool, released
+// by clearing them.
+alignas(64) unsigned char gSparse[8][1024];
+int gSparseNext = 0;
+zamStatus make_sparse(void** out) {
+    static const Zam32f taps[2] = {1.0f, 0.5f};
+    static const Zam32s pos[2] = {0, 5};
+    unsigned char* mem = gSparse[gSparseNext++ % 8];
+    return zamsFIRSparseInit_32f(reinterpret_cast<ZamsFIRSparseState_32f**>(out), taps, pos, 2, nullptr, mem);
+}
+zamStatus clear_sparse(void* p) {
+    int size = 0;
+    zamsFIRSparseGetStateSize_32f(2, 5, &size);
+    std::memset(p, 0, size_t(size) < sizeof gSparse[0] - 64 ? size_t(size) : 64);
+    return zamStatusOk;
+}
+
 #define ZAMS_IIR_ROW(S, SUF, TAPS)                                                                    \
     ZAMS_ROW(S, zamsIIRFree##SUF, zamsIIRInitAlloc##SUF(ZAMS_STATE(S), TAPS, 2, nullptr))
 
@@ -63,6 +103,22 @@ const Maker kMakers[] = {
     ZAMS_HILBERT_ROW(32f32fc),
     ZAMS_HILBERT_ROW(16s32fc),
     ZAMS_HILBERT_ROW(16s16sc),
+    ZAMS_FIR_ROW(ZamsFIRState_32f, _32f, fir_taps<Zam32f>()),
+    ZAMS_FIR_ROW(ZamsFIRState_32fc, _32fc, fir_ctaps<Zam32fc>()),
+    ZAMS_FIR_ROW(ZamsFIRState_64f, _64f, fir_taps<Zam64f>()),
+    ZAMS_FIR_ROW(ZamsFIRState_64fc, _64fc, fir_ctaps<Zam64fc>()),
+    ZAMS_FIR_ROW(ZamsFIRState32f_16s, 32f_16s, fir_taps<Zam32f>()),
+    ZAMS_FIR_ROW(ZamsFIRState32fc_16sc, 32fc_16sc, fir_ctaps<Zam32fc>()),
+    ZAMS_FIR_ROW(ZamsFIRState64f_16s, 64f_16s, fir_taps<Zam64f>()),
+    ZAMS_FIR_ROW(ZamsFIRState64f_32s, 64f_32s, fir_taps<Zam64f>()),
+    ZAMS_FIR_ROW(ZamsFIRState64f_32f, 64f_32f, fir_taps<Zam64f>()),
+    ZAMS_FIR_ROW(ZamsFIRState64fc_16sc, 64fc_16sc, fir_ctaps<Zam64fc>()),
+    ZAMS_FIR_ROW(ZamsFIRState64fc_32sc, 64fc_32sc, fir_ctaps<Zam64fc>()),
+    ZAMS_FIR_ROW(ZamsFIRState64fc_32fc, 64fc_32fc, fir_ctaps<Zam64fc>()),
+    ZAMS_FIR_IROW(ZamsFIRState32s_16s, 32s_16s, fir_itaps<Zam32s>()),
+    ZAMS_FIR_IROW(ZamsFIRState32sc_16sc, 32sc_16sc, fir_ictaps<Zam32sc>()),
+    ZAMS_FIR_IROW(ZamsFIRState_16s, _16s, fir_itaps<Zam16s>()),
+    Maker{"ZamsFIRSparseState_32f", make_sparse, clear_sparse},
     ZAMS_IIR_ROW(ZamsIIRState_32f, _32f, iir_taps<Zam32f>()),
     ZAMS_IIR_ROW(ZamsIIRState32f_16s, 32f_16s, iir_taps<Zam32f>()),
     ZAMS_IIR_ROW(ZamsIIRState32fc_16sc, 32fc_16sc, iir_ctaps<Zam32fc>()),

@@ -29,6 +29,7 @@ LAYOUT = {
     "conv.h": ("src/conv", "tests/conv"),
     "gen.h": ("src/gen", "tests/gen"),
     "filter.h": ("src/filter", "tests/filter"),
+    "fir.h": ("src/filter", "tests/filter"),
 }
 
 

@@ -1,0 +1,127 @@
+// The FIR family as one template over (given taps, data, kept taps): the
+// state of every taps/data pair that has no kernels of its own, and the
+// sums every Direct form runs.
+//
+// A pair names its taps as given (Taps), its samples (Data), the reversed
+// taps the sums use (Coef: float, double, their complex forms, or 16-bit
+// integers with a total scale), the accumulator (double, complex double,
+// or exact 64-bit integers) and the precision a floating result is rounded
+// to before it is written as Data (Part).
+#pragma once
+
+#include <immintrin.h>
+
+#include <cstdint>
+#include <type_traits>
+
+#include "../common/round.h"
+#include "../common/scale.h"
+#include "../common/types.h"
+#include "zams_impl.h"
+
+namespace zams::fir {
+
+struct CD {
+    double re = 0, im = 0;
+};
+struct CI {
+    int64_t re = 0, im = 0;
+};
+
+// Real and imaginary parts of any sample or tap (imaginary 0 for real ones).
+template <class T> inline double re_of(const T& v) {
+    if constexpr (is_complex_v<T>) return double(v.re);
+    else return double(v);
+}
+template <class T> inline double im_of(const T& v) {
+    if constexpr (is_complex_v<T>) return double(v.im);
+    else return 0.0;
+}
+
+// acc += c x, in the accumulator's arithmetic (exact for integers).
+template <class T> inline void mac(double& acc, const T& c, const auto& x) { acc += double(c) * re_of(x); }
+inline void mac(int64_t& acc, int32_t c, int32_t x) { acc += int64_t(c) * x; }
+template <class C, class X> inline void mac(CD& a, const C& c, const X& x) {
+    const double cr = re_of(c), ci = im_of(c), xr = re_of(x), xi = im_of(x);
+    a.re += cr * xr - ci * xi;
+    a.im += cr * xi + ci * xr;
+}
+template <class C, class X> inline void mac(CI& a, const C& c, const X& x) {
+    a.re += int64_t(c.re) * x.re - int64_t(c.im) * x.im;
+    a.im += int64_t(c.re) * x.im + int64_t(c.im) * x.re;
+}
+
+// The exact sum of c[k] x[k], k < n, for 16-bit taps none of which is
+// -32768: pairs of products (each pair below 2^31 in magnitude) summed in
+// double lanes, exact while the sum stays below 2^53.
+inline int64_t dot16(const Zam16s* c, const Zam16s* x, int n) {
+    __m256d a0 = _mm256_setzero_pd(), a1 = a0;
+    auto pairs = [](const Zam16s* u, const Zam16s* v) {
+        return _mm256_cvtepi32_pd(_mm_madd_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(u)),
+                                                 _mm_loadu_si128(reinterpret_cast<const __m128i*>(v))));
+    };
+    int k = 0;
+    for (; k + 16 <= n; k += 16) {
+        a0 = _mm256_add_pd(a0, pairs(c + k, x + k));
+        a1 = _mm256_add_pd(a1, pairs(c + k + 8, x + k + 8));
+    }
+    for (; k + 8 <= n; k += 8) a0 = _mm256_add_pd(a0, pairs(c + k, x + k));
+    alignas(32) double l[4];
+    _mm256_store_pd(l, _mm256_add_pd(a0, a1));
+    int64_t s = int64_t(l[0]) + int64_t(l[1]) + int64_t(l[2]) + int64_t(l[3]);
+    for (; k < n; ++k) s += int32_t(c[k]) * x[k];
+    return s;
+}
+
+// The accumulator of a sum of Coef x Data.
+template <class Coef, class Data> struct AccOf {
+    using type = std::conditional_t<std::is_integral_v<Coef>, int64_t, std::conditional_t<is_complex_v<Coef>, CD, double>>;
+};
+template <> struct AccOf<Zam16sc, Zam16sc> { using type = CI; };
+template <> struct AccOf<Zam32sc, Zam16sc> { using type = CI; };
+
+// Floating results go through the part buffer and the conversions' rules.
+template <class Part, class Data> void emit_parts(const Part* buf, Data* dst, int nParts, int sf) {
+    using DP = std::conditional_t<is_complex_v<Data>, part_t<Data>, Data>;
+    DP* d = reinterpret_cast<DP*>(dst);
+    if constexpr (std::is_same_v<DP, Part>) {
+        for (int i = 0; i < nParts; ++i) d[i] = buf[i];
+    } else if constexpr (std::is_same_v<DP, float>) {
+        for (int i = 0; i < nParts; ++i) d[i] = float(buf[i]);
+    } else if constexpr (std::is_same_v<Part, float>) {
+        g9_zamsConvert_32f16s_Sfs(buf, d, nParts, zamRoundNearestEven, sf);
+    } else if constexpr (std::is_same_v<DP, Zam16s>) {
+        g9_zamsConvert_64f16s_Sfs(buf, d, nParts, zamRoundNearestEven, sf);
+    } else {
+        g9_zamsConvert_64f32s_Sfs(buf, d, nParts, zamRoundNearestEven, sf);
+    }
+}
+
+// Writes n sums as Data: floating ones rounded to Part and converted,
+// integer ones scaled by 2^-(scale), rounded to nearest even, saturated.
+template <class Part, class Acc, class Data> void emit(const Acc* acc, Data* dst, int n, int scale) {
+    if constexpr (std::is_same_v<Acc, int64_t>) {
+        for (int i = 0; i < n; ++i) dst[i] = scale_round_sat<Data>(acc[i], scale);
+    } else if constexpr (std::is_same_v<Acc, CI>) {
+        for (int i = 0; i < n; ++i)
+            dst[i] = Data{scale_round_sat<Zam16s>(acc[i].re, scale), scale_round_sat<Zam16s>(acc[i].im, scale)};
+    } else {
+        constexpr int k = std::is_same_v<Acc, CD> ? 2 : 1;
+        constexpr int kPiece = 128;
+        Part buf[kPiece * 2];
+        for (int i0 = 0; i0 < n; i0 += kPiece) {
+            const int m = n - i0 < kPiece ? n - i0 : kPiece;
+            for (int i = 0; i < m; ++i) {
+                if constexpr (k == 2) {
+                    buf[2 * i] = Part(acc[i0 + i].re);
+                    buf[2 * i + 1] = Part(acc[i0 + i].im);
+                } else {
+                    buf[i] = Part(acc[i0 + i]);
+                }
+            }
+            emit_parts(buf, dst + i0, m * k, scale);
+        }
+    }
+}
+
+}  // namespace zams::fir

@@ -1,0 +1,375 @@
+// The 32f filter: sizes against the formula at one and two threads, Init at
+// every misalignment into a buffer of exactly that size, the direct kernels
+// and the FFT path against a long double sum, block splits, in place,
+// threads, the one-sample and Direct forms' exact arithmetic, the delay
+// line and taps, and the routing of states by kind.
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "digest.h"
+#include "fir_model.h"
+#include "zamcore.h"
+
+namespace {
+
+using fm::LD;
+
+struct Threads {
+    explicit Threads(int n) : old_(ownGetNumThreads()) { zamSetNumThreads(n); }
+    ~Threads() { zamSetNumThreads(old_); }
+    int old_;
+};
+
+int ru16(int n) { return (n + 15) & ~15; }
+int ru32(int n) { return (n + 31) & ~31; }
+
+int size_formula(int L, int T) {
+    int S = 0, B = 0, W = 0, F = 0;
+    if (L >= 64) {
+        int k = 2;
+        while ((1 << k) <= L) ++k;
+        const int m = k + 1;
+        if (zamsFFTGetSize_R_32f(m, 2, 0, &S, &B, &W) == 0) F = ru16(4 << m);
+        else S = B = W = 0;
+    }
+    return T * (W + F + 16) + S + B + ru32(4 * T) + ru16(4 * L) + (32 * L + 32) + ru32(36 * ((L + 16) & ~7)) + 32 * L +
+           F + 17024;
+}
+
+// A 32f state in caller memory, sized at the current thread count.
+struct State {
+    std::vector<uint8_t> mem;
+    ZamsFIRState_32f* p = nullptr;
+    State(const std::vector<float>& taps, const float* dly = nullptr) {
+        int size = 0;
+        EXPECT_EQ(zamsFIRGetStateSize_32f(int(taps.size()), &size), 0);
+        mem.resize(size_t(size));
+        EXPECT_EQ(zamsFIRInit_32f(&p, taps.data(), int(taps.size()), dly, mem.data()), 0);
+    }
+};
+
+// Outputs within a bound that grows with the FFT's length, over the sum of
+// each output's terms' magnitudes plus (for the FFT path, whose error is
+// spread over a section) the largest such sum.
+void expect_close(const std::vector<float>& y, const std::vector<fm::LC>& ref, const std::vector<LD>& mag, int L,
+                  const char* what) {
+    const LD eps = 6e-8L * (8 + 2 * std::log2(L + 2.0L) + std::sqrt(LD(L)));
+    const LD top = L >= 64 ? *std::max_element(mag.begin(), mag.end()) : 0;
+    for (size_t n = 0; n < y.size(); ++n) {
+        ASSERT_LE(std::fabs(LD(y[n]) - ref[n].real()), eps * (mag[n] + top)) << what << " L=" << L << " n=" << n;
+    }
+}
+
+TEST(Fir32f, SizesFollowTheFormulaAtOneAndTwoThreads) {
+    for (int T : {1, 2}) {
+        Threads th(T);
+        std::vector<int> lens;
+        for (int L = 1; L <= 300; ++L) lens.push_back(L);
+        for (int L : {511, 512, 1000, 4095, 4096, 20000}) lens.push_back(L);
+        for (int L : lens) {
+            int s = 0, s2 = 0, s3 = 0;
+            ASSERT_EQ(zamsFIRGetStateSize_32f(L, &s), 0);
+            ASSERT_EQ(s, size_formula(L, T)) << "L=" << L << " T=" << T;
+            ASSERT_EQ(zamsFIRStreamGetStateSize_32f(L, &s2), 0);
+            ASSERT_EQ(zamsFIRGetStateSize32f_16s(L, &s3), 0);
+            ASSERT_EQ(s2, s);
+            ASSERT_EQ(s3, s);
+        }
+    }
+}
+
+TEST(Fir32f, InitIntoExactSizeAtEveryMisalignmentWritesNothingPast) {
+    for (int T : {1, 2}) {
+        Threads th(T);
+        for (int L : {1, 7, 31, 32, 63, 64, 100, 300, 600}) {
+            int size = 0;
+            ASSERT_EQ(zamsFIRGetStateSize_32f(L, &size), 0);
+            auto taps = fm::rand_f(L, 3 + L);
+            auto x = fm::rand_f(4000, 5);
+            std::vector<float> y(x.size());
+            for (size_t off = 0; off < 16; ++off) {
+                zt::Guarded<uint8_t> buf(size_t(size), off);
+                ZamsFIRState_32f* p = nullptr;
+                ASSERT_EQ(zamsFIRInit_32f(&p, taps.data(), L, nullptr, buf.data()), 0);
+                ASSERT_EQ(reinterpret_cast<uintptr_t>(p) % 16, 0u);
+                ASSERT_GE(reinterpret_cast<uint8_t*>(p), buf.data());
+                ASSERT_EQ(zamsFIR_32f(x.data(), y.data(), 4000, p), 0);  // threads and FFT scratch included
+                Zam32f one;
+                ASSERT_EQ(zamsFIROne_32f(1.0f, &one, p), 0);
+                ASSERT_TRUE(buf.guards_intact()) << "L=" << L << " off=" << off;
+                ASSERT_EQ(zamsFIRFree_32f(p), 0);
+            }
+        }
+    }
+}
+
+// Direct kernels (both layouts) and the FFT path against the long double sum,
+// from a given delay line, at several input alignments.
+TEST(Fir32f, MatchesTheExactSumOnEveryPath) {
+    for (int L : {1, 2, 5, 12, 31, 32, 33, 63, 64, 100, 257}) {
+        for (int len : {1, 7, 40, 511, 512, 1700}) {
+            auto taps = fm::rand_f(L, uint32_t(L));
+            auto dly = fm::rand_f(L, uint32_t(L + 1000));
+            auto x = fm::rand_f(len, uint32_t(len + 7 * L));
+            std::vector<LD> mag;
+            auto ref = fm::fir(taps, dly, x, &mag);
+            for (size_t off : {0, 4, 12, 2}) {
+                State st(taps, dly.data());
+                zt::Guarded<float> src(size_t(len), off), dst(size_t(len), (off * 3) % 32);
+                src.copy_from(x.data());
+                ASSERT_EQ(zamsFIR_32f(src.data(), dst.data(), len, st.p), 0);
+                ASSERT_TRUE(dst.guards_intact());
+                expect_close(dst.to_vector(), ref, mag, L, "out of place");
+            }
+            State st(taps, dly.data());
+            std::vector<float> io = x;
+            ASSERT_EQ(zamsFIR_32f_I(io.data(), len, st.p), 0);
+            expect_close(io, ref, mag, L, "in place");
+        }
+    }
+}
+
+// Blocks of random sizes give the outputs of one call; GetDlyLine after
+// each call returns the last tapsLen inputs, newest first.
+TEST(Fir32f, BlocksOfRandomSizesEqualOneCall) {
+    std::mt19937 g(11);
+    for (int L : {3, 13, 16, 31, 40, 64, 130, 700}) {
+        auto taps = fm::rand_f(L, uint32_t(L * 3));
+        auto x = fm::rand_f(9000, uint32_t(L));
+        std::vector<LD> mag;
+        auto ref = fm::fir(taps, std::vector<float>{}, x, &mag);
+        State st(taps);
+        std::vector<float> y(x.size()), dl(static_cast<size_t>(L));
+        size_t done = 0;
+        while (done < x.size()) {
+            size_t n = std::min<size_t>(x.size() - done, size_t(1 + g() % (g() % 2 ? 40 : 2200)));
+            if (g() % 5 == 0) {
+                for (size_t i = 0; i < n; ++i) ASSERT_EQ(zamsFIROne_32f(x[done + i], &y[done + i], st.p), 0);
+            } else {
+                ASSERT_EQ(zamsFIR_32f(x.data() + done, y.data() + done, int(n), st.p), 0);
+            }
+            done += n;
+            ASSERT_EQ(zamsFIRGetDlyLine_32f(st.p, dl.data()), 0);
+            for (int k = 0; k < L; ++k) ASSERT_EQ(dl[size_t(k)], long(done) - 1 - k >= 0 ? x[done - 1 - size_t(k)] : 0.0f);
+        }
+        expect_close(y, ref, mag, L, "blocks");
+    }
+}
+
+TEST(Fir32f, NeighbouringPathsAgree) {
+    // 31 taps (broadcast kernel) and the same taps with a zero 32nd (copies kernel).
+    auto t31 = fm::rand_f(31, 1), x = fm::rand_f(777, 2);
+    auto t32 = t31;
+    t32.push_back(0.0f);
+    State a(t31), b(t32);
+    std::vector<float> ya(x.size()), yb(x.size());
+    ASSERT_EQ(zamsFIR_32f(x.data(), ya.data(), 777, a.p), 0);
+    ASSERT_EQ(zamsFIR_32f(x.data(), yb.data(), 777, b.p), 0);
+    for (size_t i = 0; i < x.size(); ++i) ASSERT_NEAR(ya[i], yb[i], 2e-6f * 8) << i;
+    // 100 taps: 511 samples directly, 512 through the FFT; the first 511 agree.
+    auto t = fm::rand_f(100, 3), z = fm::rand_f(512, 4);
+    State c(t), d(t);
+    std::vector<float> yc(512), yd(512);
+    ASSERT_EQ(zamsFIR_32f(z.data(), yc.data(), 511, c.p), 0);
+    ASSERT_EQ(zamsFIR_32f(z.data(), yd.data(), 512, d.p), 0);
+    for (int i = 0; i < 511; ++i) ASSERT_NEAR(yc[size_t(i)], yd[size_t(i)], 1e-5f) << i;
+}
+
+TEST(Fir32f, TwoThreadsGiveTheBitsOfOne) {
+    auto taps = fm::rand_f(1024, 9);
+    auto x = fm::rand_f(50000, 10);
+    std::vector<float> y1(x.size()), y2(x.size());
+    {
+        Threads th(1);
+        State s(taps);
+        ASSERT_EQ(zamsFIR_32f(x.data(), y1.data(), int(x.size()), s.p), 0);
+    }
+    {
+        Threads th(2);
+        State s(taps);
+        ASSERT_EQ(zamsFIR_32f(x.data(), y2.data(), int(x.size()), s.p), 0);
+    }
+    ASSERT_EQ(0, std::memcmp(y1.data(), y2.data(), y1.size() * sizeof(float)));
+}
+
+// The one-sample form sums short filters in single precision in order.
+TEST(Fir32f, OneSampleShortFiltersSumInOrder) {
+    for (int L = 1; L < 12; ++L) {
+        auto taps = fm::rand_f(L, uint32_t(L)), x = fm::rand_f(50, 77);
+        State st(taps);
+        std::vector<float> hist(size_t(L), 0.0f);  // oldest first
+        for (float v : x) {
+            hist.erase(hist.begin());
+            hist.push_back(v);
+            float want = 0.0f;
+            for (int j = 0; j < L; ++j) want += taps[size_t(L - 1 - j)] * hist[size_t(j)];
+            float got;
+            ASSERT_EQ(zamsFIROne_32f(v, &got, st.p), 0);
+            ASSERT_EQ(zt::bits(got), zt::bits(want)) << L;
+        }
+    }
+}
+
+// FIR_Direct_32f to the bit against its arithmetic, at every span phase,
+// and split calls equal one.
+TEST(Fir32f, DirectFormIsItsStatedArithmetic) {
+    for (int L : {1, 15, 16, 17, 24, 40, 129}) {
+        auto taps = fm::rand_f(L, uint32_t(L)), x = fm::rand_f(300, 5);
+        for (size_t off : {0, 4, 8, 20, 1}) {
+            zt::Guarded<float> dl(size_t(2 * L), off);
+            std::fill(dl.data(), dl.data() + 2 * L, 0.0f);
+            int idx = L / 2;
+            std::vector<float> mdl(size_t(2 * L), 0.0f);
+            int midx = idx;
+            std::vector<float> y(300);
+            ASSERT_EQ(zamsFIR_Direct_32f(x.data(), y.data(), 120, taps.data(), L, dl.data(), &idx), 0);
+            ASSERT_EQ(zamsFIR_Direct_32f(x.data() + 120, y.data() + 120, 180, taps.data(), L, dl.data(), &idx), 0);
+            ASSERT_TRUE(dl.guards_intact());
+            for (size_t n = 0; n < 300; ++n) {
+                // the model runs on a copy placed at the same phase
+                zt::Guarded<float> m(size_t(2 * L), off);
+                mdl[size_t(midx)] = mdl[size_t(midx + L)] = x[n];
+                midx = midx + 1 == L ? 0 : midx + 1;
+                m.copy_from(mdl.data());
+                const float want = fm::direct_sum(taps.data(), m.data() + midx, L);
+                ASSERT_EQ(zt::bits(y[n]), zt::bits(want)) << "L=" << L << " off=" << off << " n=" << n;
+            }
+            ASSERT_EQ(idx, midx);
+            float v = x[0], w = x[0];
+            int i2 = idx;
+            ASSERT_EQ(zamsFIROne_Direct_32f(v, &w, taps.data(), L, dl.data(), &idx), 0);
+            ASSERT_EQ(zamsFIROne_Direct_32f_I(&v, taps.data(), L, dl.data(), &i2), 0);
+            ASSERT_EQ(idx, (midx + 1) % L);
+        }
+    }
+}
+
+// The state form equals the Direct form up to rounding.
+TEST(Fir32f, StateFormEqualsDirectForm) {
+    for (int L : {5, 40, 200}) {
+        auto taps = fm::rand_f(L, 1), x = fm::rand_f(2000, 2);
+        State st(taps);
+        std::vector<float> dl(size_t(2 * L), 0.0f), a(x.size()), b(x.size());
+        int idx = 0;
+        ASSERT_EQ(zamsFIR_32f(x.data(), a.data(), 2000, st.p), 0);
+        ASSERT_EQ(zamsFIR_Direct_32f(x.data(), b.data(), 2000, taps.data(), L, dl.data(), &idx), 0);
+        for (size_t i = 0; i < x.size(); ++i) ASSERT_NEAR(a[i], b[i], 2e-5f) << i;
+    }
+}
+
+TEST(Fir32f, TapsAndDelayLineRoundTrip) {
+    for (int L : {1, 64, 300}) {
+        auto taps = fm::rand_f(L, 1), dly = fm::rand_f(L, 2), t2 = fm::rand_f(L, 3);
+        State st(taps, dly.data());
+        std::vector<float> got(static_cast<size_t>(L));
+        ASSERT_EQ(zamsFIRGetTaps_32f(st.p, got.data()), 0);
+        ASSERT_EQ(got, taps);
+        ASSERT_EQ(zamsFIRGetDlyLine_32f(st.p, got.data()), 0);
+        ASSERT_EQ(got, dly);
+        // New taps take effect on the next sample, the delay line stays.
+        ASSERT_EQ(zamsFIRSetTaps_32f(t2.data(), st.p), 0);
+        ASSERT_EQ(zamsFIRGetTaps_32f(st.p, got.data()), 0);
+        ASSERT_EQ(got, t2);
+        auto x = fm::rand_f(600, 4);
+        std::vector<float> y(x.size());
+        std::vector<LD> mag;
+        auto ref = fm::fir(t2, dly, x, &mag);
+        ASSERT_EQ(zamsFIR_32f(x.data(), y.data(), 600, st.p), 0);
+        expect_close(y, ref, mag, L, "after SetTaps");
+        ASSERT_EQ(zamsFIRSetDlyLine_32f(st.p, nullptr), 0);
+        ASSERT_EQ(zamsFIRGetDlyLine_32f(st.p, got.data()), 0);
+        ASSERT_EQ(got, std::vector<float>(size_t(L), 0.0f));
+    }
+}
+
+TEST(Fir32f, AllocatedStatesFilterAsBuiltOnes) {
+    for (int L : {10, 64, 1000}) {
+        auto taps = fm::rand_f(L, 1), x = fm::rand_f(5000, 2);
+        ZamsFIRState_32f* a = nullptr;
+        ASSERT_EQ(zamsFIRInitAlloc_32f(&a, taps.data(), L, nullptr), 0);
+        State b(taps);
+        std::vector<float> ya(x.size()), yb(x.size());
+        ASSERT_EQ(zamsFIR_32f(x.data(), ya.data(), 5000, a), 0);
+        ASSERT_EQ(zamsFIR_32f(x.data(), yb.data(), 5000, b.p), 0);
+        ASSERT_EQ(ya, yb);
+        ASSERT_EQ(zamsFIRFree_32f(a), 0);
+        ZamsFIRState_32f* s = nullptr;
+        ASSERT_EQ(zamsFIRStreamInitAlloc_32f(&s, taps.data(), L, nullptr), 0);
+        ASSERT_EQ(zamsFIR_32f(x.data(), ya.data(), 5000, s), 0);
+        ASSERT_EQ(ya, yb);
+        ASSERT_EQ(zamsFIRFree_32f(s), 0);
+    }
+}
+
+// Argument checks in order, and states of other kinds or none refused with
+// -17 by each operation by the set of kinds it takes.
+TEST(Fir32f, StatusesAndKinds) {
+    float t[4] = {1, 2, 3, 4}, x[8] = {}, y[8];
+    int size = 0;
+    EXPECT_EQ(zamsFIRGetStateSize_32f(4, nullptr), zamStatusNullPointer);
+    EXPECT_EQ(zamsFIRGetStateSize_32f(0, &size), zamStatusBadTapsLength);
+    State st(std::vector<float>(t, t + 4));
+    ZamsFIRState_32f* p = nullptr;
+    EXPECT_EQ(zamsFIRInit_32f(nullptr, t, 4, nullptr, st.mem.data()), zamStatusNullPointer);
+    EXPECT_EQ(zamsFIRInit_32f(&p, t, 0, nullptr, nullptr), zamStatusNullPointer);
+    EXPECT_EQ(zamsFIRInit_32f(&p, t, 0, nullptr, st.mem.data()), zamStatusBadTapsLength);
+    EXPECT_EQ(zamsFIRInitAlloc_32f(&p, t, -1, nullptr), zamStatusBadTapsLength);
+    EXPECT_EQ(zamsFIR_32f(nullptr, y, 0, st.p), zamStatusNullPointer);
+    EXPECT_EQ(zamsFIR_32f(x, y, 0, st.p), zamStatusBadLength);
+    EXPECT_EQ(zamsFIR_32f_I(x, 0, nullptr), zamStatusNullPointer);
+    EXPECT_EQ(zamsFIR_Direct_32f(x, y, 0, nullptr, 0, nullptr, nullptr), zamStatusBadLength);
+    EXPECT_EQ(zamsFIR_Direct_32f(x, y, 1, nullptr, 0, nullptr, nullptr), zamStatusNullPointer);
+    EXPECT_EQ(zamsFIR_Direct_32f(x, y, 1, t, 0, nullptr, nullptr), zamStatusBadTapsLength);
+    EXPECT_EQ(zamsFIR_Direct_32f(x, y, 1, t, 4, nullptr, nullptr), zamStatusNullPointer);
+    EXPECT_EQ(zamsFIROne_Direct_32f(1, y, t, 0, nullptr, nullptr), zamStatusBadTapsLength);
+
+    // Garbage, zeroed, another family's and another kind's states.
+    std::vector<uint8_t> junk(4096);
+    std::mt19937 g(1);
+    for (auto& b : junk) b = uint8_t(g());
+    std::vector<uint8_t> zero(4096, 0);
+    ZamsFIRState_64f* other = nullptr;
+    double td[2] = {1, 2};
+    ASSERT_EQ(zamsFIRInitAlloc_64f(&other, td, 2, nullptr), 0);
+    ZamsFIRState_32f* stream = nullptr;
+    ASSERT_EQ(zamsFIRStreamInitAlloc_32f(&stream, t, 4, nullptr), 0);
+    for (void* bad : {static_cast<void*>(junk.data()), static_cast<void*>(zero.data()), static_cast<void*>(other)}) {
+        auto* s = static_cast<ZamsFIRState_32f*>(bad);
+        EXPECT_EQ(zamsFIR_32f(x, y, 8, s), zamStatusContextMismatch);
+        EXPECT_EQ(zamsFIROne_32f(1, y, s), zamStatusContextMismatch);
+        EXPECT_EQ(zamsFIRSetTaps_32f(t, s), zamStatusContextMismatch);
+        EXPECT_EQ(zamsFIRGetTaps_32f(s, y), zamStatusContextMismatch);
+        EXPECT_EQ(zamsFIRSetDlyLine_32f(s, nullptr), zamStatusContextMismatch);
+        EXPECT_EQ(zamsFIRGetDlyLine_32f(s, y), zamStatusContextMismatch);
+        EXPECT_EQ(zamsFIRFree_32f(s), zamStatusContextMismatch);
+    }
+    // The stream state filters and frees through the 32f entries, nothing else.
+    EXPECT_EQ(zamsFIR_32f(x, y, 8, stream), 0);
+    EXPECT_EQ(zamsFIROne_32f(1, y, stream), zamStatusContextMismatch);
+    EXPECT_EQ(zamsFIRGetTaps_32f(stream, y), zamStatusContextMismatch);
+    EXPECT_EQ(zamsFIRSetDlyLine_32f(stream, nullptr), zamStatusContextMismatch);
+    EXPECT_EQ(zamsFIRFree_32f(stream), 0);
+    EXPECT_EQ(zamsFIRFree_64f(other), 0);
+    // A state in caller memory: Free is a no-op, the state still works.
+    EXPECT_EQ(zamsFIRFree_32f(st.p), 0);
+    EXPECT_EQ(zamsFIR_32f(x, y, 8, st.p), 0);
+}
+
+ZAMS_DIGEST(fir_32f) {
+    for (int L : {20, 40, 100}) {
+        auto taps = fm::rand_f(L, 1), x = fm::rand_f(3000, 2);
+        State st(taps);
+        std::vector<float> y(x.size());
+        d.status(zamsFIR_32f(x.data(), y.data(), 3000, st.p));
+        d.add(y);
+        std::vector<float> dl(size_t(2 * L), 0.0f);
+        int idx = 0;
+        d.status(zamsFIR_Direct_32f(x.data(), y.data(), 3000, taps.data(), L, dl.data(), &idx));
+        d.add(y);
+        for (int i = 0; i < 50; ++i) d.status(zamsFIROne_32f(x[size_t(i)], &y[size_t(i)], st.p));
+        d.add(y.data(), 50);
+    }
+}
+
+}  // namespace
