@@ -11,6 +11,9 @@
 
 namespace hostile {
 
+// The most arguments an export takes (the generator refuses more).
+inline constexpr int kMaxArgs = 10;
+
 enum class Kind { Src, Dst, SrcArray, DstArray, Spec, SpecOut, SpecArray, Length, Order, Scale, Mode, Int, Real, Bytes };
 
 // One argument as the thunk reads it: a pointer, an integer, a floating value
@@ -33,7 +36,7 @@ struct Export {
     const char* name;
     zamStatus (*call)(const Slot*);
     int nargs;
-    Arg args[8];
+    Arg args[kMaxArgs];
 };
 
 extern const Export kExports[];

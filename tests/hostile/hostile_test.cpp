@@ -7,6 +7,8 @@
 // they were, and write nothing when it returns an error; a null pointer
 // gives -8, a length below 1 an error, a foreign structure -17.
 #include <fnmatch.h>
+
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/mman.h>
@@ -52,6 +54,11 @@ public:
     }
     Buffer(const Buffer&) = delete;
     Buffer& operator=(const Buffer&) = delete;
+    // Zero contents (an index cell the caller keeps in range).
+    void zero() {
+        std::fill(pristine_.begin(), pristine_.end(), uint8_t(0));
+        reset();
+    }
     ~Buffer() { munmap(map_, total_ + kPage); }
     void reset() {
         std::memset(map_, kPattern, total_);
@@ -234,7 +241,7 @@ struct Frame {
     std::vector<std::vector<void*>> tables;      // pointer tables of array arguments
     std::vector<std::vector<Buffer*>> owned;     // buffers of each argument
     Buffer zeroed{0, 1}, random{0, 2};
-    Slot base[8] = {};
+    Slot base[kMaxArgs] = {};
 
     Frame(const Export& ex, Structures& s) : e(ex), st(s), tables(ex.nargs), owned(ex.nargs) {
         std::memset(zeroed.data(), 0, kData);
@@ -245,6 +252,8 @@ struct Frame {
             if (a.kind == Kind::Src || a.kind == Kind::Dst || a.kind == Kind::SpecOut || n > 1) {
                 for (int c = 0; c < n; ++c) {
                     bufs.push_back(std::make_unique<Buffer>(4 + 8 * ((i + c) % 8), uint32_t(1000 * i + c)));
+                    // A delay-line index is the caller's to keep in range: start it at 0.
+                    if (std::strstr(a.name, "Index")) bufs.back()->zero();
                     owned[i].push_back(bufs.back().get());
                     tables[i].push_back(bufs.back()->data());
                 }
@@ -268,7 +277,7 @@ struct Frame {
     // Runs one variant; returns an empty string if every check holds.
     std::string run(const Variant& v) {
         for (auto& b : bufs) b->reset();
-        Slot s[8];
+        Slot s[kMaxArgs];
         std::memcpy(s, base, sizeof s);
         if (v.arg == -1) {
             for (int i = 0; i < e.nargs; ++i) {
