@@ -7,7 +7,7 @@
  * Lengths 1 to 8,388,608 (2^23); any other gives zamStatusBadLength. flag is
  * the FFT's normalisation flag (1 forward by 1/len, 2 inverse by 1/len, 4
  * both by 1/sqrt(len), 8 none; anything else zamStatusBadFftFlag); hint is
- * stored and does not change the transform. Transforms only read the spec,
+ * stored and does not change the transform. Transforms only read the DFT spec,
  * so threads may share one, each with its own work buffer (pBuffer, of the
  * size zamsDFTGetBufSize_* reports, aligned by the call; or null to let the
  * call allocate one). Source and destination may be the same vector (in

@@ -6,7 +6,7 @@
 //
 // A plan is a pointer to a built specification plus the calls that take
 // it. Arguments are the caller's to get right (these are internal calls:
-// the specification is valid, the vectors hold N or the packed length);
+// the FFT specification is valid, the vectors hold N or the packed length);
 // statuses are the transforms' own, passed on unchanged.
 //
 // Where an exported function is defined as handing a case to another

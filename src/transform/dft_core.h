@@ -1,5 +1,5 @@
-// DFT of any length: the specification, the complex plan every kind runs
-// on, and the spec life cycle shared by the floating kinds.
+// DFT of any length: the DFT specification, the complex plan every kind runs
+// on, and the spec structure's life cycle shared by the floating kinds.
 //
 // A complex plan of n points is one of four methods, chosen from n alone:
 //
@@ -15,7 +15,7 @@
 //
 // Everything a plan holds (twiddles, roots, chirp, permutations, the
 // kernel's spectrum, the inner FFT spec) lies inside the DFT spec at byte
-// offsets from the spec's start, so the spec is one block, read-only while
+// offsets from the DFT spec's start, so a DFT spec is one block, read-only while
 // transforms run, and the same layout on both targets.
 #pragma once
 
@@ -73,7 +73,7 @@ template <class F> struct Hdr {
 static_assert(sizeof(Hdr<float>) == 600 && sizeof(Hdr<double>) == 608);
 static_assert(offsetof(Hdr<double>, plan) % 8 == 0);
 
-// Byte counts of a layout: the spec (from its aligned start), the build
+// Byte counts of a layout: the DFT spec (from its aligned start), the build
 // block, the work buffer.
 struct Need {
     int64_t spec = 0, init = 0, work = 0;
@@ -125,7 +125,7 @@ enum : int32_t {
 
 }  // namespace zams::dft
 
-// The life cycle of one kind as one-line bindings (the spec type SPEC_K).
+// The life cycle of one kind as one-line bindings (the spec structure type SPEC_K).
 #define ZAMS_DFT_LIFE(PRE, SPEC, K, F, REAL, ID)                                                               \
     ZAMS_FN(zamStatus, zams##PRE##GetSize_##K)(int len, int flag, int hint, int* a, int* b, int* c) {          \
         (void)hint;                                                                                            \

@@ -1,6 +1,6 @@
 // Hilbert transform: the analytic signal through a forward real DFT into
 // CCS, the one-sided spectrum, and an inverse complex DFT normalised by
-// 1/len. The spec holds two DFT specs of the length (complex and real,
+// 1/len. The Hilbert spec holds two DFT specs of the length (complex and real,
 // both with the inverse scaled) and the larger of their work sizes.
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // DFT of any length, complex kinds: every length 1..1000 against a long
 // double DFT, longer lengths of every method against FFTW (x86-64) or the
-// double transform (i386), the flags, in place and work buffers, the spec
+// double transform (i386), the flags, in place and work buffers, the DFT spec
 // life cycle and the argument checks.
 #include <gtest/gtest.h>
 
