@@ -68,6 +68,14 @@ template <class T> constexpr T div_scale_round_sat(int64_t r, int64_t d, int sf)
     return saturate<T>(q);
 }
 
+// Two scale terms added (a filter's taps factor and a call's scale factor):
+// the sum, held where every result is already 0 or the bound by sign, so
+// that no pair of arguments overflows it.
+constexpr int add_scale(int64_t a, int64_t b) {
+    const int64_t s = a + b;
+    return int(s > 4096 ? 4096 : s < -4096 ? -4096 : s);
+}
+
 // How a family computes a given scale factor. The limits are data, one pair
 // a family: above `zero_above` every result rounds to 0; at or below
 // `bound_at_or_below` any nonzero result saturates, so only its sign counts.

@@ -59,7 +59,7 @@ zamStatus run(const typename P::Data* src, typename P::Data* dst, int len, const
     for (int i0 = 0; i0 < len; i0 += kPiece) {
         const int m = std::min(kPiece, len - i0);
         for (int i = 0; i < m; ++i) step<P>(src[i0 + i], taps, L, dly, pIdx, acc[i]);
-        emit<typename P::Part>(acc, dst + i0, m, P::exact ? factor + sf : sf);
+        emit<typename P::Part>(acc, dst + i0, m, P::exact ? add_scale(factor, sf) : sf);
     }
     return zamStatusOk;
 }
@@ -79,7 +79,7 @@ zamStatus one(typename P::Data x, typename P::Data* y, const typename P::Taps* t
     if (zamStatus s = check_line<P>(dly, pIdx, L)) return s;
     typename P::Acc acc;
     step<P>(x, taps, L, dly, pIdx, acc);
-    emit<typename P::Part>(&acc, y, 1, P::exact ? factor + sf : sf);
+    emit<typename P::Part>(&acc, y, 1, P::exact ? add_scale(factor, sf) : sf);
     return zamStatusOk;
 }
 

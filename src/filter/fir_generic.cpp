@@ -90,7 +90,7 @@ template <class P> void set_taps(Hdr* h, const typename P::Taps* taps, int facto
         }
         int s = 0;
         for (; m > 32766; m >>= 1) ++s;
-        h->total = s + factor;
+        h->total = add_scale(s, factor);
         for (int i = 0; i < L; ++i) {
             double p[2];
             const int n = parts_of(taps[L - 1 - i], p);
@@ -116,7 +116,7 @@ template <class P> void set_taps(Hdr* h, const typename P::Taps* taps, int facto
             coef[i] = from_parts<Coef>(p);
         }
     } else {
-        const double scale = P::rule == Rule::Scale ? pow2(-factor) : 1.0;
+        const double scale = P::rule == Rule::Scale ? pow2(-add_scale(factor, 0)) : 1.0;
         if (P::rule == Rule::Int16) h->total = factor;
         for (int i = 0; i < L; ++i) {
             double p[2];
@@ -233,7 +233,7 @@ template <class P> zamStatus filter(const typename P::Data* src, typename P::Dat
         std::memcpy(static_cast<void*>(next + (L - len)), src, size_t(len) * sizeof(Data));
     }
     const Coef* c = at<Coef>(h, h->offCoef);
-    const int scale = std::is_integral_v<Coef> || std::is_same_v<Acc, CI> ? h->total + sf : sf;
+    const int scale = std::is_integral_v<Coef> || std::is_same_v<Acc, CI> ? add_scale(h->total, sf) : sf;
     constexpr bool k16 = std::is_same_v<Coef, Zam16s> && std::is_same_v<Data, Zam16s>;
     bool fast = false;  // -32768 twice would pass a pair's 32-bit sum
     if constexpr (k16) fast = std::find(c, c + L, Zam16s(-32768)) == c + L;
@@ -285,7 +285,7 @@ template <class P> zamStatus one(typename P::Data x, typename P::Data* out, void
     typename P::Acc a{};
     for (int k = 0; k < L; ++k) mac(a, c[k], d[h->idx + k]);
     const bool exact = std::is_integral_v<typename P::Coef> || std::is_same_v<typename P::Acc, CI>;
-    emit<typename P::Part>(&a, out, 1, exact ? h->total + sf : sf);
+    emit<typename P::Part>(&a, out, 1, exact ? add_scale(h->total, sf) : sf);
     return zamStatusOk;
 }
 

@@ -127,7 +127,7 @@ template <int C> Cd value_vec(const float* x, size_t len, double f) {
 template <class F> bool bad_freq(F f) { return !(f >= F(0) && f < F(1)); }
 
 template <class T> T to_int(double v, int sf) {
-    const double x = v * pow2(-sf / 2) * pow2(-(sf - sf / 2));
+    const double x = v * pow2(-(sf / 2)) * pow2(-(sf - sf / 2));
     return saturate<T>(int64_t(std::clamp(round_even(x), -4e18, 4e18)));
 }
 
