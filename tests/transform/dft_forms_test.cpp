@@ -33,7 +33,7 @@ template <class T> bool same_bits(const std::vector<T>& a, const std::vector<T>&
     return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
 }
 
-// ---- real kinds: the spec built in caller memory
+// ---- real kinds: the DFT spec built in caller memory
 
 // One real kind: its life cycle and its forward and inverse in a format,
 // the 16-bit kind at scale factor 0.
@@ -82,7 +82,7 @@ template <class T> std::vector<T> real_input(size_t n, uint32_t seed) {
 }
 
 // Init in caller memory of exactly the reported sizes at an odd address:
-// nothing past the spec is written, GetBufSize reports the size query's
+// nothing past the DFT spec is written, GetBufSize reports the size query's
 // work size, and every format forward and back gives the bits of the
 // InitAlloc-built spec, with a caller's work buffer of that size or none.
 template <class K> void check_caller_memory(const K& k, const char* name) {
