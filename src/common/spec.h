@@ -121,6 +121,19 @@ template <class H> H* state_of(void* p, std::initializer_list<int32_t> ids, zamS
     return s ? nullptr : static_cast<H*>(p);
 }
 
+// The work-buffer query of a read-only specification: pointers, identifier,
+// then the stored work size plus the 64 bytes of alignment slack a call
+// needs (0 when the transform needs no buffer). work(h) reads the size.
+template <class H, class Work> zamStatus query_work(const void* spec, int32_t id, int* pSize, Work work) {
+    if (!spec || !pSize) return zamStatusNullPointer;
+    zamStatus s;
+    const H* h = spec_of<H>(spec, id, s);
+    if (!h) return s;
+    const int32_t w = work(h);
+    *pSize = w >= 1 ? w + 64 : 0;
+    return zamStatusOk;
+}
+
 // Free: pointer, identifier; then the identifier is cleared (always, or
 // only for allocated blocks, by the family's shape); when the allocating
 // build made the block, children(p) releases what the structure owns

@@ -90,12 +90,7 @@ template <class F> zamStatus init_alloc(bool real, void** pp, int len, int flag,
 }
 
 template <class F> zamStatus buf_size(const void* spec, int32_t id, int* pSize) {
-    if (!spec || !pSize) return zamStatusNullPointer;
-    zamStatus s;
-    const Hdr<F>* h = spec_of<Hdr<F>>(spec, id, s);
-    if (!h) return s;
-    *pSize = h->work > 0 ? h->work + 64 : 0;
-    return zamStatusOk;
+    return query_work<Hdr<F>>(spec, id, pSize, [](const Hdr<F>* h) { return h->work; });
 }
 
 template <class F> zamStatus free_spec(void* spec, int32_t id) { return release(spec, {id}, kShape<F>); }

@@ -181,11 +181,7 @@ zamStatus init_alloc(Kind k, void** pp, int order, int flag, int hint, int32_t i
 }
 
 zamStatus buf_size(const void* spec, int32_t id, Kind k, int* p) {
-    if (!spec || !p) return zamStatusNullPointer;
-    if (zamStatus s = check_id(spec, uint32_t(id))) return s;
-    const int32_t w = work_of(k, spec);
-    *p = w >= 1 ? w + 64 : 0;
-    return zamStatusOk;
+    return query_work<void>(spec, id, p, [k](const void* h) { return work_of(k, h); });
 }
 
 zamStatus free_spec(void* spec, int32_t id, Kind k) { return release(spec, {id}, shape_of(k)); }

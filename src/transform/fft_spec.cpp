@@ -167,12 +167,7 @@ zamStatus init_alloc(Hdr<F>** pp, int order, int flag, int hint, int32_t id) {
 }
 
 template <class F> zamStatus get_buf_size(const void* spec, int32_t id, int* pSize) {
-    if (!spec || !pSize) return zamStatusNullPointer;
-    zamStatus s;
-    const Hdr<F>* h = spec_of<Hdr<F>>(spec, id, s);
-    if (!h) return s;
-    *pSize = h->work >= 1 ? h->work + 64 : 0;
-    return zamStatusOk;
+    return query_work<Hdr<F>>(spec, id, pSize, [](const Hdr<F>* h) { return h->work; });
 }
 
 template <class F> zamStatus free_spec(void* spec, int32_t id) { return release(spec, {id}, kShape<F>); }
