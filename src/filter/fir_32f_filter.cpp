@@ -119,18 +119,17 @@ inline void four_outputs2(const float* copies, int stride, int c0, const float* 
 #endif
 
 // Long filters: a vector of consecutive reversed taps against a vector of
-// consecutive samples, eight outputs from one aligned run of samples, each
-// output from the copy that matches its phase. Outputs whose run would
-// start off the alignment or read past the samples are single dot products.
+// consecutive samples, eight outputs from one run of samples, each output
+// from the copy that matches its phase. Groups start at the first output
+// whatever the address of the samples, so that an output's sum depends on
+// its place in the call and never on where the caller's buffers lie.
+// Outputs whose run would read past the samples are single dot products.
 void kernel_copies(const Hdr32* h, const float* a, float* y, int count) {
     const int L = h->tapsLen, stride = h->copyStride;
     const float* copies = const_cast<Hdr32*>(h)->copies();
     const int K = (L + 7 + 7) & ~7;  // samples a group reads
     const int64_t avail = int64_t(count) + L - 1;
-    const uintptr_t u = reinterpret_cast<uintptr_t>(a);
-    int b = (u & 3) ? 0 : int(((32 - (u & 31)) & 31) / 4);
-    b = std::min(b, count);
-    for (int n = 0; n < b; ++n) y[n] = dot8(copies, a + n, L);
+    int b = 0;
 #if defined(__x86_64__)
     for (; b + 16 <= count && b + 8 + int64_t(K) <= avail; b += 16) {
         __m128 lo, hi;
