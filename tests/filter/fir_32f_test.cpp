@@ -363,9 +363,10 @@ ZAMS_DIGEST(fir_32f) {
         std::vector<float> y(x.size());
         d.status(zamsFIR_32f(x.data(), y.data(), 3000, st.p));
         d.add(y);
-        std::vector<float> dl(size_t(2 * L), 0.0f);
+        // The Direct form's sums start on the delay line's 32-byte grid: place it there.
+        alignas(32) float dl[200] = {};
         int idx = 0;
-        d.status(zamsFIR_Direct_32f(x.data(), y.data(), 3000, taps.data(), L, dl.data(), &idx));
+        d.status(zamsFIR_Direct_32f(x.data(), y.data(), 3000, taps.data(), L, dl, &idx));
         d.add(y);
         for (int i = 0; i < 50; ++i) d.status(zamsFIROne_32f(x[size_t(i)], &y[size_t(i)], st.p));
         d.add(y.data(), 50);

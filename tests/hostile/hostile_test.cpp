@@ -130,10 +130,10 @@ struct Variant {
     Pick pick = Pick::Slot;
 };
 
-int64_t base_int(const Arg& a) {
+int64_t base_int(const Arg& a, int len = 8) {
     const std::string n = a.name;
     switch (a.kind) {
-        case Kind::Length: return n == "nChannels" ? 2 : n == "maskSize" ? 3 : 8;
+        case Kind::Length: return n == "nChannels" ? 2 : n == "maskSize" ? 3 : len;
         case Kind::Order: return n == "order" ? 3 : 1;
         case Kind::Scale: return 1;
         case Kind::Mode: return n == "flag" ? 8 : n == "rndMode" ? 1 : 0;
@@ -232,8 +232,19 @@ std::vector<Variant> variants(const Export& e, Structures& st, std::string& prob
     return v;
 }
 
+// Where the buffers of a frame lie: off the 8-byte grid, each on its own
+// (the hostile sweep), all on the 64-byte grid, or each at its own multiple
+// of 8 bytes off it.
+enum class Place { Odd, Aligned, Shifted };
+
+size_t misalign_of(Place place, int k) {
+    if (place == Place::Odd) return size_t(4 + 8 * (k % 8));
+    const size_t off = place == Place::Aligned ? 0 : size_t(8 * (k % 7 + 1));  // data sits `off` past the grid
+    return (64 - off) % 64;
+}
+
 // The arguments of one export: a buffer for each pointer, the valid values
-// for the rest.
+// for the rest (lengths `len`).
 struct Frame {
     const Export& e;
     Structures& st;
@@ -243,7 +254,8 @@ struct Frame {
     Buffer zeroed{0, 1}, random{0, 2};
     Slot base[kMaxArgs] = {};
 
-    Frame(const Export& ex, Structures& s) : e(ex), st(s), tables(ex.nargs), owned(ex.nargs) {
+    Frame(const Export& ex, Structures& s, Place place = Place::Odd, int len = 8)
+        : e(ex), st(s), tables(ex.nargs), owned(ex.nargs) {
         std::memset(zeroed.data(), 0, kData);
         for (int i = 0; i < e.nargs; ++i) {
             const Arg& a = e.args[i];
@@ -251,7 +263,7 @@ struct Frame {
             const int n = a.kind == Kind::SrcArray || a.kind == Kind::DstArray ? kChannels : 1;
             if (a.kind == Kind::Src || a.kind == Kind::Dst || a.kind == Kind::SpecOut || n > 1) {
                 for (int c = 0; c < n; ++c) {
-                    bufs.push_back(std::make_unique<Buffer>(4 + 8 * ((i + c) % 8), uint32_t(1000 * i + c)));
+                    bufs.push_back(std::make_unique<Buffer>(misalign_of(place, i + c), uint32_t(1000 * i + c)));
                     // A delay-line index is the caller's to keep in range: start it at 0.
                     if (std::strstr(a.name, "Index")) bufs.back()->zero();
                     owned[i].push_back(bufs.back().get());
@@ -269,9 +281,27 @@ struct Frame {
             } else if (a.kind == Kind::Bytes) {
                 base_bytes(sl.b, a.elem);
             } else {
-                sl.i = base_int(a);
+                sl.i = base_int(a, len);
             }
         }
+    }
+
+    // The valid call on fresh structures of the frame's own, made by the
+    // makers (a stateful call changes its structure).
+    zamStatus call_fresh(std::vector<std::pair<const Maker*, void*>>& made) {
+        for (auto& b : bufs) b->reset();
+        Slot s[kMaxArgs];
+        std::memcpy(s, base, sizeof s);
+        for (int i = 0; i < e.nargs; ++i) {
+            if (e.args[i].kind != Kind::Spec && e.args[i].kind != Kind::SpecArray) continue;
+            const Maker* m = maker_of(e.args[i].type);
+            void* p = nullptr;
+            if (!m || m->make(&p) != zamStatusOk) return zamStatusNoMemory;
+            made.push_back({m, p});
+            if (e.args[i].kind == Kind::Spec) s[i].p = p;
+            else tables[i].assign(kChannels, p), s[i].p = tables[i].data();
+        }
+        return e.call(s);
     }
 
     // Runs one variant; returns an empty string if every check holds.
@@ -381,6 +411,55 @@ TEST(Hostile, EveryExport) {
         for (const auto& m : failures) ADD_FAILURE() << e.name << ": " << m;
     }
     std::printf("%zu exports, %zu calls\n", kExportCount, calls);
+}
+
+// The same arguments give the same bits wherever the caller's buffers lie:
+// each export's valid call, with short and long lengths, once with every
+// buffer on the 64-byte grid and once with each off it by its own multiple
+// of 8 bytes; status and every output byte (work buffers aside) must
+// agree. A structure made
+// into caller memory may hold its own address, so the Init calls are left
+// out; structures are made afresh for each call.
+TEST(Hostile, SameBitsAtAnyAddress) {
+    Structures st;
+    for (size_t x = 0; x < kExportCount; ++x) {
+        const Export& e = kExports[x];
+        if (std::strstr(e.name, "Init") || excepted(e.name, "address")) continue;
+        int fd[2];
+        ASSERT_EQ(pipe(fd), 0);
+        std::fflush(nullptr);
+        const pid_t pid = fork();
+        if (pid == 0) {
+            close(fd[0]);
+            std::string out;
+            for (int len : {8, 203}) {
+                Frame a(e, st, Place::Aligned, len), b(e, st, Place::Shifted, len);
+                std::vector<std::pair<const Maker*, void*>> made;
+                const zamStatus ra = a.call_fresh(made), rb = b.call_fresh(made);
+                if (ra != rb) out += "len " + std::to_string(len) + ": status " + std::to_string(ra) + " and " + std::to_string(rb) + "; ";
+                for (int i = 0; i < e.nargs; ++i) {
+                    if (e.args[i].kind != Kind::Dst && e.args[i].kind != Kind::DstArray) continue;
+                    if (std::strstr(e.args[i].name, "Buf")) continue;  // a work buffer: scratch
+                    for (size_t c = 0; c < a.owned[i].size(); ++c)
+                        if (std::memcmp(a.owned[i][c]->data(), b.owned[i][c]->data(), kData) != 0)
+                            out += "len " + std::to_string(len) + ": " + e.args[i].name + " differs; ";
+                }
+                for (auto& [m, p] : made) m->release(p);
+            }
+            Record rec{0, {}};
+            std::snprintf(rec.message, sizeof rec.message, "%s", out.c_str());
+            _exit(write(fd[1], &rec, sizeof rec) == ssize_t(sizeof rec) ? 0 : 3);
+        }
+        close(fd[1]);
+        Record rec{-1, {}};
+        ssize_t got;
+        while ((got = read(fd[0], &rec, sizeof rec)) < 0 && errno == EINTR) {}
+        close(fd[0]);
+        int status = 0;
+        while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {}
+        if (got != ssize_t(sizeof rec)) ADD_FAILURE() << e.name << ": the valid call did not finish";
+        else if (rec.message[0]) ADD_FAILURE() << e.name << ": " << rec.message;
+    }
 }
 
 // Every exception names an export that exists and is still needed by its
