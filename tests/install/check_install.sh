@@ -28,7 +28,7 @@ find_package(zams REQUIRED)
 add_executable(app header_c.c)
 target_link_libraries(app PRIVATE zams::zams)
 CM
-CFLAGS=$arch cmake -S "$tmp/app" -B "$tmp/app/build" -DCMAKE_PREFIX_PATH="$prefix" > "$tmp/app.log" 2>&1 || { cat "$tmp/app.log"; exit 1; }
+CFLAGS=$arch LDFLAGS=$arch cmake -S "$tmp/app" -B "$tmp/app/build" -DCMAKE_PREFIX_PATH="$prefix" > "$tmp/app.log" 2>&1 || { cat "$tmp/app.log"; exit 1; }
 cmake --build "$tmp/app/build" >> "$tmp/app.log" 2>&1 || { cat "$tmp/app.log"; exit 1; }
 "$tmp/app/build/app"
 echo "installed under $prefix: pkg-config and CMake consumers built and ran"
