@@ -73,6 +73,13 @@ void Bench::row(const std::string& what, long n, double bytes, std::vector<Conte
 int main(int argc, char** argv) {
     const char* filter = argc > 1 ? argv[1] : "";
     zb::Bench b;
+#if defined(ZAMS_BENCH_PROXY)
+    std::printf("target: x86-64 on eight vector registers (-ffixed-xmm8..15), the i386 proxy: not an i386 figure\n");
+#elif defined(__x86_64__)
+    std::printf("target: x86-64\n");
+#else
+    std::printf("target: i386, run natively\n");
+#endif
     std::printf("name                             length  zams time          ratios zams/peer (below 1: zams faster)\n");
     for (auto& [name, fn] : zb::registry())
         if (std::strstr(name.c_str(), filter)) fn(b);
