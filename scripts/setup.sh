@@ -10,6 +10,7 @@ PACKAGES=(
   qemu-user       # runs the i386 tests where the kernel cannot run 32-bit programs
   libfftw3-dev    # FFT oracle (x86-64 tests) and benchmark peer
   libmpfr-dev     # reference for elementary-function accuracy tests
+  doxygen         # the HTML API reference (target docs)
   libbenchmark-dev libvolk2-dev libsleef-dev libliquid-dev   # benchmark peers
 )
 
