@@ -19,7 +19,8 @@ constexpr int kMaxOrder = 64;
 constexpr double kMaxRipple = 60.0;  // dB
 
 // Complex arithmetic in plain double operations (the C library's complex
-// division differs between targets).
+// division differs between targets); division by Smith's scaling, which
+// does not overflow in the squared magnitude.
 struct Cx {
     double re, im;
 };
@@ -27,8 +28,12 @@ Cx operator+(Cx a, Cx b) { return {a.re + b.re, a.im + b.im}; }
 Cx operator-(Cx a, Cx b) { return {a.re - b.re, a.im - b.im}; }
 Cx operator*(Cx a, Cx b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
 Cx operator/(Cx a, Cx b) {
-    const double d = b.re * b.re + b.im * b.im;
-    return {(a.re * b.re + a.im * b.im) / d, (a.im * b.re - a.re * b.im) / d};
+    if (std::fabs(b.re) >= std::fabs(b.im)) {
+        const double r = b.im / b.re, d = b.re + b.im * r;
+        return {(a.re + a.im * r) / d, (a.im - a.re * r) / d};
+    }
+    const double r = b.re / b.im, d = b.re * r + b.im;
+    return {(a.re * r + a.im) / d, (a.im * r - a.re) / d};
 }
 double abs2(Cx a) { return a.re * a.re + a.im * a.im; }
 
@@ -76,11 +81,14 @@ void chebyshev1(int N, double ripple, Prototype& a) {
     a.gain = N % 2 == 0 ? k.re / std::sqrt(1.0 + eps2) : k.re;
 }
 
-// The filter families as data, in zamIIRFilterType order.
-using PrototypeFn = void (*)(int, double, Prototype&);
-constexpr PrototypeFn kPrototypes[] = {butterworth, chebyshev1};
-constexpr int kTypeCount = sizeof kPrototypes / sizeof kPrototypes[0];
-constexpr bool kUsesRipple[] = {false, true};
+// The filter families as data, in zamIIRFilterType order: the prototype
+// and whether it reads the ripple.
+struct Family {
+    void (*prototype)(int, double, Prototype&);
+    bool usesRipple;
+};
+constexpr Family kFamilies[] = {{butterworth, false}, {chebyshev1, true}};
+constexpr int kTypeCount = sizeof kFamilies / sizeof kFamilies[0];
 
 // A digital filter as zeros, poles and gain. Every zero lies at -1
 // (low-pass) or at +1 (high-pass).
@@ -210,9 +218,10 @@ zamStatus iir_gen(bool high, FormFn form, double f, double ripple, int order, do
     if (order < 1 || order > kMaxOrder) return zamStatusBadFilterOrder;
     if (bad_freq(f)) return zamStatusBadRelativeFreq;
     if (type < 0 || type >= kTypeCount) return zamStatusBadArgument;
-    if (kUsesRipple[type] && !(ripple > 0.0 && ripple <= kMaxRipple)) return zamStatusBadArgument;
+    const Family& fam = kFamilies[type];
+    if (fam.usesRipple && !(ripple > 0.0 && ripple <= kMaxRipple)) return zamStatusBadArgument;
     Prototype a;
-    kPrototypes[type](order, ripple, a);
+    fam.prototype(order, ripple, a);
     Digital d;
     digital(high, order, f, a, d);
     form(d, taps);
