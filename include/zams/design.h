@@ -33,19 +33,22 @@
  * cutoff rFreq: the analog prototype's poles, a low-pass or high-pass
  * transformation to the prewarped edge 2 tan(pi rFreq) (in units of the
  * sampling rate), and the bilinear transform. A Butterworth filter has
- * gain 1/sqrt(2) at rFreq; a Chebyshev filter leaves its ripple band
- * there, with gain 1 at 0 (lowpass) or the Nyquist rate (highpass) for an
- * odd order and 10^(-ripple/20) for an even one. The ripple is read only
+ * gain 1/sqrt(2) at rFreq. A Chebyshev filter has gain 10^(-ripple/20)
+ * at rFreq, the edge of its pass band, where the gain swings between that
+ * and 1; at 0 (lowpass) or the Nyquist rate (highpass) it is 1 for an odd
+ * order and 10^(-ripple/20) for an even one. The ripple is read only
  * for a Chebyshev filter; an unknown filterType or a ripple out of range
  * gives zamStatusBadArgument (-5).
  *   AR form: 2 (order + 1) taps, b[0..order] then a[0..order], a[0] = 1,
  *   the layout zamsIIRInit_* takes.
- *   BiQuad form: (order + 1) / 2 sections of 6 taps, b0 b1 b2 a0 a1 a2
- *   with a0 = 1, the layout zamsIIRInit_BiQuad_* takes. Each section holds
- *   a conjugate pair of poles (an odd order: the one real pole in a
- *   first-order section, b2 = a2 = 0) with two of the zeros; the pair
- *   nearest the unit circle comes last, and the whole gain sits in the
- *   first section's b. */
+ *   BiQuad form: (order + 1) / 2 sections of 6 taps, b0 b1 b2 a0 a1 a2,
+ *   the layout zamsIIRInit_BiQuad_* takes; a0 = 1 in every section and
+ *   b0 = 1 in every section but the first, whose b carries the whole gain.
+ *   The sections are filled from the last: each takes the remaining pole
+ *   nearest the unit circle with its conjugate, and the two remaining
+ *   zeros nearest to that pole. An odd order first adds a pole and a zero
+ *   at z = 0, so its real pole shares a section with a pole at 0 (a2 = 0)
+ *   and one section has a zero at 0 (b2 = 0). */
 #ifndef ZAMS_DESIGN_H
 #define ZAMS_DESIGN_H
 
