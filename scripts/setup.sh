@@ -11,6 +11,8 @@ PACKAGES=(
   libfftw3-dev    # FFT oracle (x86-64 tests) and benchmark peer
   libmpfr-dev     # reference for elementary-function accuracy tests
   doxygen         # the HTML API reference (target docs)
+  gnuplot-nox     # the demo's picture
+  libsndfile1-dev # sound files in the examples
   libbenchmark-dev libvolk2-dev libsleef-dev libliquid-dev   # benchmark peers
 )
 
