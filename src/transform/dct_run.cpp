@@ -81,10 +81,52 @@ template <class F, bool Inv> void direct(const Hdr<F>* h, const F* x, F* y, F* w
 }
 
 // ------------------------------------------------------ reorder, twiddle --
-// v[i] = x[2i], v[N-1-i] = x[2i+1].
+// Lane moves of the passes: a vector holds L reals (8 floats, 4 doubles).
+template <class F> struct Lanes;
+template <> struct Lanes<float> : Avx<float> {
+    // (x0 .. x15) in two vectors -> the even ones, the odd ones
+    static void deint(V a, V b, V& e, V& o) {
+        const V lo = _mm256_permute2f128_ps(a, b, 0x20), hi = _mm256_permute2f128_ps(a, b, 0x31);
+        e = _mm256_shuffle_ps(lo, hi, 0x88);
+        o = _mm256_shuffle_ps(lo, hi, 0xDD);
+    }
+    static void inter(V e, V o, V& a, V& b) {
+        const V l = _mm256_unpacklo_ps(e, o), h = _mm256_unpackhi_ps(e, o);
+        a = _mm256_permute2f128_ps(l, h, 0x20);
+        b = _mm256_permute2f128_ps(l, h, 0x31);
+    }
+    static V rev(V v) { return _mm256_permute_ps(_mm256_permute2f128_ps(v, v, 1), 0x1B); }
+    static V neg(V v) { return _mm256_xor_ps(v, _mm256_set1_ps(-0.0f)); }
+};
+template <> struct Lanes<double> : Avx<double> {
+    static void deint(V a, V b, V& e, V& o) {
+        const V lo = _mm256_permute2f128_pd(a, b, 0x20), hi = _mm256_permute2f128_pd(a, b, 0x31);
+        e = _mm256_unpacklo_pd(lo, hi);
+        o = _mm256_unpackhi_pd(lo, hi);
+    }
+    static void inter(V e, V o, V& a, V& b) {
+        const V l = _mm256_unpacklo_pd(e, o), h = _mm256_unpackhi_pd(e, o);
+        a = _mm256_permute2f128_pd(l, h, 0x20);
+        b = _mm256_permute2f128_pd(l, h, 0x31);
+    }
+    static V rev(V v) { return _mm256_permute_pd(_mm256_permute2f128_pd(v, v, 1), 0x5); }
+    static V neg(V v) { return _mm256_xor_pd(v, _mm256_set1_pd(-0.0)); }
+};
+
+// v[i] = x[2i], v[N-1-i] = x[2i+1]. Vectors and the scalar tail move the
+// same values; which elements a vector takes depends on i alone.
 template <class F> void reorder(const F* x, F* v, int n) {
+    using A = Lanes<F>;
+    constexpr int L = A::L;
     const int h = n / 2;
-    for (int i = 0; i < h; ++i) {
+    int i = 0;
+    for (; i + L <= h; i += L) {
+        typename A::V e, o;
+        A::deint(A::load(x + 2 * i), A::load(x + 2 * i + L), e, o);
+        A::store(v + i, e);
+        A::store(v + n - L - i, A::rev(o));
+    }
+    for (; i < h; ++i) {
         v[i] = x[2 * i];
         v[n - 1 - i] = x[2 * i + 1];
     }
@@ -92,27 +134,53 @@ template <class F> void reorder(const F* x, F* v, int n) {
 }
 // x[2i] = v[i], x[2i+1] = v[N-1-i].
 template <class F> void unorder(const F* v, F* x, int n) {
+    using A = Lanes<F>;
+    constexpr int L = A::L;
     const int h = n / 2;
-    for (int i = 0; i < h; ++i) {
+    int i = 0;
+    for (; i + L <= h; i += L) {
+        typename A::V a, b;
+        A::inter(A::load(v + i), A::rev(A::load(v + n - L - i)), a, b);
+        A::store(x + 2 * i, a);
+        A::store(x + 2 * i + L, b);
+    }
+    for (; i < h; ++i) {
         x[2 * i] = v[i];
         x[2 * i + 1] = v[n - 1 - i];
     }
     if (n & 1) x[n - 1] = v[h];
 }
 
+// The twiddle table: real parts t[k], imaginary parts t[N/2 + 1 + k].
+template <class F> const F* twiddles(const Hdr<F>* h) {
+    return reinterpret_cast<const F*>(reinterpret_cast<const uint8_t*>(h) + h->tw);
+}
+
 // Forward twiddle pass from the Perm spectrum p of v: for 0 < k < N/2,
 // z = t_k V[k], y[k] = Re z, y[N-k] = -Im z (t_k = other w^k); y[0] =
-// first V[0]; for even N, y[N/2] = Re(t_{N/2}) V[N/2].
+// first V[0]; for even N, y[N/2] = Re(t_{N/2}) V[N/2]. In a Perm spectrum
+// V[k] is at 2k (even N) or 2k - 1 (odd N).
 template <class F> void twiddle_fwd(const Hdr<F>* h, const F* p, F* y) {
-    const int n = h->len, odd = n & 1;
-    const F* t = reinterpret_cast<const F*>(reinterpret_cast<const uint8_t*>(h) + h->tw);
+    using A = Lanes<F>;
+    constexpr int L = A::L;
+    const int n = h->len, odd = n & 1, half = n / 2;
+    const F* tr = twiddles(h);
+    const F* ti = tr + half + 1;
+    const F* q = p - odd;
     y[0] = h->first * p[0];
-    if (!odd) y[n / 2] = t[n] * p[1];
-    for (int k = 1; 2 * k < n; ++k) {
-        const F a = p[2 * k - odd], b = p[2 * k + 1 - odd];
-        const F tr = t[2 * k], ti = t[2 * k + 1];
-        y[k] = tr * a - ti * b;
-        y[n - k] = -(tr * b + ti * a);
+    if (!odd) y[half] = tr[half] * p[1];
+    int k = 1;
+    for (; k + L <= (n - 1) / 2 + 1; k += L) {
+        typename A::V a, b;
+        A::deint(A::load(q + 2 * k), A::load(q + 2 * k + L), a, b);
+        const typename A::V r = A::load(tr + k), i = A::load(ti + k);
+        A::store(y + k, A::sub(A::mul(r, a), A::mul(i, b)));
+        A::store(y + n - k - L + 1, A::rev(A::neg(A::add(A::mul(r, b), A::mul(i, a)))));
+    }
+    for (; 2 * k < n; ++k) {
+        const F a = q[2 * k], b = q[2 * k + 1];
+        y[k] = tr[k] * a - ti[k] * b;
+        y[n - k] = -(tr[k] * b + ti[k] * a);
     }
 }
 
@@ -120,28 +188,41 @@ template <class F> void twiddle_fwd(const Hdr<F>* h, const F* p, F* y) {
 // with g_k = (other / 2) conj(w^k), V[0] = first y[0], and for even N the
 // real V[N/2] = (Re g + Im g) y[N/2].
 template <class F> void twiddle_inv(const Hdr<F>* h, const F* y, F* p) {
-    const int n = h->len, odd = n & 1;
-    const F* t = reinterpret_cast<const F*>(reinterpret_cast<const uint8_t*>(h) + h->tw);
-    p[0] = h->first * y[0];
-    if (!odd) p[1] = (t[n] + t[n + 1]) * y[n / 2];
-    for (int k = 1; 2 * k < n; ++k) {
-        const F a = y[k], b = y[n - k];
-        const F gr = t[2 * k], gi = t[2 * k + 1];
-        p[2 * k - odd] = gr * a + gi * b;
-        p[2 * k + 1 - odd] = gi * a - gr * b;
+    using A = Lanes<F>;
+    constexpr int L = A::L;
+    const int n = h->len, odd = n & 1, half = n / 2;
+    const F* gr = twiddles(h);
+    const F* gi = gr + half + 1;
+    F* q = p - odd;
+    const F y0 = y[0], yh = y[half];
+    int k = 1;
+    for (; k + L <= (n - 1) / 2 + 1; k += L) {
+        const typename A::V a = A::load(y + k), b = A::rev(A::load(y + n - k - L + 1));
+        const typename A::V r = A::load(gr + k), i = A::load(gi + k);
+        typename A::V lo, hi;
+        A::inter(A::add(A::mul(r, a), A::mul(i, b)), A::sub(A::mul(i, a), A::mul(r, b)), lo, hi);
+        A::store(q + 2 * k, lo);
+        A::store(q + 2 * k + L, hi);
     }
+    for (; 2 * k < n; ++k) {
+        const F a = y[k], b = y[n - k];
+        q[2 * k] = gr[k] * a + gi[k] * b;
+        q[2 * k + 1] = gi[k] * a - gr[k] * b;
+    }
+    p[0] = h->first * y0;
+    if (!odd) p[1] = (gr[half] + gi[half]) * yh;
 }
 
-// The inner real transform of N in place (unscaled, Perm order).
-template <class F, bool Inv> zamStatus inner(const Hdr<F>* h, F* v, uint8_t* work) {
+// The inner real transform of N, v to u (unscaled, Perm order).
+template <class F, bool Inv> zamStatus inner(const Hdr<F>* h, const F* v, F* u, uint8_t* work) {
     const uint8_t* in = reinterpret_cast<const uint8_t*>(h) + h->inner;
     if (h->fftOn) {
         fftp::Real<F> p;
         p.spec = reinterpret_cast<const typename fftp::Fns<F>::RSpec*>(in);
-        return Inv ? p.inv_perm(v, v, work) : p.fwd_perm(v, v, work);
+        return Inv ? p.inv_perm(v, u, work) : p.fwd_perm(v, u, work);
     }
     const dft::Hdr<F>* d = reinterpret_cast<const dft::Hdr<F>*>(in);
-    return Inv ? dft::real_inv<F>(d, dft::Fmt::Perm, v, v, work) : dft::real_fwd<F>(d, dft::Fmt::Perm, v, v, work);
+    return Inv ? dft::real_inv<F>(d, dft::Fmt::Perm, v, u, work) : dft::real_fwd<F>(d, dft::Fmt::Perm, v, u, work);
 }
 
 }  // namespace
@@ -157,15 +238,16 @@ template <class F, bool Inv> zamStatus run(const Hdr<F>* h, const F* src, F* dst
         direct<F, Inv>(h, src, dst, v);
         return zamStatusOk;
     }
-    uint8_t* iw = work + round64(size_t(n) * sizeof(F));
+    F* u = reinterpret_cast<F*>(work + round64(size_t(n) * sizeof(F)));
+    uint8_t* iw = work + 2 * round64(size_t(n) * sizeof(F));
     if (Inv) {
         twiddle_inv(h, src, v);
-        if (zamStatus s = inner<F, true>(h, v, iw)) return s;
-        unorder(v, dst, n);
+        if (zamStatus s = inner<F, true>(h, v, u, iw)) return s;
+        unorder(u, dst, n);
     } else {
         reorder(src, v, n);
-        if (zamStatus s = inner<F, false>(h, v, iw)) return s;
-        twiddle_fwd(h, v, dst);
+        if (zamStatus s = inner<F, false>(h, v, u, iw)) return s;
+        twiddle_fwd(h, u, dst);
     }
     return zamStatusOk;
 }

@@ -79,19 +79,21 @@ template <class F> zamStatus lay(bool inv, int len, uint8_t* base, uint8_t* tmp,
         return zamStatusOk;
     }
     // Fft, Conv: twiddles for k <= N/2, then the inner spec; the work
-    // buffer holds the reordered samples, then the inner work buffer.
+    // buffer holds the reordered samples and their spectrum (the inner
+    // transform runs out of place), then the inner work buffer.
     const int64_t twBytes = int64_t(round64(size_t(len / 2 + 1) * 2 * sizeof(F)));
     need.spec = twBytes;
-    need.work = int64_t(round64(size_t(len) * sizeof(F)));
+    need.work = 2 * int64_t(round64(size_t(len) * sizeof(F)));
     if (base) {
         h->tw = uint32_t(kTables);
         F* t = reinterpret_cast<F*>(base + kTables);
         const double f = inv ? double(h->other) / 2 : double(h->other);
-        for (int k = 0; k <= len / 2; ++k) {
+        const int h = len / 2 + 1;  // real parts, then imaginary parts
+        for (int k = 0; k < h; ++k) {
             double sn, cs;
             sincospi_ratio(k, 2 * int64_t(len), &sn, &cs);
-            t[2 * k] = F(f * cs);
-            t[2 * k + 1] = F(inv ? f * sn : -f * sn);
+            t[k] = F(f * cs);
+            t[h + k] = F(inv ? f * sn : -f * sn);
         }
     }
     return lay_inner<F>(m, len, base, kTables + twBytes, tmp, need);
