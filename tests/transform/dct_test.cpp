@@ -156,6 +156,14 @@ template <class F> void sizes() {
         ASSERT_EQ(K<F>::fbuf(s, &w), zamStatusOk);
         EXPECT_EQ(w, c) << n;
         for (size_t i = size_t(a) + 1; i < mem.size(); ++i) ASSERT_EQ(mem[i], 0xA5) << n;
+        // the inverse spec in the same memory at another offset
+        std::fill(mem.begin(), mem.end(), Zam8u(0xA5));
+        typename K<F>::IS* is = nullptr;
+        ASSERT_EQ(K<F>::iinit(&is, n, 0, mem.data() + 33, tmp.data()), zamStatusOk) << n;
+        ASSERT_EQ(K<F>::ibuf(is, &w), zamStatusOk);
+        EXPECT_EQ(w, c) << n;
+        for (size_t i = size_t(a) + 33; i < mem.size(); ++i) ASSERT_EQ(mem[i], 0xA5) << n;
+        EXPECT_EQ(K<F>::ifree(is), zamStatusOk);
     }
 }
 TEST(Dct, SizesOfTheMethods) {
@@ -289,6 +297,11 @@ TEST(Dct, Int16IsTheFloatTransformScaled) {
     EXPECT_EQ(y[0], 6400);  // 100 * 4096 / sqrt(4096)
     EXPECT_EQ(y[1], 0);
     EXPECT_EQ(zamsDCTFwdFree_16s(f), zamStatusOk);
+    ZamsDCTInvSpec_16s* iv = nullptr;
+    ASSERT_EQ(zamsDCTInvInit_16s(&iv, 4096, 0, mem.data() + 3, tmp.data() + 3), zamStatusOk);
+    ASSERT_EQ(zamsDCTInv_16s_Sfs(y.data(), x.data(), iv, 0, nullptr), zamStatusOk);
+    for (Zam16s v : x) ASSERT_EQ(v, 100);  // back to the constant
+    EXPECT_EQ(zamsDCTInvFree_16s(iv), zamStatusOk);
 }
 
 // The same bits whatever the addresses of the caller's vectors.
