@@ -152,6 +152,7 @@ typedef struct {
 #include "zams/stats.h"      /* reductions */
 #include "zams/fft.h"        /* FFT specifications, complex and real FFT */
 #include "zams/dft.h"        /* DFT of any length, Hilbert, Goertzel */
+#include "zams/dct.h"        /* discrete cosine transform */
 #include "zams/window.h"     /* window functions */
 #include "zams/conv.h"       /* correlation and convolution */
 #include "zams/gen.h"        /* random, triangle and tone generators, test vectors */

@@ -24,6 +24,7 @@
 
 #include <immintrin.h>
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -33,6 +34,7 @@
 #include "../common/ids.h"
 #include "../common/simd.h"
 #include "../common/spec.h"
+#include "../common/num/bits.h"
 #include "../common/trig.h"
 #include "zams.h"
 #include "zams_impl.h"
@@ -568,6 +570,16 @@ template <class F> void scale_n(F* a, size_t n, F s) {
 }
 
 // ------------------------------------------------------- table builders --
+// 1/sqrt(n) of the float transforms (the FFT's flag 4, the DCT's first
+// coefficient): 1/sqrt(n) with its significand cut to 12 bits (the same
+// estimate on every processor) refined by one Newton step in single
+// precision. Deliberately not the correctly rounded value.
+inline float rsqrt_refined(double n) {
+    const float r = float(from_bits(to_bits(1.0 / std::sqrt(n)) & ~((uint64_t(1) << 41) - 1)));
+    const float nf = float(n);
+    return (r * -0.5f) * ((nf * r) * r - 3.0f);
+}
+
 template <class F> inline void put_w(F* t, long long k, long long n) {
     // exp(-i pi k / n) = (cos, -sin)
     double s, c;

@@ -76,20 +76,10 @@ zamStatus get_size(int order, int flag, int hint, int* pSpecSize, int* pSpecBuff
     return zamStatusOk;
 }
 
-// 1/sqrt(N) of the float kinds: a 12-bit estimate (1/sqrt(N) with its
-// significand cut to 12 bits, the same on every processor) refined by one
-// Newton step in single precision. Deliberately not correctly rounded.
-inline float rsqrt_refined(int order) {
-    float r = order & 1 ? 0.70703125f : 1.0f;
-    for (int i = 0; i < order / 2; ++i) r *= 0.5f;
-    const float n = float(int64_t(1) << order);
-    return (r * -0.5f) * ((n * r) * r - 3.0f);
-}
-
 template <class F> F scale_for(int order, int flag) {
     const double n = double(int64_t(1) << order);
     if (flag == 4) {
-        if constexpr (sizeof(F) == 4) return rsqrt_refined(order);
+        if constexpr (sizeof(F) == 4) return rsqrt_refined(n);
         else return 1.0 / std::sqrt(n);
     }
     return F(1.0) / F(n);

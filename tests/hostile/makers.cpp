@@ -37,6 +37,9 @@ template <class T> const T* iir_ctaps() {
 #define ZAMS_DFT_ROW(S, ALLOC, FREE) ZAMS_ROW(S, FREE, ALLOC(ZAMS_STATE(S), 100, 8, 0))
 #define ZAMS_HILBERT_ROW(K) \
     ZAMS_ROW(ZamsHilbertSpec_##K, zamsHilbertFree_##K, zamsHilbertInitAlloc_##K(ZAMS_STATE(ZamsHilbertSpec_##K), 100, 0))
+// DCT: length 100 (the DFT underneath).
+#define ZAMS_DCT_ROW(D, K) \
+    ZAMS_ROW(ZamsDCT##D##Spec_##K, zamsDCT##D##Free_##K, zamsDCT##D##InitAlloc_##K(ZAMS_STATE(ZamsDCT##D##Spec_##K), 100, 0))
 // FIR: four taps; the integer-taps kinds with a taps factor of 0.
 template <class T> const T* fir_taps() {
     static const T taps[4] = {T{0.25}, T{0.5}, T{0.25}, T{0.125}};
@@ -103,6 +106,8 @@ const Maker kMakers[] = {
     ZAMS_HILBERT_ROW(32f32fc),
     ZAMS_HILBERT_ROW(16s32fc),
     ZAMS_HILBERT_ROW(16s16sc),
+    ZAMS_DCT_ROW(Fwd, 32f), ZAMS_DCT_ROW(Inv, 32f), ZAMS_DCT_ROW(Fwd, 64f),
+    ZAMS_DCT_ROW(Inv, 64f), ZAMS_DCT_ROW(Fwd, 16s), ZAMS_DCT_ROW(Inv, 16s),
     ZAMS_FIR_ROW(ZamsFIRState_32f, _32f, fir_taps<Zam32f>()),
     ZAMS_FIR_ROW(ZamsFIRState_32fc, _32fc, fir_ctaps<Zam32fc>()),
     ZAMS_FIR_ROW(ZamsFIRState_64f, _64f, fir_taps<Zam64f>()),

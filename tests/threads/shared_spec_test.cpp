@@ -65,12 +65,25 @@ struct Kind {
         },                                                                                                         \
         [](void* s) { return zamsHilbertFree_32f32fc(static_cast<ZamsHilbertSpec_32f32fc*>(s)); }
 
+// DCT kinds: the FFT method (1024), the DFT underneath (1000), the direct sums (30).
+#define ZAMS_DCT(D, K, FN, L, T, ...)                                                                              \
+    [](void** p) { return zamsDCT##D##InitAlloc_##K(reinterpret_cast<ZamsDCT##D##Spec_##K**>(p), L, 0); },          \
+        [](const void* s, int* n) { return zamsDCT##D##GetBufSize_##K(static_cast<const ZamsDCT##D##Spec_##K*>(s), n); }, \
+        [](const void* s, const void* in, void* out, Zam8u* b) {                                                  \
+            return FN(static_cast<const T*>(in), static_cast<T*>(out), static_cast<const ZamsDCT##D##Spec_##K*>(s),  \
+                      __VA_ARGS__ b);                                                                              \
+        },                                                                                                         \
+        [](void* s) { return zamsDCT##D##Free_##K(static_cast<ZamsDCT##D##Spec_##K*>(s)); }
 const Kind kKinds[] = {
     {"DFT C_32fc 1000", ZAMS_DFT(C_32fc, 1000, zamsDFTFwd_CToC_32fc, Zam32fc), 4, 2000, 2000, true},
     {"DFT C_32fc 1009", ZAMS_DFT(C_32fc, 1009, zamsDFTFwd_CToC_32fc, Zam32fc), 4, 2018, 2018, true},
     {"DFT C_64fc 1009", ZAMS_DFT(C_64fc, 1009, zamsDFTFwd_CToC_64fc, Zam64fc), 8, 2018, 2018, true},
     {"DFT R_32f 1000", ZAMS_DFT(R_32f, 1000, zamsDFTFwd_RToCCS_32f, Zam32f), 4, 1000, 1002, true},
     {"Hilbert 32f32fc 1000", ZAMS_HILBERT(1000), 4, 1000, 2000, true},
+    {"DCT Fwd 32f 1024", ZAMS_DCT(Fwd, 32f, zamsDCTFwd_32f, 1024, Zam32f), 4, 1024, 1024, true},
+    {"DCT Inv 32f 1000", ZAMS_DCT(Inv, 32f, zamsDCTInv_32f, 1000, Zam32f), 4, 1000, 1000, true},
+    {"DCT Fwd 64f 30", ZAMS_DCT(Fwd, 64f, zamsDCTFwd_64f, 30, Zam64f), 8, 30, 30, true},
+    {"DCT Inv 16s 1000", ZAMS_DCT(Inv, 16s, zamsDCTInv_16s_Sfs, 1000, Zam16s, 2, ), 2, 1000, 1000, false},
     {"C_32fc", ZAMS_ONE(C_32fc, zamsFFTFwd_CToC_32fc, Zam32fc, Zam32fc), 4, 2 * kN, 2 * kN, true},
     {"C_64fc", ZAMS_ONE(C_64fc, zamsFFTFwd_CToC_64fc, Zam64fc, Zam64fc), 8, 2 * kN, 2 * kN, true},
     {"C_32f", ZAMS_TWO(C_32f, zamsFFTFwd_CToC_32f, Zam32f), 4, 2 * kN, 2 * kN, true},
