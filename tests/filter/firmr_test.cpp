@@ -245,7 +245,13 @@ TEST(FirMR, FloatTapsOver16BitsAreTheFloatFilterConverted) {
     std::vector<float> xf(x.begin(), x.end()), df(d16.begin(), d16.end());
     for (int sf : {-2, 0, 3}) {
         ZamsFIRState32f_16s* p = nullptr;
-        ASSERT_EQ(zamsFIRMRInitAlloc32f_16s(&p, taps.data(), r.L, r.U, r.up, r.D, r.dp, d16.data()), 0);
+        int size = 0;
+        ASSERT_EQ(zamsFIRMRGetStateSize32f_16s(r.L, r.U, r.D, &size), 0);
+        std::vector<uint8_t> mem(static_cast<size_t>(size));
+        if (sf == 0)
+            ASSERT_EQ(zamsFIRMRInit32f_16s(&p, taps.data(), r.L, r.U, r.up, r.D, r.dp, d16.data(), mem.data()), 0);
+        else
+            ASSERT_EQ(zamsFIRMRInitAlloc32f_16s(&p, taps.data(), r.L, r.U, r.up, r.D, r.dp, d16.data()), 0);
         State<float, ZamsFIRState_32f> f(k32f, taps, r, df.data());
         std::vector<Zam16s> y(static_cast<size_t>(N * r.U)), want(y.size());
         std::vector<float> yf(y.size());
