@@ -250,13 +250,17 @@ template <class K> void run_chunk(const Hdr* h, int64_t b0, int64_t b1, typename
     const typename K::Work* x[kPiece];
     typename K::Acc acc[kPiece];
     const int64_t end = b1 * U;
+    int64_t at = 0;  // the stage offset of block b's windows
+    int j = 0;       // the output's place in its block
     for (int64_t o = b0 * U; o < end; o += kPiece) {
         const int n = int(std::min<int64_t>(kPiece, end - o));
         for (int i = 0; i < n; ++i) {
-            const int64_t b = (o + i) / U;
-            const int j = int((o + i) - b * U);
             c[i] = sub + int64_t(ph[2 * j]) * M;
-            x[i] = st + (ph[2 * j + 1] + 1 + (b - b0) * D);
+            x[i] = st + (at + ph[2 * j + 1] + 1);
+            if (++j == U) {
+                j = 0;
+                at += D;
+            }
         }
         dots<K>(c, x, n, M, acc);
         emit<typename K::Part>(acc, dst + o, n, scale);

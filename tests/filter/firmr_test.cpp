@@ -409,41 +409,39 @@ TEST(FirMR, StatusesAndKinds) {
     EXPECT_EQ(zamsFIRFree32s_16s(i16), 0);
 }
 
+template <class T, class S> void digest_kind(zt::Digest& d, const Api<T, S>& a, const Rate& r, uint32_t seed) {
+    const int N = 20;
+    auto taps = rnd<T>(r.L, seed), x = rnd<T>(N * r.D, seed + 1);
+    std::vector<T> y(static_cast<size_t>(N * r.U));
+    S* p = nullptr;
+    d.status(a.alloc(&p, taps.data(), r.L, r.U, r.up, r.D, r.dp, nullptr));
+    d.status(a.filter(x.data(), y.data(), N, p));
+    d.add(y);
+    a.release(p);
+}
+
 ZAMS_DIGEST(firmr) {
     for (const Rate& r : kRates) {
         const int N = 20;
-        auto taps = rnd<float>(r.L, 20), x = rnd<float>(N * r.D, 21);
-        std::vector<float> y(static_cast<size_t>(N * r.U));
-        ZamsFIRState_32f* p = nullptr;
-        d.status(zamsFIRMRInitAlloc_32f(&p, taps.data(), r.L, r.U, r.up, r.D, r.dp, nullptr));
-        d.status(zamsFIR_32f(x.data(), y.data(), N, p));
-        d.add(y);
-        zamsFIRFree_32f(p);
-        std::vector<Zam32fc> tc = rnd<Zam32fc>(r.L, 22), xc = rnd<Zam32fc>(N * r.D, 23), yc(y.size());
-        ZamsFIRState_32fc* c = nullptr;
-        d.status(zamsFIRMRInitAlloc_32fc(&c, tc.data(), r.L, r.U, r.up, r.D, r.dp, nullptr));
-        d.status(zamsFIR_32fc(xc.data(), yc.data(), N, c));
-        d.add(yc);
-        zamsFIRFree_32fc(c);
-        std::vector<Zam64f> td = rnd<Zam64f>(r.L, 24), xd = rnd<Zam64f>(N * r.D, 25), yd(y.size());
-        ZamsFIRState_64f* q = nullptr;
-        d.status(zamsFIRMRInitAlloc_64f(&q, td.data(), r.L, r.U, r.up, r.D, r.dp, nullptr));
-        d.status(zamsFIR_64f(xd.data(), yd.data(), N, q));
-        d.add(yd);
-        zamsFIRFree_64f(q);
-        std::vector<Zam64fc> tz = rnd<Zam64fc>(r.L, 26), xz = rnd<Zam64fc>(N * r.D, 27), yz(y.size());
-        ZamsFIRState_64fc* z = nullptr;
-        d.status(zamsFIRMRInitAlloc_64fc(&z, tz.data(), r.L, r.U, r.up, r.D, r.dp, nullptr));
-        d.status(zamsFIR_64fc(xz.data(), yz.data(), N, z));
-        d.add(yz);
-        zamsFIRFree_64fc(z);
+        digest_kind(d, k32f, r, 20);
+        digest_kind(d, k32fc, r, 22);
+        digest_kind(d, k64f, r, 24);
+        digest_kind(d, k64fc, r, 26);
+        auto taps = rnd<float>(r.L, 20);
+        std::vector<Zam16s> y16(static_cast<size_t>(N * r.U));
         auto x16 = fm::rand_16s(N * r.D, 28);
-        std::vector<Zam16s> y16(y.size());
         ZamsFIRState32f_16s* f = nullptr;
         d.status(zamsFIRMRInitAlloc32f_16s(&f, taps.data(), r.L, r.U, r.up, r.D, r.dp, nullptr));
         d.status(zamsFIR32f_16s_Sfs(x16.data(), y16.data(), N, f, 1));
         d.add(y16);
         zamsFIRFree32f_16s(f);
+        std::vector<Zam32s> ti(taps.size());
+        for (size_t k = 0; k < ti.size(); ++k) ti[k] = Zam32s(taps[k] * 100000);
+        ZamsFIRState32s_16s* q = nullptr;
+        d.status(zamsFIRMRInitAlloc32s_16s(&q, ti.data(), r.L, 1, r.U, r.up, r.D, r.dp, nullptr));
+        d.status(zamsFIR32s_16s_Sfs(x16.data(), y16.data(), N, q, 2));
+        d.add(y16);
+        zamsFIRFree32s_16s(q);
     }
 }
 
