@@ -24,10 +24,11 @@ std::vector<float> signal(int n, int salt) {
 ZAMS_BENCH(firmr_32f) {
     constexpr int U = 3, D = 2, L = 96, kIn = 16384, N = kIn / D, kOut = N * U;
     auto taps = signal(L, 1), x = signal(kIn, 2);
-    std::vector<float> y(size_t(kOut)), up(size_t(kIn * U)), yl(size_t(kOut));
-    // liquid's decimator keeps the second of each pair: down phase 1.
+    std::vector<float> y(static_cast<size_t>(kOut)), up(static_cast<size_t>(kIn * U)), yl(static_cast<size_t>(kOut));
+
+    // liquid's decimator keeps the first of each pair: down phase 0.
     ZamsFIRState_32f* st = nullptr;
-    zamsFIRMRInitAlloc_32f(&st, taps.data(), L, U, 0, D, 1, nullptr);
+    zamsFIRMRInitAlloc_32f(&st, taps.data(), L, U, 0, D, 0, nullptr);
     firinterp_rrrf interp = firinterp_rrrf_create(U, taps.data(), L);
     float one = 1.0f;
     firdecim_rrrf keep = firdecim_rrrf_create(D, &one, 1);
@@ -42,7 +43,7 @@ ZAMS_BENCH(firmr_32f) {
     std::printf("firmr_32f: largest difference from liquid's interpolator and decimator %.3g\n", worst);
 
     // The floor: the polyphase sum in a plain loop.
-    std::vector<float> hist(size_t(L / U) + size_t(kIn), 0.0f);
+    std::vector<float> hist(static_cast<size_t>(L / U) + size_t(kIn), 0.0f);
     std::copy(x.begin(), x.end(), hist.begin() + L / U);
     b.row("FIRMR_32f up 3 down 2 taps 96", kIn, 0,
           {{"zams", [&] { zamsFIR_32f(x.data(), y.data(), N, st); }},
@@ -58,7 +59,7 @@ ZAMS_BENCH(firmr_32f) {
             }},
            {"loop", [&] {
                 for (int o = 0; o < kOut; ++o) {
-                    const int t = o * D + 1, p = t % U, q = t / U + L / U;
+                    const int t = o * D, p = t % U, q = t / U + L / U;
                     float s = 0;
                     for (int k = p, i = q; k < L; k += U, --i) s += taps[size_t(k)] * hist[size_t(i)];
                     y[size_t(o)] = s;
