@@ -329,5 +329,51 @@ ZAMSAPI zamStatus zamsFIR64fc_Direct_32sc_ISfs(Zam32sc* pSrcDst, int numIters, c
 ZAMSAPI zamStatus zamsFIROne64fc_Direct_32sc_Sfs(Zam32sc src, Zam32sc* pDstVal, const Zam64fc* pTaps, int tapsLen, Zam32sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
 ZAMSAPI zamStatus zamsFIROne64fc_Direct_32sc_ISfs(Zam32sc* pSrcDstVal, const Zam64fc* pTaps, int tapsLen, Zam32sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
 
+/* ---- multirate filters ----
+ * A multirate filter up-samples by upFactor (each input x[i] placed at i x upFactor + upPhase,
+ * zeros between), filters with the taps, and keeps every downFactor-th sample starting at
+ * downPhase. Factors below 1 give -29, phases outside [0, factor) give -28.
+ * numIters counts whole blocks: each block reads downFactor inputs and writes upFactor
+ * outputs, so pSrc holds numIters x downFactor samples and pDst numIters x upFactor.
+ * An in-place call (_I) needs a vector of the larger of the two lengths.
+ *
+ * The delay line holds ceil(tapsLen / upFactor) input samples, newest first (null: zeros);
+ * GetDlyLine and SetDlyLine move that many. The states are of the single-rate types and
+ * are used through their entry points: zamsFIR_32f, zamsFIR_32f_I, zamsFIRSetTaps_32f,
+ * zamsFIRGetTaps_32f, zamsFIRSetDlyLine_32f, zamsFIRGetDlyLine_32f and zamsFIRFree_32f
+ * take a 32f multirate state (the stream state: zamsFIR_32f and zamsFIRFree_32f only); the
+ * 32fc, 64f, 64fc, 32f_16s and 32s_16s entry points take a multirate state of their type.
+ * The one-sample forms refuse them (-17). 32s_16s keeps its taps in 16 bits by the
+ * single-rate rule (shifted right while the largest exceeds 32766; given as floats: scaled
+ * by the power of two that brings the largest to at most 32766) and sums exactly.
+ *
+ * Sizes: GetStateSize takes the taps length and both factors; Init lays the state into a
+ * buffer of that size (rounded up to 32 bytes). Checks: pointers (-8), tapsLen (-26),
+ * then the factors and phases in the order they stand; a state too large for a 32-bit
+ * size gives -9. Filtering never allocates. */
+ZAMSAPI zamStatus zamsFIRMRGetStateSize_32f(int tapsLen, int upFactor, int downFactor, int* pSize);
+ZAMSAPI zamStatus zamsFIRMRInit_32f(ZamsFIRState_32f** ppState, const Zam32f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam32f* pDlyLine, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFIRMRInitAlloc_32f(ZamsFIRState_32f** ppState, const Zam32f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam32f* pDlyLine);
+ZAMSAPI zamStatus zamsFIRMRStreamGetStateSize_32f(int tapsLen, int upFactor, int downFactor, int* pSize);
+ZAMSAPI zamStatus zamsFIRMRStreamInit_32f(ZamsFIRState_32f** ppState, const Zam32f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam32f* pDlyLine, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFIRMRStreamInitAlloc_32f(ZamsFIRState_32f** ppState, const Zam32f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam32f* pDlyLine);
+ZAMSAPI zamStatus zamsFIRMRGetStateSize_32fc(int tapsLen, int upFactor, int downFactor, int* pSize);
+ZAMSAPI zamStatus zamsFIRMRInit_32fc(ZamsFIRState_32fc** ppState, const Zam32fc* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam32fc* pDlyLine, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFIRMRInitAlloc_32fc(ZamsFIRState_32fc** ppState, const Zam32fc* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam32fc* pDlyLine);
+ZAMSAPI zamStatus zamsFIRMRGetStateSize_64f(int tapsLen, int upFactor, int downFactor, int* pSize);
+ZAMSAPI zamStatus zamsFIRMRInit_64f(ZamsFIRState_64f** ppState, const Zam64f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam64f* pDlyLine, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFIRMRInitAlloc_64f(ZamsFIRState_64f** ppState, const Zam64f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam64f* pDlyLine);
+ZAMSAPI zamStatus zamsFIRMRGetStateSize_64fc(int tapsLen, int upFactor, int downFactor, int* pSize);
+ZAMSAPI zamStatus zamsFIRMRInit_64fc(ZamsFIRState_64fc** ppState, const Zam64fc* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam64fc* pDlyLine, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFIRMRInitAlloc_64fc(ZamsFIRState_64fc** ppState, const Zam64fc* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam64fc* pDlyLine);
+ZAMSAPI zamStatus zamsFIRMRGetStateSize32f_16s(int tapsLen, int upFactor, int downFactor, int* pSize);
+ZAMSAPI zamStatus zamsFIRMRInit32f_16s(ZamsFIRState32f_16s** ppState, const Zam32f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam16s* pDlyLine, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFIRMRInitAlloc32f_16s(ZamsFIRState32f_16s** ppState, const Zam32f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam16s* pDlyLine);
+ZAMSAPI zamStatus zamsFIRMRGetStateSize32s_16s(int tapsLen, int upFactor, int downFactor, int* pSize);
+ZAMSAPI zamStatus zamsFIRMRInit32s_16s(ZamsFIRState32s_16s** ppState, const Zam32s* pTaps, int tapsLen, int tapsFactor, int upFactor, int upPhase, int downFactor, int downPhase, const Zam16s* pDlyLine, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFIRMRInitAlloc32s_16s(ZamsFIRState32s_16s** ppState, const Zam32s* pTaps, int tapsLen, int tapsFactor, int upFactor, int upPhase, int downFactor, int downPhase, const Zam16s* pDlyLine);
+ZAMSAPI zamStatus zamsFIRMRGetStateSize32s_16s32f(int tapsLen, int upFactor, int downFactor, int* pSize);
+ZAMSAPI zamStatus zamsFIRMRInit32s_16s32f(ZamsFIRState32s_16s** ppState, const Zam32f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam16s* pDlyLine, Zam8u* pBuffer);
+ZAMSAPI zamStatus zamsFIRMRInitAlloc32s_16s32f(ZamsFIRState32s_16s** ppState, const Zam32f* pTaps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, const Zam16s* pDlyLine);
 
 #endif

@@ -60,6 +60,8 @@ inline constexpr int32_t Fir32f = msb4("FI01"), Fir32fc = msb4("FI02"), FirMR32f
                          Fir64f16s = msb4("FI25"), Fir64fc16sc = msb4("FI26"), Fir16s = msb4("FI29"),
                          FirStream32f = msb4("FI33"), FirMRStream32f = msb4("FI34"),
                          FirSparse32f = msb4("FS01");  // named only by its functions
+// Multirate states of the types that have no word of their own above.
+inline constexpr int32_t FirMR32fc = msb4("FI04"), FirMR64f = msb4("FI15"), FirMR64fc = msb4("FI16");
 
 // ---- IIR states
 inline constexpr int32_t Iir32f = msb4("II01"), IirBq32f = msb4("II02"), Iir32f16s = msb4("II05"),
@@ -85,7 +87,8 @@ inline constexpr int32_t kAll[] = {
     Fir64fc, Fir64f32f, Fir64fc32fc, Fir64f32s, Fir64fc32sc, Fir64f16s, Fir64fc16sc, Fir16s, FirStream32f,
     FirMRStream32f, FirSparse32f, Iir32f, IirBq32f, Iir32f16s, IirBq32f16s, Iir32fc16sc, IirBq32fc16sc, Iir64f, IirBq64f,
     Iir64fc, IirBq64fc, Iir64f32f, IirBq64f32f, Iir64fc32fc, IirBq64fc32fc, Iir64f32s, Iir64fc32sc, IirBq64fc32sc,
-    Iir64f16s, IirBq64f16s, Iir64fc16sc, IirBq64fc16sc, IirBqDF1_32f, Lms32f};
+    Iir64f16s, IirBq64f16s, Iir64fc16sc, IirBq64fc16sc, IirBqDF1_32f, Lms32f,
+    FirMR32fc, FirMR64f, FirMR64fc};
 
 constexpr bool all_distinct() {
     for (int32_t a : kAll) {

@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "fir_32f.h"
+#include "firmr.h"
 
 namespace zams::fir {
 namespace {
@@ -20,7 +21,7 @@ struct Route {
     zamStatus (*getTaps)(const void*, float*);
     zamStatus (*setDly)(void*, const float*);
     zamStatus (*getDly)(const void*, float*);
-    bool freeable;
+    zamStatus (*release)(void*);
 };
 
 Hdr32* h32(const void* p) { return static_cast<Hdr32*>(const_cast<void*>(p)); }
@@ -42,9 +43,23 @@ zamStatus sr_get_dly(const void* p, float* d) {
     return zamStatusOk;
 }
 
+zamStatus sr_free(void* p) { return free32(p, {word_at(p, 0)}); }
+
+// The multirate kinds (src/filter/firmr.cpp).
+zamStatus mr_filter(void* p, const float* s, float* d, int n) { return mr::k32f.filter(p, s, d, n, 0); }
+zamStatus mr_stream_filter(void* p, const float* s, float* d, int n) { return mr::kStream32f.filter(p, s, d, n, 0); }
+zamStatus mr_set_taps(void* p, const float* t) { return mr::k32f.setTaps(p, t, 0); }
+zamStatus mr_get_taps(const void* p, float* t) { return mr::k32f.getTaps(p, t); }
+zamStatus mr_set_dly(void* p, const float* d) { return mr::k32f.setDly(p, d); }
+zamStatus mr_get_dly(const void* p, float* d) { return mr::k32f.getDly(p, d); }
+zamStatus mr_free(void* p) { return mr::k32f.release(p); }
+zamStatus mr_stream_free(void* p) { return mr::kStream32f.release(p); }
+
 constexpr Route kRoutes[] = {
-    {id::Fir32f, sr_filter, sr_set_taps, sr_get_taps, sr_set_dly, sr_get_dly, true},
-    {id::FirStream32f, sr_filter, nullptr, nullptr, nullptr, nullptr, true},
+    {id::Fir32f, sr_filter, sr_set_taps, sr_get_taps, sr_set_dly, sr_get_dly, sr_free},
+    {id::FirStream32f, sr_filter, nullptr, nullptr, nullptr, nullptr, sr_free},
+    {id::FirMR32f, mr_filter, mr_set_taps, mr_get_taps, mr_set_dly, mr_get_dly, mr_free},
+    {id::FirMRStream32f, mr_stream_filter, nullptr, nullptr, nullptr, nullptr, mr_stream_free},
 };
 
 // The route of a state, after the pointer checks: null when its kind takes
@@ -64,8 +79,8 @@ zamStatus filter_32f(const float* s, float* d, int n, void* p) {
 }
 zamStatus free_32f(void* p) {
     if (!p) return zamStatusNullPointer;
-    const Route* r = route(p, &Route::freeable);
-    return r ? free32(p, {r->id}) : zamStatusContextMismatch;
+    const Route* r = route(p, &Route::release);
+    return r ? r->release(p) : zamStatusContextMismatch;
 }
 template <class Op, class... A> zamStatus call(void* p, Op Route::* op, A... a) {
     const Route* r = route(p, op);
@@ -79,6 +94,7 @@ constexpr int kPiece = 8448;
 zamStatus filter_32f16s(const Zam16s* s, Zam16s* d, int n, void* p, int sf) {
     if (zamStatus st = check_ptr(p, s, d)) return st;
     if (n < 1) return zamStatusBadLength;
+    if (auto* m = mr::match(&mr::k32f16s, p)) return m->filter(p, s, d, n, sf);
     zamStatus st;
     Hdr32* h = state_of<Hdr32>(p, {id::Fir32f16s}, st);
     if (!h) return st;
@@ -173,20 +189,26 @@ ZAMS_FN(zamStatus, zamsFIRInitAlloc32f_16s)(ZamsFIRState32f_16s** pp, const Zam3
     if (s == zamStatusOk && d) g9_zamsFIRSetDlyLine32f_16s(*pp, d);
     return s;
 }
-ZAMS_FN(zamStatus, zamsFIRFree32f_16s)(ZamsFIRState32f_16s* p) { return free32(p, {zams::id::Fir32f16s}); }
+ZAMS_FN(zamStatus, zamsFIRFree32f_16s)(ZamsFIRState32f_16s* p) {
+    if (auto* m = mr::match(&mr::k32f16s, p)) return m->release(p);
+    return free32(p, {zams::id::Fir32f16s});
+}
 ZAMS_FN(zamStatus, zamsFIRSetTaps32f_16s)(const Zam32f* t, ZamsFIRState32f_16s* p) {
     if (zamStatus s = check_ptr(t, p)) return s;
+    if (auto* m = mr::match(&mr::k32f16s, p)) return m->setTaps(p, t, 0);
     zamStatus s;
     if (Hdr32* h = state16(p, s)) set_taps32(h, t);
     return s;
 }
 ZAMS_FN(zamStatus, zamsFIRGetTaps32f_16s)(const ZamsFIRState32f_16s* p, Zam32f* t) {
     if (zamStatus s = check_ptr(p, t)) return s;
+    if (auto* m = mr::match(&mr::k32f16s, p)) return m->getTaps(p, t);
     zamStatus s;
     if (Hdr32* h = state16(p, s)) std::memcpy(t, h->taps(), size_t(h->tapsLen) * sizeof(float));
     return s;
 }
 ZAMS_FN(zamStatus, zamsFIRSetDlyLine32f_16s)(ZamsFIRState32f_16s* p, const Zam16s* d) {
+    if (auto* m = mr::match(&mr::k32f16s, p)) return m->setDly(p, d);
     zamStatus s;
     Hdr32* h = state16(p, s);
     if (!h) return s;
@@ -197,6 +219,7 @@ ZAMS_FN(zamStatus, zamsFIRSetDlyLine32f_16s)(ZamsFIRState32f_16s* p, const Zam16
 }
 ZAMS_FN(zamStatus, zamsFIRGetDlyLine32f_16s)(const ZamsFIRState32f_16s* p, Zam16s* d) {
     if (zamStatus s = check_ptr(p, d)) return s;
+    if (auto* m = mr::match(&mr::k32f16s, p)) return m->getDly(p, d);
     zamStatus s;
     Hdr32* h = state16(p, s);
     if (!h) return s;

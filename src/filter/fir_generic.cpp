@@ -6,6 +6,7 @@
 
 #include "../common/spec.h"
 #include "fir_generic.h"
+#include "firmr.h"
 
 namespace zams::fir {
 namespace {
@@ -88,8 +89,7 @@ template <class P> void set_taps(Hdr* h, const typename P::Taps* taps, int facto
             double p[2];
             for (int k = 0, n = parts_of(taps[i], p); k < n; ++k) m = std::max<int64_t>(m, p[k] < 0 ? -int64_t(p[k]) : int64_t(p[k]));
         }
-        int s = 0;
-        for (; m > 32766; m >>= 1) ++s;
+        const int s = taps_shift(m);
         h->total = add_scale(s, factor);
         for (int i = 0; i < L; ++i) {
             double p[2];
@@ -103,11 +103,7 @@ template <class P> void set_taps(Hdr* h, const typename P::Taps* taps, int facto
             double p[2];
             for (int k = 0, n = parts_of(taps[i], p); k < n; ++k) m = std::max(m, p[k] < 0 ? -p[k] : p[k]);
         }
-        int f = 0;
-        if (m > 0) {
-            while (f > -1000 && m * pow2(f) > 32766) --f;
-            while (f < 62 && m * pow2(f + 1) <= 32766) ++f;
-        }
+        const int f = taps_fit(m);
         h->total = f;
         for (int i = 0; i < L; ++i) {
             double p[2];
@@ -135,6 +131,11 @@ template <class P> void set_dly(Hdr* h, const typename P::Data* dly) {
 }
 
 template <class P> Hdr* state(void* p, zamStatus& s) { return state_of<Hdr>(p, {P::id}, s); }
+
+// The multirate kind a pair's entry points also take (firmr.h), by pair;
+// null for the pairs without one. mr_of gives its operations when p is one.
+template <class P> inline const mr::Ops<typename P::Taps, typename P::Data>* const kMr = nullptr;
+template <class P> auto mr_of(const void* p) { return mr::match(kMr<P>, p); }
 
 template <class P> zamStatus get_size(int L, int* pSize) {
     if (zamStatus s = check_ptr(pSize)) return s;
@@ -169,10 +170,14 @@ zamStatus init_alloc(void** pp, const typename P::Taps* taps, int L, int factor,
     });
 }
 
-template <class P> zamStatus free_state(void* p) { return release(p, {P::id}, kShape); }
+template <class P> zamStatus free_state(void* p) {
+    if (auto* m = mr_of<P>(p)) return m->release(p);
+    return release(p, {P::id}, kShape);
+}
 
 template <class P> zamStatus set_taps_api(const typename P::Taps* taps, void* p, int factor = 0) {
     if (zamStatus s = check_ptr(taps, p)) return s;
+    if (auto* m = mr_of<P>(p)) return m->setTaps(p, taps, factor);
     zamStatus s;
     Hdr* h = state<P>(p, s);
     if (h) set_taps<P>(h, taps, factor);
@@ -181,6 +186,7 @@ template <class P> zamStatus set_taps_api(const typename P::Taps* taps, void* p,
 
 template <class P> zamStatus get_taps_api(const void* p, typename P::Taps* out) {
     if (zamStatus s = check_ptr(p, out)) return s;
+    if (auto* m = mr_of<P>(p)) return m->getTaps(p, out);
     zamStatus s;
     Hdr* h = state<P>(const_cast<void*>(p), s);
     if (!h) return s;
@@ -194,6 +200,7 @@ template <class P> zamStatus get_taps_api(const void* p, typename P::Taps* out) 
 }
 
 template <class P> zamStatus set_dly_api(void* p, const typename P::Data* dly) {
+    if (auto* m = mr_of<P>(p)) return m->setDly(p, dly);
     zamStatus s;
     Hdr* h = state<P>(p, s);
     if (h) set_dly<P>(h, dly);
@@ -202,6 +209,7 @@ template <class P> zamStatus set_dly_api(void* p, const typename P::Data* dly) {
 
 template <class P> zamStatus get_dly_api(const void* p, typename P::Data* out) {
     if (zamStatus s = check_ptr(p, out)) return s;
+    if (auto* m = mr_of<P>(p)) return m->getDly(p, out);
     zamStatus s;
     Hdr* h = state<P>(const_cast<void*>(p), s);
     if (!h) return s;
@@ -219,6 +227,7 @@ template <class P> zamStatus filter(const typename P::Data* src, typename P::Dat
     using Coef = typename P::Coef;
     if (zamStatus s = check_ptr(p, src, dst)) return s;
     if (len < 1) return zamStatusBadLength;
+    if (auto* m = mr_of<P>(p)) return m->filter(p, src, dst, len, sf);
     zamStatus s;
     Hdr* h = state<P>(p, s);
     if (!h) return s;
@@ -306,6 +315,12 @@ using P64fc16sc = Pair<Zam64fc, Zam16sc, Zam64fc, double, Zam64fc, Rule::Plain, 
 using P64fc32sc = Pair<Zam64fc, Zam32sc, Zam64fc, double, Zam64fc, Rule::Plain, id::Fir64fc32sc>;
 using P64fc32fc = Pair<Zam64fc, Zam32fc, Zam64fc, double, Zam64fc, Rule::Plain, id::Fir64fc32fc>;
 using P16s = Pair<Zam16s, Zam16s, Zam16s, double, Zam16s, Rule::Int16, id::Fir16s>;
+
+template <> inline const mr::Ops<Zam32fc, Zam32fc>* const kMr<P32fc> = &mr::k32fc;
+template <> inline const mr::Ops<Zam64f, Zam64f>* const kMr<P64f> = &mr::k64f;
+template <> inline const mr::Ops<Zam64fc, Zam64fc>* const kMr<P64fc> = &mr::k64fc;
+template <> inline const mr::Ops<Zam32s, Zam16s>* const kMr<P32s16s> = &mr::k32s16s;
+template <> inline const mr::Ops<float, Zam16s>* const kMr<P32s16s32f> = &mr::k32s16s32f;
 
 }  // namespace
 }  // namespace zams::fir

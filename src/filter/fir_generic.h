@@ -73,6 +73,23 @@ inline int64_t dot16(const Zam16s* c, const Zam16s* x, int n) {
     return s;
 }
 
+// Taps kept in 16 bits: integer taps shifted right by taps_shift(largest
+// magnitude) and float taps scaled by 2^taps_fit(largest magnitude), so the
+// largest is at most 32766 (not 32767: a pair of products stays below 2^31).
+inline int taps_shift(int64_t m) {
+    int s = 0;
+    for (; m > 32766; m >>= 1) ++s;
+    return s;
+}
+inline int taps_fit(double m) {
+    int f = 0;
+    if (m > 0) {
+        while (f > -1000 && m * pow2(f) > 32766) --f;
+        while (f < 62 && m * pow2(f + 1) <= 32766) ++f;
+    }
+    return f;
+}
+
 // The accumulator of a sum of Coef x Data.
 template <class Coef, class Data> struct AccOf {
     using type = std::conditional_t<std::is_integral_v<Coef>, int64_t, std::conditional_t<is_complex_v<Coef>, CD, double>>;
