@@ -44,6 +44,8 @@ const Exception kExceptions[] = {
     {"zamsDFTOutOrdGetSize_*", "all null", "the length is checked before the pointers, as the FFT size query checks its order"},
     {"zamsDFTOutOrdInit_*", "error writes", "the header is laid into pMemSpec before the flag is checked, its identifier left 0"},
     {"zamsDFTOutOrdInit_*", "null pSpecBuffer", "length 100 builds no table that needs the build buffer"},
+    {"zamsSortRadixAscend_*", "null pBuffer", "a null work buffer makes the sort allocate its own"},
+    {"zamsSortRadixDescend_*", "null pBuffer", "a null work buffer makes the sort allocate its own"},
 };
 const size_t kExceptionCount = sizeof(kExceptions) / sizeof(kExceptions[0]);
 
