@@ -108,7 +108,7 @@ template <class T, Dir D> class Radix {
     using U = Key<T>;
     static constexpr int kDigits = int(sizeof(U));
     static constexpr int kTeam = 2;
-    enum class Op : uint8_t { Count, Move, CopyBack, Identity };
+    enum class Op : uint8_t { Move, CopyBack, Identity };
     struct Step {
         Op op;
         int8_t pass;  // which move: 0 first
@@ -116,7 +116,8 @@ template <class T, Dir D> class Radix {
 
 public:
     Radix(T* a, int* idx, int len, uint8_t* work)
-        : a_(a), idx_(idx), len_(len), tk_(work), ti_(reinterpret_cast<int*>(work + layout(len, sizeof(T), idx != nullptr).idxAt)) {}
+        : a_(a), idx_(idx), len_(len), tk_(work),
+          ti_(reinterpret_cast<int*>(work + layout(len, sizeof(T), idx != nullptr).idxAt)) {}
 
     void run(int threshold) {
         run_steps(
@@ -130,28 +131,22 @@ private:
     int len_;
     uint8_t* tk_;
     int* ti_;
-    uint32_t all_[kTeam][kDigits][256];  // step 0: every digit of each slice of the vector
-    uint32_t count_[kTeam][256];         // a Count step: the next move's digit of each slice
-    uint32_t pos_[kTeam][256];           // where each slice's keys of a digit value go
-    int digit_[kDigits];                 // the digit each move sorts by
+    uint32_t all_[kTeam][kDigits][256];    // step 0: every digit of each slice of the vector
+    uint32_t next_[kTeam][kTeam][256];     // a move of thread t: the next digit by destination slice
+    uint32_t count_[kTeam][256];           // the next digit of each slice, summed over threads
+    uint32_t pos_[kTeam][256];             // where each slice's keys of a digit value go
+    int digit_[kDigits];                   // the digit each move sorts by
     int moves_ = 0;
-    Step plan_[2 * kDigits + 1];
+    Step plan_[kDigits + 1];
     int steps_ = 0;
+    int members_ = 1;
+    uint32_t bound_ = 0;                   // the first position of the second slice
 
     // Move j reads the vector when j is even and the work area when odd.
     void* keys_from(int j) const { return j % 2 ? static_cast<void*>(tk_) : static_cast<void*>(a_); }
     void* keys_to(int j) const { return j % 2 ? static_cast<void*>(a_) : static_cast<void*>(tk_); }
     int* idx_from(int j) const { return j % 2 ? ti_ : idx_; }
     int* idx_to(int j) const { return j % 2 ? idx_ : ti_; }
-
-    template <bool First> U key_at(const void* src, int i) const {
-        if constexpr (First) return to_key<T, D>(load<T>(src, i));
-        else return load<U>(src, i);
-    }
-
-    template <bool First> void count(const void* src, int off, int n, int shift, uint32_t* h) const {
-        for (int i = off; i < off + n; ++i) ++h[(key_at<First>(src, i) >> shift) & 255];
-    }
 
     void count_all(int t, int off, int n) {
         std::memset(all_[t], 0, sizeof all_[t]);
@@ -161,39 +156,49 @@ private:
         }
     }
 
-    template <bool First, bool Last, bool WithIdx> void move(int j, int t, int off, int n) {
+    // A team's later moves need each slice's counts of their digit, and the
+    // slices then hold other keys: a move counts the next digit of every key
+    // it writes, by the slice the key lands in.
+    template <bool First, bool Last, bool WithIdx, bool Next> void move(int j, int t, int off, int n) {
         const void* src = keys_from(j);
         void* dst = keys_to(j);
         const int* si = idx_from(j);
         int* di = idx_to(j);
-        const int shift = 8 * digit_[j];
-        uint32_t pos[256];
+        const int shift = 8 * digit_[j], nshift = Next ? 8 * digit_[j + 1] : 0;
+        uint32_t pos[256], next[kTeam][256];
         std::memcpy(pos, pos_[t], sizeof pos);
+        if constexpr (Next) std::memset(next, 0, sizeof next);
         for (int i = off; i < off + n; ++i) {
-            const U k = key_at<First>(src, i);
-            const int p = int(pos[(k >> shift) & 255]++);
-            if constexpr (Last) store<T>(dst, p, from_key<T, D>(k));
-            else store<U>(dst, p, k);
+            U k;
+            if constexpr (First) k = to_key<T, D>(load<T>(src, i));
+            else k = load<U>(src, i);
+            const uint32_t p = pos[(k >> shift) & 255]++;
+            if constexpr (Last) store<T>(dst, int(p), from_key<T, D>(k));
+            else store<U>(dst, int(p), k);
             if constexpr (WithIdx) di[p] = First ? i : si[i];
+            if constexpr (Next) ++next[p >= bound_][(k >> nshift) & 255];
         }
+        if constexpr (Next) std::memcpy(next_[t], next, sizeof next);
     }
 
     template <bool WithIdx> void move_any(int j, int t, int off, int n) {
-        const bool first = j == 0, last = j == moves_ - 1;
-        if (first && last) move<true, true, WithIdx>(j, t, off, n);
-        else if (first) move<true, false, WithIdx>(j, t, off, n);
-        else if (last) move<false, true, WithIdx>(j, t, off, n);
-        else move<false, false, WithIdx>(j, t, off, n);
+        const bool first = j == 0, last = j == moves_ - 1, next = !last && members_ > 1;
+        if (last) {
+            if (first) move<true, true, WithIdx, false>(j, t, off, n);
+            else move<false, true, WithIdx, false>(j, t, off, n);
+        } else if (next) {
+            if (first) move<true, false, WithIdx, true>(j, t, off, n);
+            else move<false, false, WithIdx, true>(j, t, off, n);
+        } else {
+            if (first) move<true, false, WithIdx, false>(j, t, off, n);
+            else move<false, false, WithIdx, false>(j, t, off, n);
+        }
     }
 
     void step(int k, int t, int off, int n) {
         if (k == 0) return count_all(t, off, n);
         const Step s = plan_[k - 1];
         switch (s.op) {
-            case Op::Count:
-                std::memset(count_[t], 0, sizeof count_[t]);
-                count<false>(keys_from(s.pass), off, n, 8 * digit_[s.pass], count_[t]);
-                break;
             case Op::Move:
                 if (idx_) move_any<true>(s.pass, t, off, n);
                 else move_any<false>(s.pass, t, off, n);
@@ -209,10 +214,9 @@ private:
     }
 
     // The plan: a digit that every key shares moves nothing and is skipped.
-    // The first move and every move of one thread take their counts from
-    // step 0; later moves of a team count their slices again, since the
-    // slices then hold other keys.
     void make_plan(int members) {
+        members_ = members;
+        bound_ = uint32_t(len_ / members);
         for (int d = 0; d < kDigits; ++d) {
             bool shared = false;
             for (int v = 0; v < 256 && !shared; ++v) {
@@ -222,17 +226,22 @@ private:
             }
             if (!shared) digit_[moves_++] = d;
         }
-        for (int j = 0; j < moves_; ++j) {
-            if (j > 0 && members > 1) plan_[steps_++] = {Op::Count, int8_t(j)};
-            plan_[steps_++] = {Op::Move, int8_t(j)};
-        }
+        for (int j = 0; j < moves_; ++j) plan_[steps_++] = {Op::Move, int8_t(j)};
         if (moves_ % 2) plan_[steps_++] = {Op::CopyBack, 0};
         if (moves_ == 0 && idx_) plan_[steps_++] = {Op::Identity, 0};
     }
 
     // Each slice's keys of digit value v go after the smaller values and
-    // after the earlier slices' keys of value v.
+    // after the earlier slices' keys of value v. The first move and every
+    // move of one thread take their counts from step 0, a team's later
+    // moves from the move before.
     void place(int j, int members) {
+        if (j > 0 && members > 1)
+            for (int t = 0; t < members; ++t)
+                for (int v = 0; v < 256; ++v) {
+                    count_[t][v] = 0;
+                    for (int u = 0; u < members; ++u) count_[t][v] += next_[u][t][v];
+                }
         const bool fromAll = j == 0 || members == 1;
         uint32_t at = 0;
         for (int v = 0; v < 256; ++v)
