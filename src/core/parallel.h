@@ -51,24 +51,24 @@ template <class Kernel> int run_threshold(int len, int threshold, Team team, Ker
 }
 
 // Work in several steps over the same slices (a radix sort: count, then
-// scatter, pass after pass). Below the threshold, or with one thread, the
-// calling thread runs step(k, 0, 0, len) and between(k, 1) for k = 0, 1, ...
+// move, pass after pass). Below the threshold, or with one thread, the
+// calling thread runs step(k, 0, 0, len) and then(k, 0, 1) for k = 0, 1, ...
 // At or above it, one region with the team and slices of run_sliced: every
 // thread runs step(k, t, offset, count) on its slice, all meet at a barrier,
-// the master runs between(k, members), all meet again. The steps end when
-// between returns false. Slices stay the same from step to step.
-template <class Step, class Between>
-void run_steps(int len, int threshold, Step&& step, Between&& between) {
+// and every thread runs then(k, t, members), which may read what the step
+// wrote but writes only thread t's own state (so no second barrier is
+// needed). The steps end when then returns false; it must return the same
+// on every thread. Slices stay the same from step to step.
+template <class Step, class Then> void run_steps(int len, int threshold, Step&& step, Then&& then) {
     int n = ownGetNumThreads();
     if (len < threshold || n <= 1 || len < n) {
         for (int k = 0;; ++k) {
             step(k, 0, 0, len);
-            if (!between(k, 1)) return;
+            if (!then(k, 0, 1)) return;
         }
     }
     int members = 1, slice = len, rest = 0;
-    bool more = true;
-#pragma omp parallel num_threads(2) shared(members, slice, rest, more)
+#pragma omp parallel num_threads(2) shared(members, slice, rest)
     {
 #pragma omp master
         {
@@ -82,10 +82,7 @@ void run_steps(int len, int threshold, Step&& step, Between&& between) {
         for (int k = 0;; ++k) {
             step(k, t, t * slice, count);
 #pragma omp barrier
-#pragma omp master
-            more = between(k, members);
-#pragma omp barrier
-            if (!more) break;
+            if (!then(k, t, members)) break;
         }
     }
 }

@@ -101,9 +101,10 @@ inline zamStatus buffer_size(int len, int bytes, bool withIdx, int* pSize) {
     return report_size(layout(len, bytes, withIdx).total + 64, pSize);
 }
 
-// One radix sort: the steps the parallel frame runs and the bookkeeping
-// between them. Step 0 counts every digit of each slice; the steps after it
-// follow the plan made from those counts.
+// One radix sort: the steps the parallel frame runs and what each thread
+// works out between them. Step 0 counts every digit of each slice; each
+// thread makes the same plan from those counts and places its own slice
+// before each move.
 template <class T, Dir D> class Radix {
     using U = Key<T>;
     static constexpr int kDigits = int(sizeof(U));
@@ -112,6 +113,14 @@ template <class T, Dir D> class Radix {
     struct Step {
         Op op;
         int8_t pass;  // which move: 0 first
+    };
+    // What one thread knows: the same plan on every thread, its own places.
+    struct Plan {
+        int digit[kDigits];  // the digit each move sorts by
+        int moves, steps, members;
+        uint32_t bound;      // the first position of the second slice
+        Step step[kDigits + 1];
+        uint32_t pos[256];   // where this slice's keys of each digit value go
     };
 
 public:
@@ -122,7 +131,7 @@ public:
     void run(int threshold) {
         run_steps(
             len_, threshold, [&](int k, int t, int off, int n) { step(k, t, off, n); },
-            [&](int k, int members) { return between(k, members); });
+            [&](int k, int t, int members) { return then(k, t, members); });
     }
 
 private:
@@ -131,16 +140,10 @@ private:
     int len_;
     uint8_t* tk_;
     int* ti_;
-    uint32_t all_[kTeam][kDigits][256];    // step 0: every digit of each slice of the vector
-    uint32_t next_[kTeam][kTeam][256];     // a move of thread t: the next digit by destination slice
-    uint32_t count_[kTeam][256];           // the next digit of each slice, summed over threads
-    uint32_t pos_[kTeam][256];             // where each slice's keys of a digit value go
-    int digit_[kDigits];                   // the digit each move sorts by
-    int moves_ = 0;
-    Step plan_[kDigits + 1];
-    int steps_ = 0;
-    int members_ = 1;
-    uint32_t bound_ = 0;                   // the first position of the second slice
+    uint32_t all_[kTeam][kDigits][256];       // step 0: every digit of each slice of the vector
+    uint32_t next_[2][kTeam][kTeam][256];     // move j, thread t: the next digit by destination
+                                              // slice, in next_[j % 2][t]
+    Plan plan_[kTeam];
 
     // Move j reads the vector when j is even and the work area when odd.
     void* keys_from(int j) const { return j % 2 ? static_cast<void*>(tk_) : static_cast<void*>(a_); }
@@ -160,13 +163,15 @@ private:
     // slices then hold other keys: a move counts the next digit of every key
     // it writes, by the slice the key lands in.
     template <bool First, bool Last, bool WithIdx, bool Next> void move(int j, int t, int off, int n) {
+        const Plan& pl = plan_[t];
         const void* src = keys_from(j);
         void* dst = keys_to(j);
         const int* si = idx_from(j);
         int* di = idx_to(j);
-        const int shift = 8 * digit_[j], nshift = Next ? 8 * digit_[j + 1] : 0;
+        const int shift = 8 * pl.digit[j], nshift = Next ? 8 * pl.digit[j + 1] : 0;
+        const uint32_t bound = pl.bound;
         uint32_t pos[256], next[kTeam][256];
-        std::memcpy(pos, pos_[t], sizeof pos);
+        std::memcpy(pos, pl.pos, sizeof pos);
         if constexpr (Next) std::memset(next, 0, sizeof next);
         for (int i = off; i < off + n; ++i) {
             U k;
@@ -176,13 +181,14 @@ private:
             if constexpr (Last) store<T>(dst, int(p), from_key<T, D>(k));
             else store<U>(dst, int(p), k);
             if constexpr (WithIdx) di[p] = First ? i : si[i];
-            if constexpr (Next) ++next[p >= bound_][(k >> nshift) & 255];
+            if constexpr (Next) ++next[p >= bound][(k >> nshift) & 255];
         }
-        if constexpr (Next) std::memcpy(next_[t], next, sizeof next);
+        if constexpr (Next) std::memcpy(next_[j % 2][t], next, sizeof next);
     }
 
     template <bool WithIdx> void move_any(int j, int t, int off, int n) {
-        const bool first = j == 0, last = j == moves_ - 1, next = !last && members_ > 1;
+        const Plan& pl = plan_[t];
+        const bool first = j == 0, last = j == pl.moves - 1, next = !last && pl.members > 1;
         if (last) {
             if (first) move<true, true, WithIdx, false>(j, t, off, n);
             else move<false, true, WithIdx, false>(j, t, off, n);
@@ -197,7 +203,7 @@ private:
 
     void step(int k, int t, int off, int n) {
         if (k == 0) return count_all(t, off, n);
-        const Step s = plan_[k - 1];
+        const Step s = plan_[t].step[k - 1];
         switch (s.op) {
             case Op::Move:
                 if (idx_) move_any<true>(s.pass, t, off, n);
@@ -214,9 +220,10 @@ private:
     }
 
     // The plan: a digit that every key shares moves nothing and is skipped.
-    void make_plan(int members) {
-        members_ = members;
-        bound_ = uint32_t(len_ / members);
+    void make_plan(Plan& pl, int members) const {
+        pl.members = members;
+        pl.bound = uint32_t(len_ / members);
+        pl.moves = pl.steps = 0;
         for (int d = 0; d < kDigits; ++d) {
             bool shared = false;
             for (int v = 0; v < 256 && !shared; ++v) {
@@ -224,37 +231,37 @@ private:
                 for (int t = 0; t < members; ++t) c += all_[t][d][v];
                 shared = c == uint32_t(len_);
             }
-            if (!shared) digit_[moves_++] = d;
+            if (!shared) pl.digit[pl.moves++] = d;
         }
-        for (int j = 0; j < moves_; ++j) plan_[steps_++] = {Op::Move, int8_t(j)};
-        if (moves_ % 2) plan_[steps_++] = {Op::CopyBack, 0};
-        if (moves_ == 0 && idx_) plan_[steps_++] = {Op::Identity, 0};
+        for (int j = 0; j < pl.moves; ++j) pl.step[pl.steps++] = {Op::Move, int8_t(j)};
+        if (pl.moves % 2) pl.step[pl.steps++] = {Op::CopyBack, 0};
+        if (pl.moves == 0 && idx_) pl.step[pl.steps++] = {Op::Identity, 0};
     }
 
-    // Each slice's keys of digit value v go after the smaller values and
-    // after the earlier slices' keys of value v. The first move and every
-    // move of one thread take their counts from step 0, a team's later
-    // moves from the move before.
-    void place(int j, int members) {
-        if (j > 0 && members > 1)
-            for (int t = 0; t < members; ++t)
-                for (int v = 0; v < 256; ++v) {
-                    count_[t][v] = 0;
-                    for (int u = 0; u < members; ++u) count_[t][v] += next_[u][t][v];
-                }
+    // Slice t's keys of digit value v go after the smaller values and after
+    // the earlier slices' keys of value v. The first move and every move of
+    // one thread take their counts from step 0, a team's later moves from
+    // the move before.
+    void place(Plan& pl, int j, int t) const {
+        const int d = pl.digit[j], members = pl.members;
         const bool fromAll = j == 0 || members == 1;
         uint32_t at = 0;
         for (int v = 0; v < 256; ++v)
-            for (int t = 0; t < members; ++t) {
-                pos_[t][v] = at;
-                at += fromAll ? all_[t][digit_[j]][v] : count_[t][v];
+            for (int s = 0; s < members; ++s) {
+                if (s == t) pl.pos[v] = at;
+                if (fromAll) {
+                    at += all_[s][d][v];
+                } else {
+                    for (int u = 0; u < members; ++u) at += next_[(j - 1) % 2][u][s][v];
+                }
             }
     }
 
-    bool between(int k, int members) {
-        if (k == 0) make_plan(members);
-        if (k < steps_ && plan_[k].op == Op::Move) place(plan_[k].pass, members);
-        return k < steps_;
+    bool then(int k, int t, int members) {
+        Plan& pl = plan_[t];
+        if (k == 0) make_plan(pl, members);
+        if (k < pl.steps && pl.step[k].op == Op::Move) place(pl, pl.step[k].pass, t);
+        return k < pl.steps;
     }
 };
 
