@@ -159,5 +159,6 @@ typedef struct {
 #include "zams/filter.h"     /* IIR filters */
 #include "zams/fir.h"        /* FIR filters */
 #include "zams/design.h"     /* FIR and IIR filter design */
+#include "zams/sort.h"       /* sorting */
 
 #endif /* ZAMS_H */

@@ -50,6 +50,43 @@ template <class Kernel> int run_threshold(int len, int threshold, Team team, Ker
     return run_sliced(len, team, kernel);
 }
 
+// Work in several steps over the same slices (a radix sort: count, then
+// move, pass after pass). Below the threshold, or with one thread, the
+// calling thread runs step(k, 0, 0, len) and then(k, 0, 1) for k = 0, 1, ...
+// At or above it, one region with the team and slices of run_sliced: every
+// thread runs step(k, t, offset, count) on its slice, all meet at a barrier,
+// and every thread runs then(k, t, members), which may read what the step
+// wrote but writes only thread t's own state (so no second barrier is
+// needed). The steps end when then returns false; it must return the same
+// on every thread. Slices stay the same from step to step.
+template <class Step, class Then> void run_steps(int len, int threshold, Step&& step, Then&& then) {
+    int n = ownGetNumThreads();
+    if (len < threshold || n <= 1 || len < n) {
+        for (int k = 0;; ++k) {
+            step(k, 0, 0, len);
+            if (!then(k, 0, 1)) return;
+        }
+    }
+    int members = 1, slice = len, rest = 0;
+#pragma omp parallel num_threads(2) shared(members, slice, rest)
+    {
+#pragma omp master
+        {
+            members = omp_get_num_threads();
+            slice = len / members;
+            rest = len % members;
+        }
+#pragma omp barrier
+        const int t = omp_get_thread_num();
+        const int count = slice + (t == members - 1 ? rest : 0);
+        for (int k = 0;; ++k) {
+            step(k, t, t * slice, count);
+#pragma omp barrier
+            if (!then(k, t, members)) break;
+        }
+    }
+}
+
 // Length at or above which each parallel operation splits its vector.
 namespace threshold {
 inline constexpr int Div_32f = 4096, DivCRev_32f = 4096;

@@ -32,6 +32,7 @@ LAYOUT = {
     "fir.h": ("src/filter", "tests/filter"),
     "design.h": ("src/design", "tests/design"),
     "dct.h": ("src/transform", "tests/transform"),
+    "sort.h": ("src/sort", "tests/sort"),
 }
 
 
