@@ -42,7 +42,8 @@
  * The complex forms (32sc_16sc) compute y = sum taps[j] x w[j] (complex products) and
  * taps[j] += mu x e x conj(w[j]) / 2^29 by parts, with the same rounding.
  * The Direct Q15 output is y saturated to 16 bits; the multirate output is y saturated to
- * 32 bits.
+ * 32 bits. A tap step below half a Q15 unit rounds to nothing, so small errors stop moving
+ * the taps: choose mu for the precision wanted.
  *
  * Multirate family (32s_16s, 32sc_16sc): a state for adaptive filters whose output rate
  * is below the input rate (a fractionally spaced equaliser): PutVal puts one input sample
