@@ -44,6 +44,14 @@ const Exception kExceptions[] = {
     {"zamsDFTOutOrdGetSize_*", "all null", "the length is checked before the pointers, as the FFT size query checks its order"},
     {"zamsDFTOutOrdInit_*", "error writes", "the header is laid into pMemSpec before the flag is checked, its identifier left 0"},
     {"zamsDFTOutOrdInit_*", "null pSpecBuffer", "length 100 builds no table that needs the build buffer"},
+    {"zamsFIRLMSFree*", "null pState", "freeing a null LMS state is fine and returns 0"},
+    {"zamsFIRLMSFree*", "all null", "freeing a null LMS state is fine and returns 0"},
+    {"zamsFIRLMSMRFree*", "null pState", "freeing a null LMS state is fine and returns 0"},
+    {"zamsFIRLMSMRFree*", "all null", "freeing a null LMS state is fine and returns 0"},
+    {"zamsFIRLMSInitAlloc*", "null pTaps", "null taps start at zero"},
+    {"zamsFIRLMSInitAlloc*", "null pDlyLine", "a null delay line is a line of zeros"},
+    {"zamsFIRLMSMRInitAlloc*", "null pTaps", "null taps start at zero"},
+    {"zamsFIRLMSMRInitAlloc*", "null pDlyLine", "a null delay line is a line of zeros"},
 };
 const size_t kExceptionCount = sizeof(kExceptions) / sizeof(kExceptions[0]);
 
