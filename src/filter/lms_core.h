@@ -63,6 +63,45 @@ template <class W> inline float step(float* t, const W* w, int n, float ref, flo
     return y;
 }
 
+// The block step for tapsLen = 8 NB (NB <= 4): the taps stay in registers
+// from sample to sample and y is summed into every lane by the same joins as
+// dot (addition commutes exactly), so the step needs no broadcast; the bits
+// are dot's and update's. Spans are w(i) = src + i - 8 NB + 1, i in [from, to).
+template <int NB, class W, class R, class Put>
+inline void run_in_registers(float* taps, const W* src, const R* ref, int from, int to, float mu2, Put&& put) {
+    __m256 t[NB];
+    for (int k = 0; k < NB; ++k) t[k] = _mm256_loadu_ps(taps + 8 * k);
+    const __m256 m2 = _mm256_set1_ps(mu2);
+    for (int i = from; i < to; ++i) {
+        const W* w = src + i - 8 * NB + 1;
+        __m256 wv[NB];
+        for (int k = 0; k < NB; ++k) wv[k] = load8(w + 8 * k);
+        __m256 acc = _mm256_mul_ps(t[0], wv[0]);
+        for (int k = 1; k < NB; ++k) acc = _mm256_add_ps(acc, _mm256_mul_ps(t[k], wv[k]));
+        __m256 v = _mm256_add_ps(acc, _mm256_permute2f128_ps(acc, acc, 1));  // s[l] + s[l+4]
+        v = _mm256_add_ps(v, _mm256_permute_ps(v, 0x4E));                     // (0+2), (1+3)
+        v = _mm256_add_ps(v, _mm256_permute_ps(v, 0xB1));                     // y in every lane
+        put(i, _mm_cvtss_f32(_mm256_castps256_ps128(v)));
+        const __m256 g = _mm256_mul_ps(_mm256_sub_ps(_mm256_set1_ps(float(ref[i])), v), m2);
+        for (int k = 0; k < NB; ++k) t[k] = _mm256_add_ps(t[k], _mm256_mul_ps(wv[k], g));
+    }
+    for (int k = 0; k < NB; ++k) _mm256_storeu_ps(taps + 8 * k, t[k]);
+}
+
+// The block steps over spans read from src: in registers where tapsLen
+// allows, else one step at a time.
+template <class W, class R, class Put>
+inline void run_from_source(float* t, int n, const W* src, const R* ref, int from, int to, float mu2, Put&& put) {
+    switch (n) {
+    case 8: return run_in_registers<1>(t, src, ref, from, to, mu2, put);
+    case 16: return run_in_registers<2>(t, src, ref, from, to, mu2, put);
+    case 24: return run_in_registers<3>(t, src, ref, from, to, mu2, put);
+    case 32: return run_in_registers<4>(t, src, ref, from, to, mu2, put);
+    default:
+        for (int i = from; i < to; ++i) put(i, step(t, src + i - n + 1, n, float(ref[i]), mu2));
+    }
+}
+
 // ---- the delay-line scheme shared by every form: each sample at i and i + n
 
 template <class S> inline void push(S* line, int& index, int n, S v) {

@@ -109,7 +109,7 @@ template <class D> zamStatus filter(const D* src, const D* ref, D* dst, int len,
         const float* w = replica(h, (-idx) & 3) + idx;  // the replica 16-byte aligned at this index
         out.put(i, step(t, w, n, float(ref[i]), mu2));
     }
-    for (int i = head; i < len; ++i) out.put(i, step(t, src + i - n + 1, n, float(ref[i]), mu2));
+    run_from_source(t, n, src, ref, head, len, mu2, [&](int i, float y) { out.put(i, y); });
     out.flush();
     if (head < len) {
         idx = int((int64_t(index0) + len) % n);
