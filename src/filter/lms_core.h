@@ -135,6 +135,15 @@ template <class T> inline const T* at(const Hdr* h, int32_t off) {
     return reinterpret_cast<const T*>(reinterpret_cast<const uint8_t*>(h) + off);
 }
 
+// Every call on a state: the pointers (the state's and the others'), then
+// the identifier; fn(h) does the work and gives the status.
+template <class F, class... P> inline zamStatus on_state(const void* p, int32_t id, F&& fn, const P*... more) {
+    if (zamStatus s = check_ptr(p, more...)) return s;
+    zamStatus s;
+    Hdr* h = state_of<Hdr>(const_cast<void*>(p), {id}, s);
+    return h ? fn(h) : s;
+}
+
 // ---- Q15 arithmetic, real and complex
 
 inline int32_t q15_tap(int32_t t, int64_t prod) {

@@ -120,33 +120,27 @@ template <class D> zamStatus filter(const D* src, const D* ref, D* dst, int len,
 }
 
 template <class D> zamStatus get_taps(const void* p, float* out) {
-    if (zamStatus s = check_ptr(p, out)) return s;
-    zamStatus s;
-    const Hdr* h = state_of<const Hdr>(const_cast<void*>(p), {kId<D>}, s);
-    if (!h) return s;
-    const float* t = at<float>(h, h->tapsOff);
-    for (int k = 0; k < h->tapsLen; ++k) out[k] = t[h->tapsLen - 1 - k];
-    return zamStatusOk;
+    return on_state(p, kId<D>, [&](const Hdr* h) {
+        const float* t = at<float>(h, h->tapsOff);
+        for (int k = 0; k < h->tapsLen; ++k) out[k] = t[h->tapsLen - 1 - k];
+        return zamStatusOk;
+    }, out);
 }
 
 template <class D> zamStatus get_dly(const void* p, D* out) {
-    if (zamStatus s = check_ptr(p, out)) return s;
-    zamStatus s;
-    const Hdr* h = state_of<const Hdr>(const_cast<void*>(p), {kId<D>}, s);
-    if (!h) return s;
-    const float* line = replica(h, 0) + h->index;
-    for (int k = 0; k < h->tapsLen; ++k) out[k] = D(line[k]);
-    return zamStatusOk;
+    return on_state(p, kId<D>, [&](const Hdr* h) {
+        const float* line = replica(h, 0) + h->index;
+        for (int k = 0; k < h->tapsLen; ++k) out[k] = D(line[k]);
+        return zamStatusOk;
+    }, out);
 }
 
 template <class D> zamStatus set_dly(void* p, const D* in) {
-    if (zamStatus s = check_ptr(p, in)) return s;
-    zamStatus s;
-    Hdr* h = state_of<Hdr>(p, {kId<D>}, s);
-    if (!h) return s;
-    for (int k = 0; k < h->tapsLen; ++k) put_all(h, k, float(in[k]));
-    h->index = 0;
-    return zamStatusOk;
+    return on_state(p, kId<D>, [&](Hdr* h) {
+        for (int k = 0; k < h->tapsLen; ++k) put_all(h, k, float(in[k]));
+        h->index = 0;
+        return zamStatusOk;
+    }, in);
 }
 
 template <class D> zamStatus free_state(void* p) { return p ? release(p, {kId<D>}, kShape) : zamStatusOk; }

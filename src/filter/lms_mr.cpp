@@ -26,8 +26,9 @@ template <class S> struct View {
     const S* span() const { return line() + h->index; }
 };
 
-template <class S> View<S> view_of(const void* p, zamStatus& s) {
-    return {state_of<Hdr>(const_cast<void*>(p), {Mr<S>::id}, s)};
+// A call on a multirate state: pointers, identifier, then fn(view).
+template <class S, class F, class... P> zamStatus on(const void* p, F&& fn, const P*... more) {
+    return on_state(p, Mr<S>::id, [&](Hdr* h) { return fn(View<S>{h}); }, more...);
 }
 
 template <class S>
@@ -60,20 +61,17 @@ zamStatus init_alloc(void** pp, const TapOf<S>* pTaps, int n, const S* pDly, int
 }
 
 template <class S> zamStatus put_val(S x, void* p) {
-    zamStatus s;
-    View<S> v = view_of<S>(p, s);
-    if (!v.h) return s;
-    push(v.line(), v.h->index, v.h->tapsLen, x);
-    return zamStatusOk;
+    return on<S>(p, [&](View<S> v) -> zamStatus {
+        push(v.line(), v.h->index, v.h->tapsLen, x);
+        return zamStatusOk;
+    });
 }
 
 template <class S> zamStatus one(TapOf<S>* pOut, void* p) {
-    if (zamStatus s = check_ptr(pOut, p)) return s;
-    zamStatus s;
-    View<S> v = view_of<S>(p, s);
-    if (!v.h) return s;
-    *pOut = q15_out<TapOf<S>>(q15_dot(v.taps(), v.span(), v.h->tapsLen));
-    return zamStatusOk;
+    return on<S>(p, [&](View<S> v) -> zamStatus {
+        *pOut = q15_out<TapOf<S>>(q15_dot(v.taps(), v.span(), v.h->tapsLen));
+        return zamStatusOk;
+    }, pOut);
 }
 
 template <class S> zamStatus one_val(S x, TapOf<S>* pOut, void* p) {
@@ -83,68 +81,58 @@ template <class S> zamStatus one_val(S x, TapOf<S>* pOut, void* p) {
 }
 
 template <class S> zamStatus update_taps(TapOf<S> e, void* p) {
-    zamStatus s;
-    View<S> v = view_of<S>(p, s);
-    if (!v.h) return s;
-    q15_update(v.taps(), v.span(), v.h->tapsLen, v.h->strideOrMu, e);
-    return zamStatusOk;
+    return on<S>(p, [&](View<S> v) -> zamStatus {
+        q15_update(v.taps(), v.span(), v.h->tapsLen, v.h->strideOrMu, e);
+        return zamStatusOk;
+    });
 }
 
 template <class S> zamStatus set_mu(void* p, int mu) {
-    zamStatus s;
-    View<S> v = view_of<S>(p, s);
-    if (!v.h) return s;
-    if (zamStatus e = check_mu(mu)) return e;
-    v.h->strideOrMu = mu;
-    return zamStatusOk;
+    return on<S>(p, [&](View<S> v) -> zamStatus {
+        if (zamStatus e = check_mu(mu)) return e;
+        v.h->strideOrMu = mu;
+        return zamStatusOk;
+    });
 }
 
 // Taps and delay lines to and from the caller: taps in the fixed FIR order
 // (reversed here), lines as the span, oldest first.
 template <class S, bool Get, class X> zamStatus copy_taps(const void* p, X* x) {
-    if (zamStatus s = check_ptr(p, x)) return s;
-    zamStatus s;
-    View<S> v = view_of<S>(p, s);
-    if (!v.h) return s;
-    const int n = v.h->tapsLen;
-    for (int k = 0; k < n; ++k) {
-        if constexpr (Get) x[k] = v.taps()[n - 1 - k];
-        else v.taps()[n - 1 - k] = x[k];
-    }
-    return zamStatusOk;
+    return on<S>(p, [&](View<S> v) -> zamStatus {
+        const int n = v.h->tapsLen;
+        for (int k = 0; k < n; ++k) {
+            if constexpr (Get) x[k] = v.taps()[n - 1 - k];
+            else v.taps()[n - 1 - k] = x[k];
+        }
+        return zamStatusOk;
+    }, x);
 }
 template <class S, bool Get, class X> zamStatus copy_line(const void* p, X* x) {
-    if (zamStatus s = check_ptr(p, x)) return s;
-    zamStatus s;
-    View<S> v = view_of<S>(p, s);
-    if (!v.h) return s;
-    const int n = v.h->tapsLen;
-    if constexpr (Get) {
-        for (int k = 0; k < n; ++k) x[k] = v.span()[k];
-    } else {
-        for (int k = 0; k < n; ++k) v.line()[k] = v.line()[k + n] = x[k];
-        v.h->index = 0;
-    }
-    return zamStatusOk;
+    return on<S>(p, [&](View<S> v) -> zamStatus {
+        const int n = v.h->tapsLen;
+        if constexpr (Get) {
+            for (int k = 0; k < n; ++k) x[k] = v.span()[k];
+        } else {
+            for (int k = 0; k < n; ++k) v.line()[k] = v.line()[k + n] = x[k];
+            v.h->index = 0;
+        }
+        return zamStatusOk;
+    }, x);
 }
 
 template <class S> zamStatus taps_pointer(void* p, TapOf<S>** pp) {
-    if (zamStatus s = check_ptr(p, pp)) return s;
-    zamStatus s;
-    View<S> v = view_of<S>(p, s);
-    if (!v.h) return s;
-    *pp = v.taps();
-    return zamStatusOk;
+    return on<S>(p, [&](View<S> v) -> zamStatus {
+        *pp = v.taps();
+        return zamStatusOk;
+    }, pp);
 }
 
 template <class S> zamStatus dly_val(const void* p, S* pOut, int index) {
-    if (zamStatus s = check_ptr(p, pOut)) return s;
-    zamStatus s;
-    View<S> v = view_of<S>(p, s);
-    if (!v.h) return s;
-    if (index < 0 || index >= v.h->tapsLen) return zamStatusBadArgument;
-    *pOut = v.span()[v.h->tapsLen - 1 - index];
-    return zamStatusOk;
+    return on<S>(p, [&](View<S> v) -> zamStatus {
+        if (index < 0 || index >= v.h->tapsLen) return zamStatusBadArgument;
+        *pOut = v.span()[v.h->tapsLen - 1 - index];
+        return zamStatusOk;
+    }, pOut);
 }
 
 template <class S> zamStatus free_state(void* p) { return p ? release(p, {Mr<S>::id}, kShape) : zamStatusOk; }
