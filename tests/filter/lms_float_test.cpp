@@ -72,20 +72,12 @@ TEST(LmsDirect32f, MatchesTheStepModelBitForBit) {
     }
 }
 
-TEST(LmsDirect32f, TapsLenOneAndZeroMu) {
+TEST(LmsDirect32f, TapsLenOne) {
     float tap = 0.5f, line[2] = {0, 0}, y = 0;
     int idx = 0;
     ASSERT_EQ(zamsFIRLMSOne_Direct_32f(2.f, 3.f, &y, &tap, 1, 0.25f, line, &idx), 0);
-    EXPECT_EQ(y, 1.f);                            // 0.5 x 2
+    EXPECT_EQ(y, 1.f);                               // 0.5 x 2
     EXPECT_EQ(tap, 0.5f + 2.f * (2 * 0.25f) * 2.f);  // + src x 2 mu (ref - y)
-    // mu = 0: the taps stay and the outputs are the FIR in span order.
-    std::vector<float> t{1.f, -2.f, 0.5f}, t0 = t, l(6, 0.f);
-    const float xs[] = {1, 2, 3, 4};
-    float ys[4];
-    for (int i = 0; i < 4; ++i) ASSERT_EQ(zamsFIRLMSOne_Direct_32f(xs[i], 100.f, &ys[i], t.data(), 3, 0.f, l.data(), &idx), 0);
-    EXPECT_EQ(t, t0);
-    EXPECT_EQ(ys[3], 1.f * 2 - 2.f * 3 + 0.5f * 4);  // the last tap multiplies the newest
-    EXPECT_EQ(ys[0], 0.5f);
 }
 
 // Statuses of the Direct forms; nothing changes on an error.
@@ -281,11 +273,9 @@ TEST(Lms32f16s, OutputSaturates) {
     float t[2] = {2.f, 2.f};
     Zam16s line[4] = {}, y = 0;
     int idx = 0;
-    ASSERT_EQ(zamsFIRLMSOne_Direct32f_16s(30000, 0, &y, t, 2, 0.f, line, &idx), 0);
-    ASSERT_EQ(zamsFIRLMSOne_Direct32f_16s(30000, 0, &y, t, 2, 0.f, line, &idx), 0);
+    for (Zam16s x : {30000, 30000}) ASSERT_EQ(zamsFIRLMSOne_Direct32f_16s(x, 0, &y, t, 2, 0.f, line, &idx), 0);
     EXPECT_EQ(y, 32767);
-    ASSERT_EQ(zamsFIRLMSOne_Direct32f_16s(-30000, 0, &y, t, 2, 0.f, line, &idx), 0);
-    ASSERT_EQ(zamsFIRLMSOne_Direct32f_16s(-30000, 0, &y, t, 2, 0.f, line, &idx), 0);
+    for (Zam16s x : {-30000, -30000}) ASSERT_EQ(zamsFIRLMSOne_Direct32f_16s(x, 0, &y, t, 2, 0.f, line, &idx), 0);
     EXPECT_EQ(y, -32768);
 }
 
