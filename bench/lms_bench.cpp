@@ -22,8 +22,8 @@ std::vector<float> noise(int n, unsigned seed) {
     return v;
 }
 
-// liquid's header marks its push as deprecated (a misplaced note: it is the
-// equaliser's documented way in), so its warning is off for this one call.
+// liquid's header marks its push as deprecated, yet it is still the way to
+// feed the equaliser one sample; the warning is off for this one call.
 void liquid_step(eqlms_rrrf q, float x, float d, float* y) {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
