@@ -160,5 +160,6 @@ typedef struct {
 #include "zams/fir.h"        /* FIR filters */
 #include "zams/design.h"     /* FIR and IIR filter design */
 #include "zams/sort.h"       /* sorting */
+#include "zams/lms.h"        /* adaptive LMS filters */
 
 #endif /* ZAMS_H */

@@ -65,6 +65,9 @@ def classify(ctype, name, fn):
         if stars == 2:
             return "SpecOut", base
     elif SAMPLE.match(base) or base == "void":
+        # A GetPointer output (ppTaps): one pointer to the library's own array written.
+        if stars == 2 and not const_first and "Pointer" in fn:
+            return "Dst", "void"
         if stars == 1:
             return ("Src" if const_first else "Dst"), base
         if stars == 2:

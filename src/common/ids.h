@@ -75,6 +75,7 @@ inline constexpr int32_t Iir32f = msb4("II01"), IirBq32f = msb4("II02"), Iir32f1
 
 // ---- adaptive LMS states
 inline constexpr int32_t Lms32f = msb4("LMS1");
+inline constexpr int32_t Lms32f16s = msb4("LMS2"), LmsMR32s16s = msb4("LMR1"), LmsMR32sc16sc = msb4("LMR2");
 
 // Every word above, for the compile-time check that none repeats.
 inline constexpr int32_t kAll[] = {
@@ -89,6 +90,7 @@ inline constexpr int32_t kAll[] = {
     Iir64fc, IirBq64fc, Iir64f32f, IirBq64f32f, Iir64fc32fc, IirBq64fc32fc, Iir64f32s, Iir64fc32sc, IirBq64fc32sc,
     Iir64f16s, IirBq64f16s, Iir64fc16sc, IirBq64fc16sc, IirBqDF1_32f, Lms32f,
     FirMR32fc, FirMR64f, FirMR64fc};
+    Lms32f16s, LmsMR32s16s, LmsMR32sc16sc};
 
 constexpr bool all_distinct() {
     for (int32_t a : kAll) {

@@ -56,6 +56,14 @@ const Exception kExceptions[] = {
     {"zamsFIRMRStreamInit*", "null pDlyLine", "a null delay line is a line of zeros"},
     {"zamsSortRadixAscend_*", "null pBuffer", "a null work buffer makes the sort allocate its own"},
     {"zamsSortRadixDescend_*", "null pBuffer", "a null work buffer makes the sort allocate its own"},
+    {"zamsFIRLMSFree*", "null pState", "freeing a null LMS state is fine and returns 0"},
+    {"zamsFIRLMSFree*", "all null", "freeing a null LMS state is fine and returns 0"},
+    {"zamsFIRLMSMRFree*", "null pState", "freeing a null LMS state is fine and returns 0"},
+    {"zamsFIRLMSMRFree*", "all null", "freeing a null LMS state is fine and returns 0"},
+    {"zamsFIRLMSInitAlloc*", "null pTaps", "null taps start at zero"},
+    {"zamsFIRLMSInitAlloc*", "null pDlyLine", "a null delay line is a line of zeros"},
+    {"zamsFIRLMSMRInitAlloc*", "null pTaps", "null taps start at zero"},
+    {"zamsFIRLMSMRInitAlloc*", "null pDlyLine", "a null delay line is a line of zeros"},
 };
 const size_t kExceptionCount = sizeof(kExceptions) / sizeof(kExceptions[0]);
 

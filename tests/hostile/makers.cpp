@@ -135,6 +135,10 @@ const Maker kMakers[] = {
     ZAMS_IIR_ROW(ZamsIIRState64fc_32sc, 64fc_32sc, iir_ctaps<Zam64fc>()),
     ZAMS_IIR_ROW(ZamsIIRState64f_16s, 64f_16s, iir_taps<Zam64f>()),
     ZAMS_IIR_ROW(ZamsIIRState64fc_16sc, 64fc_16sc, iir_ctaps<Zam64fc>()),
+    ZAMS_ROW(ZamsFIRLMSState_32f, zamsFIRLMSFree_32f, zamsFIRLMSInitAlloc_32f(ZAMS_STATE(ZamsFIRLMSState_32f), fir_taps<Zam32f>(), 4, nullptr, 0)),
+    ZAMS_ROW(ZamsFIRLMSState32f_16s, zamsFIRLMSFree32f_16s, zamsFIRLMSInitAlloc32f_16s(ZAMS_STATE(ZamsFIRLMSState32f_16s), fir_taps<Zam32f>(), 4, nullptr, 0)),
+    ZAMS_ROW(ZamsFIRLMSMRState32s_16s, zamsFIRLMSMRFree32s_16s, zamsFIRLMSMRInitAlloc32s_16s(ZAMS_STATE(ZamsFIRLMSMRState32s_16s), fir_itaps<Zam32s>(), 4, nullptr, 0, 100)),
+    ZAMS_ROW(ZamsFIRLMSMRState32sc_16sc, zamsFIRLMSMRFree32sc_16sc, zamsFIRLMSMRInitAlloc32sc_16sc(ZAMS_STATE(ZamsFIRLMSMRState32sc_16sc), fir_ictaps<Zam32sc>(), 4, nullptr, 0, 100)),
 };
 const size_t kMakerCount = sizeof(kMakers) / sizeof(kMakers[0]);
 

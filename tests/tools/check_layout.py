@@ -33,6 +33,7 @@ LAYOUT = {
     "design.h": ("src/design", "tests/design"),
     "dct.h": ("src/transform", "tests/transform"),
     "sort.h": ("src/sort", "tests/sort"),
+    "lms.h": ("src/filter", "tests/filter"),
 }
 
 
