@@ -157,5 +157,6 @@ typedef struct {
 #include "zams/gen.h"        /* random, triangle and tone generators, test vectors */
 #include "zams/filter.h"     /* IIR filters */
 #include "zams/fir.h"        /* FIR filters */
+#include "zams/wavelet.h"    /* Haar transform, two-channel filter bank */
 
 #endif /* ZAMS_H */

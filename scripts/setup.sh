@@ -11,6 +11,7 @@ PACKAGES=(
   libfftw3-dev    # FFT oracle (x86-64 tests) and benchmark peer
   libmpfr-dev     # reference for elementary-function accuracy tests
   libbenchmark-dev libvolk2-dev libsleef-dev libliquid-dev   # benchmark peers
+  libgsl-dev      # wavelet benchmark peer
 )
 
 missing=()

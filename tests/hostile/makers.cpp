@@ -75,6 +75,11 @@ zamStatus clear_sparse(void* p) {
     return zamStatusOk;
 }
 
+// Wavelet filter banks: four taps a band, offsets 0 (low) and -1 (high).
+#define ZAMS_WT_ROW(S, PRE, SUF) \
+    ZAMS_ROW(S, zamsWT##PRE##Free##SUF, \
+             zamsWT##PRE##InitAlloc##SUF(ZAMS_STATE(S), fir_taps<Zam32f>(), 4, 0, fir_taps<Zam32f>(), 4, -1))
+
 #define ZAMS_IIR_ROW(S, SUF, TAPS)                                                                    \
     ZAMS_ROW(S, zamsIIRFree##SUF, zamsIIRInitAlloc##SUF(ZAMS_STATE(S), TAPS, 2, nullptr))
 
@@ -130,6 +135,10 @@ const Maker kMakers[] = {
     ZAMS_IIR_ROW(ZamsIIRState64fc_32sc, 64fc_32sc, iir_ctaps<Zam64fc>()),
     ZAMS_IIR_ROW(ZamsIIRState64f_16s, 64f_16s, iir_taps<Zam64f>()),
     ZAMS_IIR_ROW(ZamsIIRState64fc_16sc, 64fc_16sc, iir_ctaps<Zam64fc>()),
+    ZAMS_WT_ROW(ZamsWTFwdState_32f, Fwd, _32f),
+    ZAMS_WT_ROW(ZamsWTInvState_32f, Inv, _32f),
+    ZAMS_WT_ROW(ZamsWTFwdState32f_16s, Fwd, 32f_16s),
+    ZAMS_WT_ROW(ZamsWTInvState32f_16s, Inv, 32f_16s),
 };
 const size_t kMakerCount = sizeof(kMakers) / sizeof(kMakers[0]);
 
