@@ -5,6 +5,7 @@
 #include <gsl/gsl_wavelet.h>
 
 #include <cmath>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -16,8 +17,8 @@ namespace {
 const int kLen = 1 << 20;
 
 std::vector<float> signal(int n) {
-    std::vector<float> v(size_t(n));
-    for (int i = 0; i < n; ++i) v[size_t(i)] = float((i * 7919) % 1000) * 0.001f - 0.5f;
+    std::vector<float> v(static_cast<size_t>(n));
+    for (int i = 0; i < n; ++i) v[size_t(i)] = float((int64_t(i) * 7919) % 1000) * 0.001f - 0.5f;
     return v;
 }
 
