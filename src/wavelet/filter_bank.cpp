@@ -55,16 +55,18 @@ struct Layout {
     int64_t taps[2], hist[2], dly[2], scratch, end;
 };
 Layout layout(Dir d, const int len[2], const int offs[2]) {
+    // in 64 bits on both targets: a size past the int limit is refused, never wrapped
+    auto bytes32 = [](int64_t floats) { return (floats * 4 + 31) / 32 * 32; };
     Layout l{};
-    int64_t at = round_up(sizeof(Hdr), 32);
+    int64_t at = bytes32((int64_t(sizeof(Hdr)) + 3) / 4);
     for (int b = 0; b < 2; ++b) {
         l.dly[b] = dly_count(d, len[b], offs[b]);
         l.taps[b] = at;
-        at += round_up(size_t(len[b]) * 4, 32);
+        at += bytes32(len[b]);
     }
     for (int b = 0; b < 2; ++b) {
         l.hist[b] = at;
-        at += int64_t(round_up(size_t(l.dly[b]) * 4, 32));
+        at += bytes32(l.dly[b]);
     }
     l.scratch = at;
     // forward: the even and the odd samples of one band's pass; inverse: a

@@ -70,24 +70,19 @@ void inv_model(const Bank& bk, const Stream s[2], int n, std::vector<LD>& out, s
         }
 }
 
-struct Fwd {
-    ZamsWTFwdState_32f* s = nullptr;
-    explicit Fwd(const Bank& b) {
-        EXPECT_EQ(zamsWTFwdInitAlloc_32f(&s, b.b[0].taps.data(), int(b.b[0].taps.size()), b.b[0].offs,
-                                         b.b[1].taps.data(), int(b.b[1].taps.size()), b.b[1].offs),
+// A state of the bank's taps and offsets, released at the end of the scope.
+template <class S, zamStatus (*Alloc)(S**, const Zam32f*, int, int, const Zam32f*, int, int), zamStatus (*Free)(S*)>
+struct State {
+    S* s = nullptr;
+    explicit State(const Bank& b) {
+        EXPECT_EQ(Alloc(&s, b.b[0].taps.data(), int(b.b[0].taps.size()), b.b[0].offs, b.b[1].taps.data(),
+                        int(b.b[1].taps.size()), b.b[1].offs),
                   zamStatusOk);
     }
-    ~Fwd() { EXPECT_EQ(zamsWTFwdFree_32f(s), zamStatusOk); }
+    ~State() { EXPECT_EQ(Free(s), zamStatusOk); }
 };
-struct Inv {
-    ZamsWTInvState_32f* s = nullptr;
-    explicit Inv(const Bank& b) {
-        EXPECT_EQ(zamsWTInvInitAlloc_32f(&s, b.b[0].taps.data(), int(b.b[0].taps.size()), b.b[0].offs,
-                                         b.b[1].taps.data(), int(b.b[1].taps.size()), b.b[1].offs),
-                  zamStatusOk);
-    }
-    ~Inv() { EXPECT_EQ(zamsWTInvFree_32f(s), zamStatusOk); }
-};
+using Fwd = State<ZamsWTFwdState_32f, zamsWTFwdInitAlloc_32f, zamsWTFwdFree_32f>;
+using Inv = State<ZamsWTInvState_32f, zamsWTInvInitAlloc_32f, zamsWTInvFree_32f>;
 
 // Taps lengths and offsets: one tap, both bands alike, unequal bands, long
 // taps, offsets up to past the taps' length.
