@@ -330,6 +330,18 @@ TEST(WTBank, LifeCycleAndStatuses) {
     EXPECT_EQ(0, std::memcmp(h1, h2, sizeof h1));
 
     ASSERT_EQ(zamsWTInvInitAlloc_32f(&v, t, 3, 1, t, 2, -1), zamStatusOk);
+    {
+        // the inverse in caller memory gives the allocated state's bits
+        ASSERT_EQ(zamsWTInvGetSize_32f(3, 1, 2, -1, &size), zamStatusOk);
+        std::vector<Zam8u> m(size_t(size) + 9);
+        ZamsWTInvState_32f* b = nullptr;
+        ASSERT_EQ(zamsWTInvInit_32f(&b, t, 3, 1, t, 2, -1, m.data() + 9), zamStatusOk);
+        Zam32f y1[40], y2[40];
+        ASSERT_EQ(zamsWTInv_32f(l1, h1, 20, y1, b), zamStatusOk);
+        ASSERT_EQ(zamsWTInv_32f(l1, h1, 20, y2, v), zamStatusOk);
+        EXPECT_EQ(0, std::memcmp(y1, y2, sizeof y1));
+        EXPECT_EQ(zamsWTInvFree_32f(b), zamStatusOk);
+    }
     EXPECT_EQ(zamsWTFwd_32f(x.data(), l1, h1, 0, f), zamStatusBadLength);
     EXPECT_EQ(zamsWTFwd_32f(x.data(), l1, nullptr, 20, f), zamStatusNullPointer);
     EXPECT_EQ(zamsWTFwd_32f(x.data(), l1, h1, 20, reinterpret_cast<ZamsWTFwdState_32f*>(v)), zamStatusContextMismatch);
