@@ -137,15 +137,6 @@ TYPED_TEST(Haar, Reconstructs) {
     }
 }
 
-TEST(HaarStatus, Checks) {
-    Zam32f x[4] = {1, 2, 3, 4}, l[2], h[2];
-    EXPECT_EQ(zamsWTHaarFwd_32f(nullptr, 4, l, h), zamStatusNullPointer);
-    EXPECT_EQ(zamsWTHaarFwd_32f(x, 4, l, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsWTHaarFwd_32f(x, 0, l, h), zamStatusBadLength);
-    EXPECT_EQ(zamsWTHaarInv_32f(l, h, x, -1), zamStatusBadLength);
-    EXPECT_EQ(zamsWTHaarInv_32f(l, nullptr, x, 4), zamStatusNullPointer);
-}
-
 ZAMS_DIGEST(haar) {
     const int n = 333;
     auto xf = zt::random_reals<Zam32f>(n, 3);
