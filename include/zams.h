@@ -161,5 +161,6 @@ typedef struct {
 #include "zams/design.h"     /* FIR and IIR filter design */
 #include "zams/sort.h"       /* sorting */
 #include "zams/lms.h"        /* adaptive LMS filters */
+#include "zams/wavelet.h"    /* Haar transform, two-channel filter bank */
 
 #endif /* ZAMS_H */

@@ -14,6 +14,7 @@ PACKAGES=(
   gnuplot-nox     # the demo's picture
   libsndfile1-dev # sound files in the examples
   libbenchmark-dev libvolk2-dev libsleef-dev libliquid-dev   # benchmark peers
+  libgsl-dev      # wavelet benchmark peer
 )
 
 missing=()

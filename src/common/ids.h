@@ -77,6 +77,10 @@ inline constexpr int32_t Iir32f = msb4("II01"), IirBq32f = msb4("II02"), Iir32f1
 inline constexpr int32_t Lms32f = msb4("LMS1");
 inline constexpr int32_t Lms32f16s = msb4("LMS2"), LmsMR32s16s = msb4("LMR1"), LmsMR32sc16sc = msb4("LMR2");
 
+// ---- wavelet filter-bank states (forward, inverse; 32f data, 16s data)
+inline constexpr int32_t WtFwd32f = msb4("WT01"), WtInv32f = msb4("WT02"), WtFwd32f16s = msb4("WT03"),
+                         WtInv32f16s = msb4("WT04");
+
 // Every word above, for the compile-time check that none repeats.
 inline constexpr int32_t kAll[] = {
     FftC16sc, FftC16s, FftR16s, FftC32fc, FftC32f, FftR32f, FftC64fc, FftC64f, FftR64f, FftC32s, FftC32sc,
@@ -91,6 +95,7 @@ inline constexpr int32_t kAll[] = {
     Iir64f16s, IirBq64f16s, Iir64fc16sc, IirBq64fc16sc, IirBqDF1_32f, Lms32f,
     FirMR32fc, FirMR64f, FirMR64fc};
     Lms32f16s, LmsMR32s16s, LmsMR32sc16sc};
+    WtFwd32f, WtInv32f, WtFwd32f16s, WtInv32f16s};
 
 constexpr bool all_distinct() {
     for (int32_t a : kAll) {

@@ -78,6 +78,11 @@ zamStatus clear_sparse(void* p) {
     return zamStatusOk;
 }
 
+// Wavelet filter banks: four taps a band, offsets 0 (low) and -1 (high).
+#define ZAMS_WT_ROW(S, PRE, SUF) \
+    ZAMS_ROW(S, zamsWT##PRE##Free##SUF, \
+             zamsWT##PRE##InitAlloc##SUF(ZAMS_STATE(S), fir_taps<Zam32f>(), 4, 0, fir_taps<Zam32f>(), 4, -1))
+
 #define ZAMS_IIR_ROW(S, SUF, TAPS)                                                                    \
     ZAMS_ROW(S, zamsIIRFree##SUF, zamsIIRInitAlloc##SUF(ZAMS_STATE(S), TAPS, 2, nullptr))
 
@@ -139,6 +144,10 @@ const Maker kMakers[] = {
     ZAMS_ROW(ZamsFIRLMSState32f_16s, zamsFIRLMSFree32f_16s, zamsFIRLMSInitAlloc32f_16s(ZAMS_STATE(ZamsFIRLMSState32f_16s), fir_taps<Zam32f>(), 4, nullptr, 0)),
     ZAMS_ROW(ZamsFIRLMSMRState32s_16s, zamsFIRLMSMRFree32s_16s, zamsFIRLMSMRInitAlloc32s_16s(ZAMS_STATE(ZamsFIRLMSMRState32s_16s), fir_itaps<Zam32s>(), 4, nullptr, 0, 100)),
     ZAMS_ROW(ZamsFIRLMSMRState32sc_16sc, zamsFIRLMSMRFree32sc_16sc, zamsFIRLMSMRInitAlloc32sc_16sc(ZAMS_STATE(ZamsFIRLMSMRState32sc_16sc), fir_ictaps<Zam32sc>(), 4, nullptr, 0, 100)),
+    ZAMS_WT_ROW(ZamsWTFwdState_32f, Fwd, _32f),
+    ZAMS_WT_ROW(ZamsWTInvState_32f, Inv, _32f),
+    ZAMS_WT_ROW(ZamsWTFwdState32f_16s, Fwd, 32f_16s),
+    ZAMS_WT_ROW(ZamsWTInvState32f_16s, Inv, 32f_16s),
 };
 const size_t kMakerCount = sizeof(kMakers) / sizeof(kMakers[0]);
 

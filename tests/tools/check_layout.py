@@ -34,6 +34,7 @@ LAYOUT = {
     "dct.h": ("src/transform", "tests/transform"),
     "sort.h": ("src/sort", "tests/sort"),
     "lms.h": ("src/filter", "tests/filter"),
+    "wavelet.h": ("src/wavelet", "tests/wavelet"),
 }
 
 
