@@ -157,5 +157,6 @@ typedef struct {
 #include "zams/gen.h"        /* random, triangle and tone generators, test vectors */
 #include "zams/filter.h"     /* IIR filters */
 #include "zams/fir.h"        /* FIR filters */
+#include "zams/speech.h"     /* speech and communication kernels */
 
 #endif /* ZAMS_H */

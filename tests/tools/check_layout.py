@@ -30,6 +30,7 @@ LAYOUT = {
     "gen.h": ("src/gen", "tests/gen"),
     "filter.h": ("src/filter", "tests/filter"),
     "fir.h": ("src/filter", "tests/filter"),
+    "speech.h": ("src/speech", "tests/speech"),
 }
 
 
