@@ -1,5 +1,7 @@
 // FM demodulation: the angle of x[n] conj(x[n-1]), from an exact (16-bit) or
-// once-rounded (float) product in double.
+// once-rounded (float) product in double. Adding +0 to each part turns a
+// negative zero into +0, so that a zero product gives 0 and a step on the
+// negative real axis +pi.
 #include <cstdint>
 
 #include "../common/check.h"
@@ -12,7 +14,7 @@ namespace {
 inline double angle(const Zam32fc& a, const Zam32fc& b) {
     const double re = double(a.re) * b.re + double(a.im) * b.im;
     const double im = double(a.im) * b.re - double(a.re) * b.im;
-    return elem::atan2(im, re);
+    return elem::atan2(im + 0.0, re + 0.0);
 }
 inline double angle(const Zam16sc& a, const Zam16sc& b) {
     const int64_t re = int64_t(a.re) * b.re + int64_t(a.im) * b.im;

@@ -120,4 +120,17 @@ TEST(Emphasis, Statuses) {
     EXPECT_TRUE(f[0] == 1 && f[1] == 2 && m == 3 && s[0] == 1 && s[1] == 2 && ms == 3);
 }
 
+ZAMS_DIGEST(emphasis) {
+    const auto x = zt::random_reals<float>(500, 6, -1.0f, 1.0f);
+    std::vector<float> y(500);
+    float m = 0.1f;
+    d.status(zamsPreemphasize_32f(x.data(), y.data(), 500, 0.97f, &m)), d.add(y), d.add(&m, 1);
+    d.status(zamsDeemphasize_32f(x.data(), y.data(), 500, 0.97f, &m)), d.add(y), d.add(&m, 1);
+    const auto s = zt::random_ints<Zam16s>(500, 7);
+    std::vector<Zam16s> z(500);
+    Zam16s ms = 99;
+    d.status(zamsPreemphasize_16s_Sfs(s.data(), z.data(), 500, 30000, &ms, 1)), d.add(z);
+    d.status(zamsDeemphasize_16s_Sfs(s.data(), z.data(), 500, 30000, &ms, 2)), d.add(z);
+}
+
 }  // namespace

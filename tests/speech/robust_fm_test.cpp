@@ -97,6 +97,17 @@ TEST(FMDemod, FloatStepsOfAKnownPhase) {
         ASSERT_NEAR(y[i], double(step[i]), 1e-5) << i;
     }
     EXPECT_EQ(y[0], 0.0f);
+    // a zero sample gives 0 (no signed zero reaches the angle), a half turn +pi
+    Zam32fc z[3] = {{-1.0f, 0.0f}, {0.0f, -0.0f}, {1.0f, -0.0f}};
+    mem = Zam32fc{-2.0f, 0.0f};
+    ASSERT_EQ(zamsFMDemod_32fc32f(z, y.data(), 3, &mem), zamStatusOk);
+    EXPECT_EQ(zt::bits(y[0]), zt::bits(0.0f));
+    EXPECT_EQ(zt::bits(y[1]), zt::bits(0.0f));
+    EXPECT_EQ(zt::bits(y[2]), zt::bits(0.0f));
+    mem = Zam32fc{-2.0f, -0.0f};
+    z[0] = Zam32fc{2.0f, 0.0f};
+    ASSERT_EQ(zamsFMDemod_32fc32f(z, y.data(), 1, &mem), zamStatusOk);
+    EXPECT_EQ(y[0], float(3.14159265358979323846));
 }
 
 TEST(FMDemod, Q15AgainstExactAngleInPieces) {
@@ -113,7 +124,8 @@ TEST(FMDemod, Q15AgainstExactAngleInPieces) {
     int exact = 0;
     for (int i = 0; i < 600; ++i) {
         const Zam16sc a = x[i], b = i ? x[i - 1] : mem0;
-        const LD re = LD(a.re) * b.re + LD(a.im) * b.im, im = LD(a.im) * b.re - LD(a.re) * b.im;
+        const LD re = LD(int64_t(a.re) * b.re + int64_t(a.im) * b.im);
+        const LD im = LD(int64_t(a.im) * b.re - int64_t(a.re) * b.im);
         const LD q = std::min(std::nearbyint(std::atan2(im, re) / 3.14159265358979323846264L * 32768), 32767.0L);
         ASSERT_LE(std::fabs(q - y[i]), 1) << i;
         exact += q == y[i];
@@ -134,6 +146,20 @@ TEST(FMDemod, Statuses) {
     EXPECT_EQ(zamsFMDemod_16sc16s(nullptr, ys, 0, &ms), zamStatusNullPointer);
     EXPECT_EQ(zamsFMDemod_16sc16s(cs, ys, -5, &ms), zamStatusBadLength);
     EXPECT_TRUE(y[0] == 7 && ys[0] == 7 && m.re == 1 && ms.re == 1);
+}
+
+ZAMS_DIGEST(robust_fm) {
+    const auto x = zt::random_reals<float>(600, 3, -30.0f, 30.0f);
+    std::vector<float> y(600);
+    d.status(zamsCauchy_32f(x.data(), y.data(), 600, 2.5f)), d.add(y);
+    d.status(zamsCauchyD_32f(x.data(), y.data(), 600, 0.5f)), d.add(y);
+    d.status(zamsCauchyDD2_32f(x.data(), y.data(), 600, 7.0f)), d.add(y);
+    Zam32fc m{1.0f, 0.5f};
+    d.status(zamsFMDemod_32fc32f(reinterpret_cast<const Zam32fc*>(x.data()), y.data(), 300, &m)), d.add(y);
+    const auto s = zt::random_ints<Zam16s>(600, 4);
+    std::vector<Zam16s> z(300);
+    Zam16sc ms{3, -4};
+    d.status(zamsFMDemod_16sc16s(reinterpret_cast<const Zam16sc*>(s.data()), z.data(), 300, &ms)), d.add(z);
 }
 
 }  // namespace
