@@ -14,6 +14,19 @@
 namespace zams {
 namespace {
 
+// Both laws' vector decoding: the magnitude from a base and a multiplier in
+// 16-bit lanes (widened from bytes), negated where the code's top bit is clear.
+template <class Mag>
+inline void decode_halves(__m128i base, __m128i mul, __m128i c, Mag mag, __m128i& lo, __m128i& hi) {
+    const __m128i z = _mm_setzero_si128(), pos = _mm_cmpgt_epi8(z, c);
+    auto half = [&](__m128i b, __m128i m, __m128i p) {
+        const __m128i n = _mm_cmpeq_epi16(p, z);
+        return _mm_sub_epi16(_mm_xor_si128(mag(b, m), n), n);
+    };
+    lo = half(_mm_cvtepu8_epi16(base), _mm_cvtepu8_epi16(mul), _mm_cvtepi8_epi16(pos));
+    hi = half(_mm_unpackhi_epi8(base, z), _mm_unpackhi_epi8(mul, z), _mm_unpackhi_epi8(pos, pos));
+}
+
 // ------------------------------------------------------------------ A-law
 // A code is the sign bit (1 for x >= 0) and seven bits s q (segment s,
 // step q) with the even bits inverted (xor 0x55). On the 16-bit scale segment
@@ -50,15 +63,9 @@ struct ALaw {
         const __m128i mul = _mm_shuffle_epi8(_mm_setr_epi8(1, 1, 2, 4, 8, 16, 32, 64, 0, 0, 0, 0, 0, 0, 0, 0), seg);
         const __m128i lead = _mm_shuffle_epi8(_mm_setr_epi8(0, 16, 16, 16, 16, 16, 16, 16, 0, 0, 0, 0, 0, 0, 0, 0), seg);
         const __m128i base = _mm_or_si128(q, lead);  // q or 16 + q, fits a byte
-        const __m128i neg = _mm_cmpgt_epi8(_mm_setzero_si128(), c);  // sign bit set: positive
-        auto half = [&](__m128i b, __m128i m, __m128i n) {
-            __m128i v = _mm_mullo_epi16(_mm_or_si128(_mm_slli_epi16(b, 4), _mm_set1_epi16(8)), m);
-            n = _mm_cmpeq_epi16(n, _mm_setzero_si128());  // code < 128: negative value
-            return _mm_sub_epi16(_mm_xor_si128(v, n), n);
-        };
-        lo = half(_mm_cvtepu8_epi16(base), _mm_cvtepu8_epi16(mul), _mm_cvtepi8_epi16(neg));
-        hi = half(_mm_unpackhi_epi8(base, _mm_setzero_si128()), _mm_unpackhi_epi8(mul, _mm_setzero_si128()),
-                  _mm_unpackhi_epi8(neg, neg));
+        decode_halves(base, mul, c, [](__m128i b, __m128i m) {
+            return _mm_mullo_epi16(_mm_or_si128(_mm_slli_epi16(b, 4), _mm_set1_epi16(8)), m);
+        }, lo, hi);
     }
     // Eight values to eight codes (in 16-bit lanes).
     static __m128i encode_vec(__m128i x) {
@@ -108,16 +115,10 @@ struct MuLaw {
         const __m128i q = _mm_and_si128(t, _mm_set1_epi8(15));
         const __m128i mul =
             _mm_shuffle_epi8(_mm_setr_epi8(1, 2, 4, 8, 16, 32, 64, char(128), 0, 0, 0, 0, 0, 0, 0, 0), e);
-        const __m128i neg = _mm_cmpgt_epi8(_mm_setzero_si128(), c);
-        auto half = [&](__m128i b, __m128i m, __m128i n) {
-            __m128i v = _mm_mullo_epi16(_mm_add_epi16(_mm_slli_epi16(b, 3), _mm_set1_epi16(132)), m);
-            v = _mm_sub_epi16(v, _mm_set1_epi16(132));
-            n = _mm_cmpeq_epi16(n, _mm_setzero_si128());
-            return _mm_sub_epi16(_mm_xor_si128(v, n), n);
-        };
-        lo = half(_mm_cvtepu8_epi16(q), _mm_cvtepu8_epi16(mul), _mm_cvtepi8_epi16(neg));
-        hi = half(_mm_unpackhi_epi8(q, _mm_setzero_si128()), _mm_unpackhi_epi8(mul, _mm_setzero_si128()),
-                  _mm_unpackhi_epi8(neg, neg));
+        decode_halves(q, mul, c, [](__m128i b, __m128i m) {
+            const __m128i v = _mm_mullo_epi16(_mm_add_epi16(_mm_slli_epi16(b, 3), _mm_set1_epi16(132)), m);
+            return _mm_sub_epi16(v, _mm_set1_epi16(132));
+        }, lo, hi);
     }
     static __m128i encode_vec(__m128i x) {
         const __m128i sgn = _mm_srai_epi16(x, 15);

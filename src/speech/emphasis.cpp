@@ -54,23 +54,17 @@ template <class T, class... Sf> zamStatus deemph(const T* src, T* dst, int len, 
 
 using namespace zams;
 
-ZAMS_FN(zamStatus, zamsPreemphasize_32f)(const Zam32f* s, Zam32f* d, int n, Zam32f k, Zam32f* m) {
-    return preemph(s, d, n, k, m);
-}
-ZAMS_FN(zamStatus, zamsPreemphasize_32f_I)(Zam32f* sd, int n, Zam32f k, Zam32f* m) { return preemph(sd, sd, n, k, m); }
-ZAMS_FN(zamStatus, zamsPreemphasize_16s_Sfs)(const Zam16s* s, Zam16s* d, int n, Zam16s k, Zam16s* m, int sf) {
-    return preemph(s, d, n, k, m, sf);
-}
-ZAMS_FN(zamStatus, zamsPreemphasize_16s_ISfs)(Zam16s* sd, int n, Zam16s k, Zam16s* m, int sf) {
-    return preemph(sd, sd, n, k, m, sf);
-}
-ZAMS_FN(zamStatus, zamsDeemphasize_32f)(const Zam32f* s, Zam32f* d, int n, Zam32f k, Zam32f* m) {
-    return deemph(s, d, n, k, m);
-}
-ZAMS_FN(zamStatus, zamsDeemphasize_32f_I)(Zam32f* sd, int n, Zam32f k, Zam32f* m) { return deemph(sd, sd, n, k, m); }
-ZAMS_FN(zamStatus, zamsDeemphasize_16s_Sfs)(const Zam16s* s, Zam16s* d, int n, Zam16s k, Zam16s* m, int sf) {
-    return deemph(s, d, n, k, m, sf);
-}
-ZAMS_FN(zamStatus, zamsDeemphasize_16s_ISfs)(Zam16s* sd, int n, Zam16s k, Zam16s* m, int sf) {
-    return deemph(sd, sd, n, k, m, sf);
-}
+#define ZAMS_EMPHASIS(NAME, fn)                                                                              \
+    ZAMS_FN(zamStatus, zams##NAME##_32f)(const Zam32f* s, Zam32f* d, int n, Zam32f k, Zam32f* m) {             \
+        return fn(s, d, n, k, m);                                                                            \
+    }                                                                                                        \
+    ZAMS_FN(zamStatus, zams##NAME##_32f_I)(Zam32f* sd, int n, Zam32f k, Zam32f* m) { return fn(sd, sd, n, k, m); } \
+    ZAMS_FN(zamStatus, zams##NAME##_16s_Sfs)(const Zam16s* s, Zam16s* d, int n, Zam16s k, Zam16s* m, int sf) { \
+        return fn(s, d, n, k, m, sf);                                                                        \
+    }                                                                                                        \
+    ZAMS_FN(zamStatus, zams##NAME##_16s_ISfs)(Zam16s* sd, int n, Zam16s k, Zam16s* m, int sf) {              \
+        return fn(sd, sd, n, k, m, sf);                                                                      \
+    }
+
+ZAMS_EMPHASIS(Preemphasize, preemph)
+ZAMS_EMPHASIS(Deemphasize, deemph)
