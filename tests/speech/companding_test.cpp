@@ -118,21 +118,13 @@ TEST(Companding, BetweenTheLaws) {
 
 // Null pointers before the length, nothing written on an error.
 TEST(Companding, Statuses) {
-    Zam8u c[4] = {1, 2, 3, 4};
-    Zam16s s[4] = {5, 6, 7, 8};
-    Zam32f f[4] = {9, 10, 11, 12};
+    Zam8u c[2] = {1, 2};
+    Zam16s s[2] = {5, 6};
     EXPECT_EQ(zamsALawToLin_8u16s(nullptr, s, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsMuLawToLin_8u32f(c, nullptr, 4), zamStatusNullPointer);
     EXPECT_EQ(zamsMuLawToLin_8u16s(c, s, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsALawToLin_8u32f(c, f, -1), zamStatusBadLength);
-    EXPECT_EQ(zamsLinToALaw_16s8u(s, c, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsLinToMuLaw_32f8u(nullptr, c, 4), zamStatusNullPointer);
-    EXPECT_EQ(zamsLinToALaw_32f8u(f, nullptr, 4), zamStatusNullPointer);
     EXPECT_EQ(zamsLinToMuLaw_16s8u(s, c, INT32_MIN), zamStatusBadLength);
-    EXPECT_EQ(zamsALawToMuLaw_8u(c, c, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsMuLawToALaw_8u(nullptr, c, 4), zamStatusNullPointer);
-    EXPECT_EQ(c[0] + c[3] + s[0] + s[3], 1 + 4 + 5 + 8);
-    EXPECT_EQ(f[0], 9.0f);
+    EXPECT_EQ(zamsALawToMuLaw_8u(c, nullptr, 2), zamStatusNullPointer);
+    EXPECT_TRUE(c[0] == 1 && c[1] == 2 && s[0] == 5 && s[1] == 6);
 }
 
 ZAMS_DIGEST(companding) {

@@ -95,16 +95,6 @@ TEST(Emphasis, Q15ExactRoundingScaleAndPieces) {
     }
 }
 
-// De-emphasis undoes pre-emphasis (floats, to rounding).
-TEST(Emphasis, InverseOfEachOther) {
-    auto x = zt::random_reals<float>(1000, 8, -1.0f, 1.0f);
-    std::vector<float> y(x.size()), z(x.size());
-    float m1 = 0.25f, m2 = 0.25f;
-    ASSERT_EQ(zamsPreemphasize_32f(x.data(), y.data(), 1000, 0.95f, &m1), zamStatusOk);
-    ASSERT_EQ(zamsDeemphasize_32f(y.data(), z.data(), 1000, 0.95f, &m2), zamStatusOk);
-    for (int i = 0; i < 1000; ++i) ASSERT_NEAR(z[i], x[i], 1e-5f) << i;
-}
-
 TEST(Emphasis, Statuses) {
     float f[2] = {1, 2}, m = 3;
     Zam16s s[2] = {1, 2}, ms = 3;
