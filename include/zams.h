@@ -162,5 +162,6 @@ typedef struct {
 #include "zams/sort.h"       /* sorting */
 #include "zams/lms.h"        /* adaptive LMS filters */
 #include "zams/wavelet.h"    /* Haar transform, two-channel filter bank */
+#include "zams/speech.h"     /* speech and communication kernels */
 
 #endif /* ZAMS_H */

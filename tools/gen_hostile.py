@@ -35,7 +35,7 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import gen_entry  # noqa: E402
 
 LENGTH = {"len", "dstLen", "chanLen", "nChannels", "maskSize", "srcLen", "src1Len", "src2Len", "tapsLen",
-          "nzTapsLen", "numBq", "numIters"}
+          "nzTapsLen", "numBq", "numIters", "tblLen"}
 ORDER = {"order", "srcBitOffset", "dstBitOffset"}
 MODE = {"rndMode", "hint", "flag", "relOp", "zcType"}
 STRUCT = re.compile(r"^Zams\w*(Spec|State)\w*$")

@@ -35,6 +35,7 @@ LAYOUT = {
     "sort.h": ("src/sort", "tests/sort"),
     "lms.h": ("src/filter", "tests/filter"),
     "wavelet.h": ("src/wavelet", "tests/wavelet"),
+    "speech.h": ("src/speech", "tests/speech"),
 }
 
 
