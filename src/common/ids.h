@@ -93,9 +93,8 @@ inline constexpr int32_t kAll[] = {
     FirMRStream32f, FirSparse32f, Iir32f, IirBq32f, Iir32f16s, IirBq32f16s, Iir32fc16sc, IirBq32fc16sc, Iir64f, IirBq64f,
     Iir64fc, IirBq64fc, Iir64f32f, IirBq64f32f, Iir64fc32fc, IirBq64fc32fc, Iir64f32s, Iir64fc32sc, IirBq64fc32sc,
     Iir64f16s, IirBq64f16s, Iir64fc16sc, IirBq64fc16sc, IirBqDF1_32f, Lms32f,
-    FirMR32fc, FirMR64f, FirMR64fc};
-    Lms32f16s, LmsMR32s16s, LmsMR32sc16sc};
-    WtFwd32f, WtInv32f, WtFwd32f16s, WtInv32f16s};
+    FirMR32fc, FirMR64f, FirMR64fc, Lms32f16s, LmsMR32s16s, LmsMR32sc16sc, WtFwd32f, WtInv32f, WtFwd32f16s,
+    WtInv32f16s};
 
 constexpr bool all_distinct() {
     for (int32_t a : kAll) {
