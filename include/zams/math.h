@@ -264,8 +264,8 @@ ZAMSAPI zamStatus zamsExp10_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
 ZAMSAPI zamStatus zamsExp10_64f_I(Zam64f* pSrcDst, int len);
 
 /* Complex exponential and logarithm: Exp = e^re (cos im + i sin im), Ln =
-   ln|z| + i atan2(im, re). 32fc within 1 ulp in each part, 64fc within 2
-   ulps of the larger part. A NaN part, or an infinite imaginary part of
+   ln|z| + i atan2(im, re). Each part within 1 ulp (32fc) or 2 ulps
+   (64fc). A NaN part, or an infinite imaginary part of
    Exp, gives NaN parts; Ln of 0 is -inf + i atan2(im, re); an infinite part
    gives a real part of +inf. */
 ZAMSAPI zamStatus zamsExp_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
@@ -354,8 +354,8 @@ ZAMSAPI zamStatus zamsAtanh_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
 ZAMSAPI zamStatus zamsAtanh_64f_I(Zam64f* pSrcDst, int len);
 
 /* Complex sine and cosine: sin z = sin re cosh im + i cos re sinh im,
-   cos z = cos re cosh im - i sin re sinh im. 32fc within 1 ulp in each
-   part, 64fc within 2 ulps of the larger part; an infinite or NaN real
+   cos z = cos re cosh im - i sin re sinh im. Each part within 1 ulp (32fc)
+   or 2 ulps (64fc), overflowing where cosh im does; an infinite or NaN real
    part, or a NaN imaginary part, gives NaN parts. */
 ZAMSAPI zamStatus zamsSin_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
 ZAMSAPI zamStatus zamsSin_32fc_I(Zam32fc* pSrcDst, int len);

@@ -310,6 +310,8 @@ TEST(ElementaryReal, FormsAgree) {
     ASSERT_EQ(zamsPowx_64f(p64.data(), 7.25, b64.data(), 301), zamStatusOk);
     EXPECT_EQ(a32, b32);
     EXPECT_EQ(a64, b64);
+    ASSERT_EQ(zamsPowx_64f_I(7.25, p64.data(), 301), zamStatusOk);
+    EXPECT_EQ(p64, a64);
     EXPECT_EQ(zamsPowx_32f(p32.data(), 2, nullptr, 1), zamStatusNullPointer);
     std::vector<Zam64f> s(301), c(301);
     ASSERT_EQ(zamsSinCos_64f(x64.data(), s.data(), c.data(), 301), zamStatusOk);
