@@ -366,4 +366,23 @@ ZAMSAPI zamStatus zamsCos_32fc_I(Zam32fc* pSrcDst, int len);
 ZAMSAPI zamStatus zamsCos_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len);
 ZAMSAPI zamStatus zamsCos_64fc_I(Zam64fc* pSrcDst, int len);
 
+/* The error function and its complement: erf within 1 ulp (64f within 2),
+   erfc within 1 ulp (64f within 2) including its small values far out
+   (down to the subnormals near x = 27); erf(+-inf) = +-1, erfc(-inf) = 2. */
+ZAMSAPI zamStatus zamsErf_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsErf_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsErf_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsErf_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsErfc_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsErfc_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsErfc_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsErfc_64f_I(Zam64f* pSrcDst, int len);
+
+/* 1/cbrt(x) within 1 ulp, the sign of x kept: +-0 gives +-inf, +-inf
+   gives +-0. */
+ZAMSAPI zamStatus zamsInvCbrt_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsInvCbrt_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsInvCbrt_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsInvCbrt_64f_I(Zam64f* pSrcDst, int len);
+
 #endif

@@ -28,6 +28,14 @@ int ref_10log10(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t m) {
     mpfr_log10(r, x, m);
     return mpfr_mul_ui(r, r, 10, m);
 }
+int ref_invcbrt(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t m) {
+    mpfr_t c;
+    mpfr_init2(c, 400);
+    mpfr_cbrt(c, x, m);
+    int t = mpfr_ui_div(r, 1, c, m);
+    mpfr_clear(c);
+    return t;
+}
 int ref_floor(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t) { return mpfr_floor(r, x); }
 int ref_ceil(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t) { return mpfr_ceil(r, x); }
 int ref_trunc(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t) { return mpfr_trunc(r, x); }
@@ -35,7 +43,7 @@ int ref_round(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t) { return mpfr_round(r, x); 
 #else
 using Ref1 = std::nullptr_t;
 using Ref2 = std::nullptr_t;
-constexpr Ref1 ref_inv = nullptr, ref_10log10 = nullptr, ref_floor = nullptr, ref_ceil = nullptr, ref_trunc = nullptr,
+constexpr Ref1 ref_inv = nullptr, ref_invcbrt = nullptr, ref_10log10 = nullptr, ref_floor = nullptr, ref_ceil = nullptr, ref_trunc = nullptr,
                ref_round = nullptr;
 #define mpfr_sin nullptr
 #define mpfr_cos nullptr
@@ -56,6 +64,8 @@ constexpr Ref1 ref_inv = nullptr, ref_10log10 = nullptr, ref_floor = nullptr, re
 #define mpfr_log1p nullptr
 #define mpfr_rec_sqrt nullptr
 #define mpfr_frac nullptr
+#define mpfr_erf nullptr
+#define mpfr_erfc nullptr
 #define mpfr_pow nullptr
 #define mpfr_atan2 nullptr
 #define mpfr_hypot nullptr
@@ -87,7 +97,8 @@ const Unary kUnary[] = {
     {ROW(Round), ref_round, 0, 0, -1e3, 1e3},    {ROW(Frac), mpfr_frac, 0, 0, -1e3, 1e3},
     {ROW(Expm1), mpfr_expm1, 1, 1, -2, 2},       {ROW(Log1p), mpfr_log1p, 1, 1, -0.9, 2},
     {ROW(Asinh), mpfr_asinh, 1, 2, -3, 3},       {ROW(Acosh), mpfr_acosh, 1, 2, 1, 3},
-    {ROW(Atanh), mpfr_atanh, 1, 2, -1, 1},
+    {ROW(Atanh), mpfr_atanh, 1, 2, -1, 1},       {ROW(Erf), mpfr_erf, 1, 2, -4, 4},
+    {ROW(Erfc), mpfr_erfc, 1, 2, -2, 27.3},      {ROW(InvCbrt), ref_invcbrt, 1, 1, -10, 10},
 };
 #undef ROW
 
@@ -242,7 +253,9 @@ TEST(ElementaryReal, SpecialValues) {
         {zamsLog1p_64f, zamsLog1p_32f, -1, -inf},       {zamsLog1p_64f, zamsLog1p_32f, -2, nan},
         {zamsAcosh_64f, zamsAcosh_32f, 0.5, nan},       {zamsAcosh_64f, zamsAcosh_32f, 1.0, 0.0},
         {zamsAtanh_64f, zamsAtanh_32f, -1.0, -inf},     {zamsAtanh_64f, zamsAtanh_32f, 2.0, nan},
-        {zamsAsinh_64f, zamsAsinh_32f, -inf, -inf},
+        {zamsAsinh_64f, zamsAsinh_32f, -inf, -inf},     {zamsErf_64f, zamsErf_32f, -inf, -1},
+        {zamsErfc_64f, zamsErfc_32f, -inf, 2},          {zamsErfc_64f, zamsErfc_32f, inf, 0},
+        {zamsInvCbrt_64f, zamsInvCbrt_32f, -0.0, -inf}, {zamsInvCbrt_64f, zamsInvCbrt_32f, -8, -0.5},
     };
     for (const Case& c : cases) {
         Zam64f y;
