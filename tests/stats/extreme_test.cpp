@@ -212,7 +212,8 @@ template <class T> void digest_ext(zt::Digest& d, Ext<T> f, const std::vector<T>
 ZAMS_DIGEST(extremes) {
     st::each([&](auto f) { digest_ext(d, f, dup_pool<typename decltype(f)::type>(301, 42), {1, 33, 34, 301}); },
              EXT(16s), EXT(32s), EXT(32f), EXT(64f));
-    st::each([&](auto f) { digest_ext(d, f, dup_pool<typename decltype(f)::type>(301, 43), {301}); }, EXT_ABS(16s), EXT_ABS(32s));
+    st::each([&](auto f) { digest_ext(d, f, dup_pool<typename decltype(f)::type>(301, 43), {301}); }, EXT_ABS(16s), EXT_ABS(32s),
+             EXT_ABS(32f), EXT_ABS(64f));
     st::each([&](auto f) {
         using T = typename decltype(f)::type;
         auto x = dup_pool<T>(301, 40, true), y = dup_pool<T>(301, 41);
