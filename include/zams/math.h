@@ -184,4 +184,205 @@ ZAMSAPI zamStatus zamsPolarToCart_64fc(const Zam64f* pSrcMagn, const Zam64f* pSr
 ZAMSAPI zamStatus zamsPolarToCart_32f(const Zam32f* pSrcMagn, const Zam32f* pSrcPhase, Zam32f* pDstRe, Zam32f* pDstIm, int len);
 ZAMSAPI zamStatus zamsPolarToCart_64f(const Zam64f* pSrcMagn, const Zam64f* pSrcPhase, Zam64f* pDstRe, Zam64f* pDstIm, int len);
 
+/* Elementary functions of floating vectors, second set. Single-precision
+   results are the double-precision value rounded once, within 1 ulp;
+   double-precision bounds are stated per group. Special values follow
+   IEEE and C99 Annex F: a domain error gives NaN, a pole an infinity, and
+   the status stays 0 (no warnings), as for Exp and Ln above. */
+
+/* Sine, cosine, tangent of any finite argument in radians (the reduction is
+   exact, however large the argument), within 1 ulp in both precisions; an
+   infinite or NaN argument gives NaN. SinCos writes both. */
+ZAMSAPI zamStatus zamsSin_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsSin_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSin_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsSin_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsCos_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsCos_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsCos_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsCos_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsTan_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsTan_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsTan_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsTan_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSinCos_32f(const Zam32f* pSrc, Zam32f* pDstSin, Zam32f* pDstCos, int len);
+ZAMSAPI zamStatus zamsSinCos_64f(const Zam64f* pSrc, Zam64f* pDstSin, Zam64f* pDstCos, int len);
+
+/* Pow: pSrc1[i] ^ pSrc2[i]; Powx: pSrc[i] ^ val. Within 1 ulp. x^0 = 1 and
+   1^y = 1 for any x, y (NaN too); a negative finite base with a finite
+   non-integer exponent gives NaN; zero and infinite bases and exponents as
+   C99 Annex F (0^-1 = +inf, (-0)^-3 = -inf, (-1)^+-inf = 1, ...). */
+ZAMSAPI zamStatus zamsPow_32f(const Zam32f* pSrc1, const Zam32f* pSrc2, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsPow_64f(const Zam64f* pSrc1, const Zam64f* pSrc2, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsPowx_32f(const Zam32f* pSrc, Zam32f val, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsPowx_32f_I(Zam32f val, Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsPowx_64f(const Zam64f* pSrc, Zam64f val, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsPowx_64f_I(Zam64f val, Zam64f* pSrcDst, int len);
+
+/* atan2(pSrc1[i], pSrc2[i]): the angle of the point (pSrc2[i], pSrc1[i]) in
+   [-pi, pi], signed zeros and infinities as C99 Annex F. 32f within 1 ulp,
+   64f within 2. */
+ZAMSAPI zamStatus zamsAtan2_32f(const Zam32f* pSrc1, const Zam32f* pSrc2, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsAtan2_64f(const Zam64f* pSrc1, const Zam64f* pSrc2, Zam64f* pDst, int len);
+
+/* Hyperbolic functions, within 1 ulp; overflow gives +-inf. */
+ZAMSAPI zamStatus zamsTanh_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsTanh_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsTanh_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsTanh_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSinh_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsSinh_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSinh_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsSinh_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsCosh_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsCosh_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsCosh_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsCosh_64f_I(Zam64f* pSrcDst, int len);
+
+/* Logarithms to base 10 and 2, 10 log10(x), and 2^x, 10^x: within 1 ulp,
+   exact where the result is (Log2(2^k) = k, Exp10(22) = 1e22). A negative
+   argument of a logarithm gives NaN, zero gives -inf. */
+ZAMSAPI zamStatus zamsLog10_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsLog10_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLog10_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsLog10_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLog2_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsLog2_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLog2_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsLog2_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zams10Log10_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zams10Log10_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zams10Log10_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zams10Log10_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsExp2_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsExp2_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsExp2_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsExp2_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsExp10_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsExp10_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsExp10_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsExp10_64f_I(Zam64f* pSrcDst, int len);
+
+/* Complex exponential and logarithm: Exp = e^re (cos im + i sin im), Ln =
+   ln|z| + i atan2(im, re). Each part within 1 ulp (32fc) or 2 ulps
+   (64fc). A NaN part, or an infinite imaginary part of
+   Exp, gives NaN parts; Ln of 0 is -inf + i atan2(im, re); an infinite part
+   gives a real part of +inf. */
+ZAMSAPI zamStatus zamsExp_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsExp_32fc_I(Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsExp_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsExp_64fc_I(Zam64fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLn_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsLn_32fc_I(Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLn_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsLn_64fc_I(Zam64fc* pSrcDst, int len);
+
+/* Inverse sine and cosine: |x| > 1 gives NaN. 32f within 1 ulp, 64f within
+   2 ulps. */
+ZAMSAPI zamStatus zamsAsin_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsAsin_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAsin_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsAsin_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAcos_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsAcos_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAcos_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsAcos_64f_I(Zam64f* pSrcDst, int len);
+
+/* sqrt(pSrc1[i]^2 + pSrc2[i]^2) within 1 ulp, without overflow or underflow
+   on the way; an infinite argument gives +inf even beside a NaN. */
+ZAMSAPI zamStatus zamsHypot_32f(const Zam32f* pSrc1, const Zam32f* pSrc2, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsHypot_64f(const Zam64f* pSrc1, const Zam64f* pSrc2, Zam64f* pDst, int len);
+
+/* 1/x (the IEEE quotient) and 1/sqrt(x) within 1 ulp: 1/+-0 = +-inf,
+   1/sqrt(+-0) = +inf, a negative x gives NaN for InvSqrt. */
+ZAMSAPI zamStatus zamsInv_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsInv_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsInv_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsInv_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsInvSqrt_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsInvSqrt_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsInvSqrt_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsInvSqrt_64f_I(Zam64f* pSrcDst, int len);
+
+/* Rounding to integral values, exact: Floor toward -inf, Ceil toward +inf,
+   Trunc toward zero, Round to nearest with halves away from zero; Frac is
+   x - Trunc(x) with the sign of x (+-0 for infinities). NaN stays NaN. */
+ZAMSAPI zamStatus zamsFloor_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsFloor_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsFloor_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsFloor_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsCeil_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsCeil_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsCeil_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsCeil_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsTrunc_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsTrunc_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsTrunc_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsTrunc_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsRound_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsRound_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsRound_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsRound_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsFrac_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsFrac_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsFrac_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsFrac_64f_I(Zam64f* pSrcDst, int len);
+
+/* e^x - 1 and ln(1 + x), accurate for small x: within 1 ulp. */
+ZAMSAPI zamStatus zamsExpm1_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsExpm1_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsExpm1_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsExpm1_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLog1p_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsLog1p_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsLog1p_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsLog1p_64f_I(Zam64f* pSrcDst, int len);
+
+/* Inverse hyperbolic functions: Acosh below 1 and Atanh beyond +-1 give
+   NaN, Atanh(+-1) = +-inf. Within 1 ulp (64f within 2). */
+ZAMSAPI zamStatus zamsAsinh_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsAsinh_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAsinh_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsAsinh_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAcosh_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsAcosh_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAcosh_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsAcosh_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAtanh_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsAtanh_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsAtanh_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsAtanh_64f_I(Zam64f* pSrcDst, int len);
+
+/* Complex sine and cosine: sin z = sin re cosh im + i cos re sinh im,
+   cos z = cos re cosh im - i sin re sinh im. Each part within 1 ulp (32fc)
+   or 2 ulps (64fc), overflowing where cosh im does; an infinite or NaN real
+   part, or a NaN imaginary part, gives NaN parts. */
+ZAMSAPI zamStatus zamsSin_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsSin_32fc_I(Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsSin_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsSin_64fc_I(Zam64fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsCos_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsCos_32fc_I(Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsCos_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsCos_64fc_I(Zam64fc* pSrcDst, int len);
+
+/* The error function and its complement: erf within 1 ulp (64f within 2),
+   erfc within 1 ulp (64f within 2) including its small values far out
+   (down to the subnormals near x = 27); erf(+-inf) = +-1, erfc(-inf) = 2. */
+ZAMSAPI zamStatus zamsErf_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsErf_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsErf_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsErf_64f_I(Zam64f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsErfc_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsErfc_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsErfc_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsErfc_64f_I(Zam64f* pSrcDst, int len);
+
+/* 1/cbrt(x) within 1 ulp, the sign of x kept: +-0 gives +-inf, +-inf
+   gives +-0. */
+ZAMSAPI zamStatus zamsInvCbrt_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
+ZAMSAPI zamStatus zamsInvCbrt_32f_I(Zam32f* pSrcDst, int len);
+ZAMSAPI zamStatus zamsInvCbrt_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
+ZAMSAPI zamStatus zamsInvCbrt_64f_I(Zam64f* pSrcDst, int len);
+
 #endif

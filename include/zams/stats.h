@@ -64,6 +64,15 @@ ZAMSAPI zamStatus zamsMinIndx_32f(const Zam32f* pSrc, int len, Zam32f* pMin, int
 ZAMSAPI zamStatus zamsMinIndx_64f(const Zam64f* pSrc, int len, Zam64f* pMin, int* pIndx);
 ZAMSAPI zamStatus zamsMinAbsIndx_16s(const Zam16s* pSrc, int len, Zam16s* pMinAbs, int* pIndx);
 ZAMSAPI zamStatus zamsMinAbsIndx_32s(const Zam32s* pSrc, int len, Zam32s* pMinAbs, int* pIndx);
+/* Floating MaxAbs/MinAbs: |x| with the sign bit cleared, by the same scan (a NaN only as the first element). */
+ZAMSAPI zamStatus zamsMaxAbs_32f(const Zam32f* pSrc, int len, Zam32f* pMaxAbs);
+ZAMSAPI zamStatus zamsMinAbs_32f(const Zam32f* pSrc, int len, Zam32f* pMinAbs);
+ZAMSAPI zamStatus zamsMaxAbsIndx_32f(const Zam32f* pSrc, int len, Zam32f* pMaxAbs, int* pIndx);
+ZAMSAPI zamStatus zamsMinAbsIndx_32f(const Zam32f* pSrc, int len, Zam32f* pMinAbs, int* pIndx);
+ZAMSAPI zamStatus zamsMaxAbs_64f(const Zam64f* pSrc, int len, Zam64f* pMaxAbs);
+ZAMSAPI zamStatus zamsMinAbs_64f(const Zam64f* pSrc, int len, Zam64f* pMinAbs);
+ZAMSAPI zamStatus zamsMaxAbsIndx_64f(const Zam64f* pSrc, int len, Zam64f* pMaxAbs, int* pIndx);
+ZAMSAPI zamStatus zamsMinAbsIndx_64f(const Zam64f* pSrc, int len, Zam64f* pMinAbs, int* pIndx);
 ZAMSAPI zamStatus zamsMinMax_8u(const Zam8u* pSrc, int len, Zam8u* pMin, Zam8u* pMax);
 ZAMSAPI zamStatus zamsMinMax_16s(const Zam16s* pSrc, int len, Zam16s* pMin, Zam16s* pMax);
 ZAMSAPI zamStatus zamsMinMax_16u(const Zam16u* pSrc, int len, Zam16u* pMin, Zam16u* pMax);

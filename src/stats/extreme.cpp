@@ -106,23 +106,35 @@ template <bool Max, class T> zamStatus extreme(const T* src, int len, T* dst, in
 }
 
 // By magnitude: |x| compared exactly in the unsigned type, reported
-// saturated to T (|-32768| is 32767).
-template <class T> using mag_t = std::make_unsigned_t<T>;
-template <class T> inline mag_t<T> mag(T x) { return x < 0 ? mag_t<T>(0u - mag_t<T>(x)) : mag_t<T>(x); }
+// saturated to T (|-32768| is 32767); floating |x| is x with the sign bit
+// cleared, and the scan rule holds (a NaN only as the first element).
+template <class T> using mag_t = typename std::conditional_t<std::is_floating_point_v<T>, std::type_identity<T>, std::make_unsigned<T>>::type;
+template <class T> inline mag_t<T> mag(T x) {
+    if constexpr (std::is_floating_point_v<T>) return std::fabs(x);
+    else return x < 0 ? mag_t<T>(0u - mag_t<T>(x)) : mag_t<T>(x);
+}
 
 template <bool Max, class T> zamStatus extreme_abs(const T* src, int len, T* dst, int* idx, bool need_idx) {
     if (zamStatus s = need_idx ? check_ptr(src, dst, idx) : check_ptr(src, dst)) return s;
     if (len < 1) return zamStatusBadLength;
-    mag_t<T> m = mag(src[0]);
-    for (int i = 1; i < len; ++i) {
-        mag_t<T> a = mag(src[i]);
-        m = beats<Max>(a, m) ? a : m;
-    }
-    *dst = m > mag_t<T>(traits<T>::max) ? traits<T>::max : T(m);
-    if (idx) {
+    if constexpr (std::is_floating_point_v<T>) {
         int k = 0;
-        while (mag(src[k]) != m) ++k;
-        *idx = k;
+        for (int i = 1; i < len; ++i)
+            if (beats<Max>(mag(src[i]), mag(src[k]))) k = i;
+        *dst = mag(src[k]);
+        if (idx) *idx = k;
+    } else {
+        mag_t<T> m = mag(src[0]);
+        for (int i = 1; i < len; ++i) {
+            mag_t<T> a = mag(src[i]);
+            m = beats<Max>(a, m) ? a : m;
+        }
+        *dst = m > mag_t<T>(traits<T>::max) ? traits<T>::max : T(m);
+        if (idx) {
+            int k = 0;
+            while (mag(src[k]) != m) ++k;
+            *idx = k;
+        }
     }
     return zamStatusOk;
 }
@@ -187,6 +199,8 @@ ZAMS_EXT(64f)
     }
 ZAMS_EXT_ABS(16s)
 ZAMS_EXT_ABS(32s)
+ZAMS_EXT_ABS(32f)
+ZAMS_EXT_ABS(64f)
 
 #define ZAMS_MINMAX(T)                                                                                                   \
     ZAMS_FN(zamStatus, zamsMinMax_##T)(const Zam##T* pSrc, int len, Zam##T* pMin, Zam##T* pMax) {                         \

@@ -102,11 +102,12 @@ TEST(Extreme, MinMaxWithIndices) {
              MINMAX(32f), MINMAX(64f));
 }
 
-// By magnitude: compared exactly (|-32768| beats 32767), reported saturated.
+// By magnitude: compared exactly (|-32768| beats 32767), reported saturated;
+// floating magnitudes with NaNs skipped unless first.
 template <class T> void by_magnitude(Ext<T> f) {
-    using W = long long;
-    auto mag = [](T v) { return v < 0 ? -W(v) : W(v); };
-    auto sat = [](W v) { return T(std::min<W>(v, std::numeric_limits<T>::max())); };
+    using W = std::conditional_t<std::is_floating_point_v<T>, T, long long>;
+    auto mag = [](T v) { return std::is_floating_point_v<T> ? W(std::fabs(v)) : (v < 0 ? -W(v) : W(v)); };
+    auto sat = [](W v) { return T(std::min<W>(v, W(std::numeric_limits<T>::max()))); };
     each_layout(dup_pool<T>(300, 13), 300, [&](const T* x, int n) {
         int a = 0, b = 0, k;
         for (int i = 1; i < n; ++i) {
@@ -122,7 +123,18 @@ template <class T> void by_magnitude(Ext<T> f) {
     });
 }
 
-TEST(Extreme, ByMagnitude) { st::each([](auto f) { by_magnitude(f); }, EXT_ABS(16s), EXT_ABS(32s)); }
+TEST(Extreme, ByMagnitude) {
+    st::each([](auto f) { by_magnitude(f); }, EXT_ABS(16s), EXT_ABS(32s), EXT_ABS(32f), EXT_ABS(64f));
+    // a leading NaN is the result and index 0; -0 reports +0
+    Zam64f x[3] = {NAN, -5, 2}, z[2] = {-0.0, 1}, v;
+    int k = 9;
+    EXPECT_TRUE(std::isnan(st::ok(zamsMaxAbsIndx_64f(x, 3, &v, &k), v)) && k == 0);
+    EXPECT_FALSE(std::signbit(st::ok(zamsMinAbs_64f(z, 2, &v), v)));
+    Zam32f y[3] = {-3, 3, -3}, w;
+    EXPECT_EQ(st::ok(zamsMinAbsIndx_32f(y, 3, &w, &k), k), 0);
+    EXPECT_EQ(w, 3.0f);
+    EXPECT_EQ(zamsMaxAbs_32f(y, 0, &w), zamStatusBadLength);
+}
 
 TEST(Extreme, FirstOfEqualZeros) {
     // The first of equal zeros is the result, on the vector path too.
@@ -200,7 +212,8 @@ template <class T> void digest_ext(zt::Digest& d, Ext<T> f, const std::vector<T>
 ZAMS_DIGEST(extremes) {
     st::each([&](auto f) { digest_ext(d, f, dup_pool<typename decltype(f)::type>(301, 42), {1, 33, 34, 301}); },
              EXT(16s), EXT(32s), EXT(32f), EXT(64f));
-    st::each([&](auto f) { digest_ext(d, f, dup_pool<typename decltype(f)::type>(301, 43), {301}); }, EXT_ABS(16s), EXT_ABS(32s));
+    st::each([&](auto f) { digest_ext(d, f, dup_pool<typename decltype(f)::type>(301, 43), {301}); }, EXT_ABS(16s), EXT_ABS(32s),
+             EXT_ABS(32f), EXT_ABS(64f));
     st::each([&](auto f) {
         using T = typename decltype(f)::type;
         auto x = dup_pool<T>(301, 40, true), y = dup_pool<T>(301, 41);
