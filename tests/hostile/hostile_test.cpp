@@ -417,9 +417,9 @@ TEST(Hostile, EveryExport) {
 // each export's valid call, with short and long lengths, once with every
 // buffer on the 64-byte grid and once with each off it by its own multiple
 // of 8 bytes; status and every output byte (work buffers aside) must
-// agree. A structure made
-// into caller memory may hold its own address, so the Init calls are left
-// out; structures are made afresh for each call.
+// agree. A structure made into caller memory may hold its own address, so
+// the Init calls are left out, and so are the Free calls, which release what
+// they are given; structures are made afresh for each call.
 TEST(Hostile, SameBitsAtAnyAddress) {
     Structures st;
     for (size_t x = 0; x < kExportCount; ++x) {
