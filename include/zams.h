@@ -158,5 +158,6 @@ typedef struct {
 #include "zams/filter.h"     /* IIR filters */
 #include "zams/fir.h"        /* FIR filters */
 #include "zams/design.h"     /* FIR and IIR filter design */
+#include "zams/resample.h"   /* polyphase resampling */
 
 #endif /* ZAMS_H */

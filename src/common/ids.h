@@ -74,6 +74,10 @@ inline constexpr int32_t Iir32f = msb4("II01"), IirBq32f = msb4("II02"), Iir32f1
 // ---- adaptive LMS states
 inline constexpr int32_t Lms32f = msb4("LMS1");
 
+// ---- polyphase resampling specifications (arbitrary and fixed ratio)
+inline constexpr int32_t ResamplePoly32f = msb4("RS01"), ResamplePoly16s = msb4("RS02"),
+                         ResampleFixed32f = msb4("RS03"), ResampleFixed16s = msb4("RS04");
+
 // Every word above, for the compile-time check that none repeats.
 inline constexpr int32_t kAll[] = {
     FftC16sc, FftC16s, FftR16s, FftC32fc, FftC32f, FftR32f, FftC64fc, FftC64f, FftR64f, FftC32s, FftC32sc,
@@ -85,7 +89,8 @@ inline constexpr int32_t kAll[] = {
     Fir64fc, Fir64f32f, Fir64fc32fc, Fir64f32s, Fir64fc32sc, Fir64f16s, Fir64fc16sc, Fir16s, FirStream32f,
     FirMRStream32f, FirSparse32f, Iir32f, IirBq32f, Iir32f16s, IirBq32f16s, Iir32fc16sc, IirBq32fc16sc, Iir64f, IirBq64f,
     Iir64fc, IirBq64fc, Iir64f32f, IirBq64f32f, Iir64fc32fc, IirBq64fc32fc, Iir64f32s, Iir64fc32sc, IirBq64fc32sc,
-    Iir64f16s, IirBq64f16s, Iir64fc16sc, IirBq64fc16sc, IirBqDF1_32f, Lms32f};
+    Iir64f16s, IirBq64f16s, Iir64fc16sc, IirBq64fc16sc, IirBqDF1_32f, Lms32f,
+    ResamplePoly32f, ResamplePoly16s, ResampleFixed32f, ResampleFixed16s};
 
 constexpr bool all_distinct() {
     for (int32_t a : kAll) {

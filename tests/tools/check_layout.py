@@ -31,6 +31,7 @@ LAYOUT = {
     "filter.h": ("src/filter", "tests/filter"),
     "fir.h": ("src/filter", "tests/filter"),
     "design.h": ("src/design", "tests/design"),
+    "resample.h": ("src/resample", "tests/resample"),
 }
 
 
