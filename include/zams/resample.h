@@ -38,11 +38,15 @@
  * that is ceil((len - H - *pTime) factor) outputs at most (pDst must have
  * room for them). It writes that count to *pOutlen and the first time not
  * produced to *pTime. Streaming: keep the last 2H samples of the buffer in
- * front of the next block and subtract len - 2H from *pTime; the times
- * advance by adding 1/factor, so pieces agree with one call to the
- * rounding of the time, not bit for bit. Start a stream with H zeros and
- * *pTime = H: output i then sits at input time i/factor. factor < 1 runs
- * scalar code (a coefficient interpolated per tap).
+ * front of the next block and subtract len - 2H from *pTime. The time and
+ * the step 1/factor are rounded to multiples of 2^-32 of a sample, so the
+ * times are exact sums while they stay below 2^20 and pieces give exactly
+ * the bits of one call. Start a stream with H zeros and *pTime = H:
+ * output i then sits at input time H + i/factor. factor < 1 runs scalar
+ * code (a coefficient interpolated per tap). A window that is not a whole
+ * number puts the window's edge, where h steps from h(window) to 0,
+ * between two table rows: the interpolation spreads that step over one
+ * table step.
  *
  * ---- Fixed ratio
  * inRate and outRate (each 1 to 65536) reduce by their greatest common
@@ -58,8 +62,9 @@
  * *pTime is in input samples and read as the nearest multiple of 1/up
  * (i = round(*pTime up)); the call requires *pLen - 1 <= n and produces
  * every i, stepping by down, with n <= len - 1; it writes the count to
- * *pOutlen and i/up of the first index not produced to *pTime, so pieces
- * give exactly the bits of one call. The output lags the input by c / up
+ * *pOutlen and i/up of the first index not produced to *pTime. Streaming:
+ * keep the last *pLen - 1 samples in front of the next block and subtract
+ * len - (*pLen - 1) from *pTime; pieces give exactly the bits of one call. The output lags the input by c / up
  * input samples. GetFixedFilter copies the rows into pDst (row r at
  * pDst + r step, *pLen taps); SetFixedFilter replaces them from pSrc the
  * same way; step >= *pLen and height == *pHeight, or -5.

@@ -45,6 +45,7 @@ inline double sinc(double x) { return x == 0.0 ? 1.0 : sinpi(x) / (trig_detail::
 inline bool finite(double v) { return std::isfinite(v); }
 // The largest time a call accepts (a time past the block gives no output).
 constexpr double kMaxTime = 0x1p31;
+constexpr double kGrid = 0x1p32;
 
 // ---- arbitrary ratio
 
@@ -144,9 +145,12 @@ zamStatus poly_run(const T* pSrc, int len, T* pDst, double factor, float norm, d
     const int H = int(std::ceil(double(h->window) / sc));
     const double t0 = *pTime;
     if (!finite(t0) || t0 < H - 1 || t0 > kMaxTime) return zamStatusBadArgument;
-    const double step = 1.0 / factor;
+    // Times and the step sit on a grid of 2^-32 of a sample, so that every
+    // sum below 2^20 is exact and a stream shifted by whole samples gives
+    // the bits of one call.
+    const double step = round_even(kGrid / factor) / kGrid;
     const float* tab = table(h);
-    double t = t0;
+    double t = round_even(t0 * kGrid) / kGrid;
     int count = 0;
     const double last = double(len - 1 - H);  // floor(t) may not pass it
     while (std::floor(t) <= last) {
