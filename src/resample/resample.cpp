@@ -258,7 +258,9 @@ template <bool ToCaller, class P, class S> zamStatus fixed_filter(P* pBuf, int s
     zamStatus s;
     auto* h = state_of<Hdr>(const_cast<void*>(static_cast<const void*>(pSpec)), {id}, s);
     if (!h) return s;
-    if (step < h->stride || height != h->rows) return zamStatusBadArgument;
+    // Rows of the caller's layout, their span within the int range of an index.
+    if (step < h->stride || height != h->rows || int64_t(height - 1) * step + h->stride > INT32_MAX)
+        return zamStatusBadArgument;
     float* t = table(h);
     for (int p = 0; p < h->rows; ++p)
         for (int j = 0; j < h->stride; ++j) {

@@ -130,6 +130,15 @@ const Maker kMakers[] = {
     ZAMS_IIR_ROW(ZamsIIRState64fc_32sc, 64fc_32sc, iir_ctaps<Zam64fc>()),
     ZAMS_IIR_ROW(ZamsIIRState64f_16s, 64f_16s, iir_taps<Zam64f>()),
     ZAMS_IIR_ROW(ZamsIIRState64fc_16sc, 64fc_16sc, iir_ctaps<Zam64fc>()),
+    // Resampling: window 4, 16 steps; the fixed ratio 2 -> 3 with 12 taps.
+    ZAMS_ROW(ZamsResamplingPolyphaseSpec_32f, zamsResamplePolyphaseFree_32f,
+             zamsResamplePolyphaseInitAlloc_32f(ZAMS_STATE(ZamsResamplingPolyphaseSpec_32f), 4, 16, 0.9f, 8, zamAlgHintNone)),
+    ZAMS_ROW(ZamsResamplingPolyphaseSpec_16s, zamsResamplePolyphaseFree_16s,
+             zamsResamplePolyphaseInitAlloc_16s(ZAMS_STATE(ZamsResamplingPolyphaseSpec_16s), 4, 16, 0.9f, 8, zamAlgHintNone)),
+    ZAMS_ROW(ZamsResamplingPolyphaseFixedSpec_32f, zamsResamplePolyphaseFixedFree_32f,
+             zamsResamplePolyphaseFixedInitAlloc_32f(ZAMS_STATE(ZamsResamplingPolyphaseFixedSpec_32f), 2, 3, 12, 0.9f, 8, zamAlgHintNone)),
+    ZAMS_ROW(ZamsResamplingPolyphaseFixedSpec_16s, zamsResamplePolyphaseFixedFree_16s,
+             zamsResamplePolyphaseFixedInitAlloc_16s(ZAMS_STATE(ZamsResamplingPolyphaseFixedSpec_16s), 2, 3, 12, 0.9f, 8, zamAlgHintNone)),
 };
 const size_t kMakerCount = sizeof(kMakers) / sizeof(kMakers[0]);
 

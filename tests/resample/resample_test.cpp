@@ -408,6 +408,7 @@ TEST(ResampleStatus, EveryPath) {
     EXPECT_EQ(zamsResamplePolyphaseGetFixedFilter_32f(y.data(), 4, 3, nullptr), zamStatusNullPointer);
     EXPECT_EQ(zamsResamplePolyphaseGetFixedFilter_32f(y.data(), 3, 3, f), zamStatusBadArgument);
     EXPECT_EQ(zamsResamplePolyphaseGetFixedFilter_32f(y.data(), 4, 2, f), zamStatusBadArgument);
+    EXPECT_EQ(zamsResamplePolyphaseGetFixedFilter_32f(y.data(), INT32_MAX, 3, f), zamStatusBadArgument);  // span past int
     EXPECT_EQ(zamsResamplePolyphaseSetFixedFilter_32f(rows.data(), 4, 4, f), zamStatusBadArgument);
     EXPECT_EQ(zamsResamplePolyphaseSetFixedFilter_32f(
                   rows.data(), 4, 3, reinterpret_cast<ZamsResamplingPolyphaseFixedSpec_32f*>(garbage.data())),
