@@ -12,6 +12,7 @@ PACKAGES=(
   libmpfr-dev     # reference for elementary-function accuracy tests
   doxygen         # the HTML API reference (target docs)
   libbenchmark-dev libvolk2-dev libsleef-dev libliquid-dev   # benchmark peers
+  libsoxr-dev libsamplerate0-dev   # resampling benchmark peers
 )
 
 missing=()

@@ -31,26 +31,45 @@ inline float hsum(__m256 v) {
     return _mm_cvtss_f32(s);
 }
 
+// Two accumulators a row: groups of eight taps alternate between them (the
+// even groups in the first), so two addition chains run at once; the
+// order still depends on the tap positions only.
+
 // sum x[j] r[j], j < n.
 template <class T> inline float dot(const T* x, const float* r, int n) {
-    __m256 acc = _mm256_setzero_ps();
+    __m256 a = _mm256_setzero_ps(), b = _mm256_setzero_ps();
     int j = 0;
-    for (; j + 8 <= n; j += 8) acc = _mm256_add_ps(acc, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j)));
-    float s = hsum(acc);
+    for (; j + 16 <= n; j += 16) {
+        a = _mm256_add_ps(a, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j)));
+        b = _mm256_add_ps(b, _mm256_mul_ps(load8(x + j + 8), _mm256_loadu_ps(r + j + 8)));
+    }
+    if (j + 8 <= n) {
+        a = _mm256_add_ps(a, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j)));
+        j += 8;
+    }
+    float s = hsum(_mm256_add_ps(a, b));
     for (; j < n; ++j) s += float(x[j]) * r[j];
     return s;
 }
 
 // sum x[j] (r0[j] + a (r1[j] - r0[j])), j < n: the row between two table rows.
 template <class T> inline float dot2(const T* x, const float* r0, const float* r1, int n, float a) {
-    __m256 acc0 = _mm256_setzero_ps(), acc1 = _mm256_setzero_ps();
+    __m256 a0 = _mm256_setzero_ps(), b0 = _mm256_setzero_ps(), a1 = _mm256_setzero_ps(), b1 = _mm256_setzero_ps();
     int j = 0;
-    for (; j + 8 <= n; j += 8) {
-        const __m256 v = load8(x + j);
-        acc0 = _mm256_add_ps(acc0, _mm256_mul_ps(v, _mm256_loadu_ps(r0 + j)));
-        acc1 = _mm256_add_ps(acc1, _mm256_mul_ps(v, _mm256_loadu_ps(r1 + j)));
+    for (; j + 16 <= n; j += 16) {
+        const __m256 v = load8(x + j), w = load8(x + j + 8);
+        a0 = _mm256_add_ps(a0, _mm256_mul_ps(v, _mm256_loadu_ps(r0 + j)));
+        a1 = _mm256_add_ps(a1, _mm256_mul_ps(v, _mm256_loadu_ps(r1 + j)));
+        b0 = _mm256_add_ps(b0, _mm256_mul_ps(w, _mm256_loadu_ps(r0 + j + 8)));
+        b1 = _mm256_add_ps(b1, _mm256_mul_ps(w, _mm256_loadu_ps(r1 + j + 8)));
     }
-    float s0 = hsum(acc0), s1 = hsum(acc1);
+    if (j + 8 <= n) {
+        const __m256 v = load8(x + j);
+        a0 = _mm256_add_ps(a0, _mm256_mul_ps(v, _mm256_loadu_ps(r0 + j)));
+        a1 = _mm256_add_ps(a1, _mm256_mul_ps(v, _mm256_loadu_ps(r1 + j)));
+        j += 8;
+    }
+    float s0 = hsum(_mm256_add_ps(a0, b0)), s1 = hsum(_mm256_add_ps(a1, b1));
     for (; j < n; ++j) {
         s0 += float(x[j]) * r0[j];
         s1 += float(x[j]) * r1[j];

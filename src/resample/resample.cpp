@@ -280,17 +280,22 @@ zamStatus fixed_run(const T* pSrc, int len, T* pDst, float norm, double* pTime, 
     if (!h) return s;
     const double t0 = *pTime;
     if (!finite(t0) || t0 < 0 || t0 > kMaxTime) return zamStatusBadArgument;
-    int64_t i = int64_t(round_even(t0 * h->up));
-    if (i / h->up < h->stride - 1) return zamStatusBadArgument;
+    const int64_t i = int64_t(round_even(t0 * h->up));
+    // The up-sampled index i = n up + p, advanced by down = dn up + dp.
+    int64_t n = i / h->up;
+    int p = int(i % h->up);
+    if (n < h->stride - 1) return zamStatusBadArgument;
+    const int dn = h->down / h->up, dp = h->down % h->up;
     const float* tab = table(h);
     int count = 0;
-    for (; i / h->up <= len - 1; i += h->down) {
-        const int64_t n = i / h->up;
-        const int p = int(i % h->up);
+    for (; n <= len - 1; n += dn, p += dp) {
+        if (p >= h->up) p -= h->up, ++n;
+        if (n > len - 1) break;
         pDst[count++] = to_sample<T>(dot(pSrc + n - h->stride + 1, tab + size_t(p) * h->stride, h->stride) * norm);
     }
+    if (p >= h->up) p -= h->up, ++n;
     *pOutlen = count;
-    *pTime = double(i) / h->up;
+    *pTime = double(n * h->up + p) / h->up;
     return zamStatusOk;
 }
 
