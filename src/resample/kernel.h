@@ -52,29 +52,27 @@ template <class T> inline float dot(const T* x, const float* r, int n) {
     return s;
 }
 
-// sum x[j] (r0[j] + a (r1[j] - r0[j])), j < n: the row between two table rows.
+// sum x[j] (r0[j] + a (r1[j] - r0[j])), j < n: the row between two table
+// rows, interpolated tap by tap.
 template <class T> inline float dot2(const T* x, const float* r0, const float* r1, int n, float a) {
-    __m256 a0 = _mm256_setzero_ps(), b0 = _mm256_setzero_ps(), a1 = _mm256_setzero_ps(), b1 = _mm256_setzero_ps();
+    const __m256 va = _mm256_set1_ps(a);
+    auto row = [&](int j) {
+        const __m256 c0 = _mm256_loadu_ps(r0 + j);
+        return _mm256_add_ps(c0, _mm256_mul_ps(va, _mm256_sub_ps(_mm256_loadu_ps(r1 + j), c0)));
+    };
+    __m256 p = _mm256_setzero_ps(), q = _mm256_setzero_ps();
     int j = 0;
     for (; j + 16 <= n; j += 16) {
-        const __m256 v = load8(x + j), w = load8(x + j + 8);
-        a0 = _mm256_add_ps(a0, _mm256_mul_ps(v, _mm256_loadu_ps(r0 + j)));
-        a1 = _mm256_add_ps(a1, _mm256_mul_ps(v, _mm256_loadu_ps(r1 + j)));
-        b0 = _mm256_add_ps(b0, _mm256_mul_ps(w, _mm256_loadu_ps(r0 + j + 8)));
-        b1 = _mm256_add_ps(b1, _mm256_mul_ps(w, _mm256_loadu_ps(r1 + j + 8)));
+        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), row(j)));
+        q = _mm256_add_ps(q, _mm256_mul_ps(load8(x + j + 8), row(j + 8)));
     }
     if (j + 8 <= n) {
-        const __m256 v = load8(x + j);
-        a0 = _mm256_add_ps(a0, _mm256_mul_ps(v, _mm256_loadu_ps(r0 + j)));
-        a1 = _mm256_add_ps(a1, _mm256_mul_ps(v, _mm256_loadu_ps(r1 + j)));
+        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), row(j)));
         j += 8;
     }
-    float s0 = hsum(_mm256_add_ps(a0, b0)), s1 = hsum(_mm256_add_ps(a1, b1));
-    for (; j < n; ++j) {
-        s0 += float(x[j]) * r0[j];
-        s1 += float(x[j]) * r1[j];
-    }
-    return s0 + a * (s1 - s0);
+    float s = hsum(_mm256_add_ps(p, q));
+    for (; j < n; ++j) s += float(x[j]) * (r0[j] + a * (r1[j] - r0[j]));
+    return s;
 }
 
 // An output sample: floats as they are; 16-bit rounded to nearest, ties to
