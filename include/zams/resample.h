@@ -11,8 +11,10 @@
  * threads may share one.
  *
  * Checks run in the order pointers (-8), lengths (-6), structure
- * identifier (-17), then the value arguments (zamStatusBadArgument, -5);
- * nothing is written on an error.
+ * identifier (-17), then the value arguments (zamStatusBadArgument, -5:
+ * a parameter out of its range below, NaN included, a time before the
+ * history the call needs or past 2^31); a structure of 2^31 bytes or more
+ * gives zamStatusNoMemory (-9). Nothing is written on an error.
  *
  * ---- Arbitrary ratio
  * The prototype, in units of input samples u, |u| < window:

@@ -35,6 +35,16 @@ inline const float* table(const Hdr* h) {
 // The block: header, alignment slack, rows x stride floats.
 inline int64_t block_size(int64_t rows, int64_t stride) { return int64_t(sizeof(Hdr)) + 64 + rows * stride * 4; }
 
+// The header of a build, the table placed on the next 64-byte boundary.
+inline Hdr* lay_header(uint8_t* base, int rows, int stride) {
+    Hdr* h = reinterpret_cast<Hdr*>(base);
+    std::memset(static_cast<void*>(h), 0, sizeof *h);
+    h->rows = rows;
+    h->stride = stride;
+    h->tableOff = uint32_t(align64(base + sizeof(Hdr)) - base);
+    return h;
+}
+
 // I0(alpha sqrt(1 - r^2)) / I0(alpha), |r| < 1.
 inline double kaiser(double r, double alpha) {
     const double q = 1.0 - r * r;
@@ -72,11 +82,7 @@ zamStatus poly_init(float window, int nStep, float rollf, float alpha, void* pSp
     if (!(rollf > 0.0f && rollf <= 1.0f) || !(alpha >= 0.0f && alpha <= 700.0f)) return zamStatusBadArgument;
     void* out;
     return lay_into(&out, pSpec, kShape, [&](uint8_t* base, int32_t& idOut) {
-        Hdr* h = reinterpret_cast<Hdr*>(base);
-        std::memset(static_cast<void*>(h), 0, sizeof *h);
-        h->rows = nStep + 1;
-        h->stride = 2 * half;
-        h->tableOff = uint32_t(align64(base + sizeof(Hdr)) - base);
+        Hdr* h = lay_header(base, nStep + 1, 2 * half);
         h->nStep = nStep;
         h->half = half;
         h->window = window;
@@ -220,11 +226,7 @@ zamStatus fixed_init(int inRate, int outRate, int len, float rollf, float alpha,
     if (!(rollf > 0.0f && rollf <= 1.0f) || !(alpha >= 0.0f && alpha <= 700.0f)) return zamStatusBadArgument;
     void* out;
     return lay_into(&out, pSpec, kShape, [&](uint8_t* base, int32_t& idOut) {
-        Hdr* h = reinterpret_cast<Hdr*>(base);
-        std::memset(static_cast<void*>(h), 0, sizeof *h);
-        h->rows = g.up;
-        h->stride = g.rowLen;
-        h->tableOff = uint32_t(align64(base + sizeof(Hdr)) - base);
+        Hdr* h = lay_header(base, g.up, g.rowLen);
         h->up = g.up;
         h->down = g.down;
         h->len = len;
