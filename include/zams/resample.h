@@ -8,7 +8,8 @@
  * Every structure is built where pSpec points (any alignment; the table is
  * placed on a 64-byte boundary inside the block) or allocated by InitAlloc,
  * and released by Free; a structure is read-only during filtering, so
- * threads may share one.
+ * threads may share one. There is no in-place form: pDst must not overlap
+ * pSrc (up-sampled outputs run ahead of the samples they read).
  *
  * Checks run in the order pointers (-8), lengths (-6), structure
  * identifier (-17), then the value arguments (zamStatusBadArgument, -5:
