@@ -39,7 +39,7 @@
  * the call requires H - 1 <= *pTime (the caller keeps that history before
  * the sample at *pTime) and produces every t with floor(t) + H <= len - 1,
  * that is ceil((len - H - *pTime) factor) outputs at most (pDst must have
- * room for them). It writes that count to *pOutlen and the first time not
+ * room for them; a call stops at INT_MAX outputs, as the fixed form does). It writes that count to *pOutlen and the first time not
  * produced to *pTime. Streaming: keep the last 2H samples of the buffer in
  * front of the next block and subtract len - 2H from *pTime. The time and
  * the step 1/factor are rounded to multiples of 2^-32 of a sample, so the

@@ -159,7 +159,7 @@ zamStatus poly_run(const T* pSrc, int len, T* pDst, double factor, float norm, d
     double t = round_even(t0 * kGrid) / kGrid;
     int count = 0;
     const double last = double(len - 1 - H);  // floor(t) may not pass it
-    while (std::floor(t) <= last) {
+    while (std::floor(t) <= last && count < INT32_MAX) {
         float y;
         if (factor >= 1.0) {
             const int64_t n = int64_t(std::floor(t));
@@ -292,7 +292,7 @@ zamStatus fixed_run(const T* pSrc, int len, T* pDst, float norm, double* pTime, 
     int count = 0;
     for (; n <= len - 1; n += dn, p += dp) {
         if (p >= h->up) p -= h->up, ++n;
-        if (n > len - 1) break;
+        if (n > len - 1 || count == INT32_MAX) break;
         pDst[count++] = to_sample<T>(dot(pSrc + n - h->stride + 1, tab + size_t(p) * h->stride, h->stride) * norm);
     }
     if (p >= h->up) p -= h->up, ++n;
