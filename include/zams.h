@@ -163,5 +163,6 @@ typedef struct {
 #include "zams/lms.h"        /* adaptive LMS filters */
 #include "zams/wavelet.h"    /* Haar transform, two-channel filter bank */
 #include "zams/speech.h"     /* speech and communication kernels */
+#include "zams/resample.h"   /* polyphase resampling */
 
 #endif /* ZAMS_H */

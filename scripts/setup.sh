@@ -15,6 +15,7 @@ PACKAGES=(
   libsndfile1-dev # sound files in the examples
   libbenchmark-dev libvolk2-dev libsleef-dev libliquid-dev   # benchmark peers
   libgsl-dev      # wavelet benchmark peer
+  libsoxr-dev libsamplerate0-dev   # resampling benchmark peers
 )
 
 missing=()

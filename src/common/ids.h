@@ -81,6 +81,10 @@ inline constexpr int32_t Lms32f16s = msb4("LMS2"), LmsMR32s16s = msb4("LMR1"), L
 inline constexpr int32_t WtFwd32f = msb4("WT01"), WtInv32f = msb4("WT02"), WtFwd32f16s = msb4("WT03"),
                          WtInv32f16s = msb4("WT04");
 
+// ---- polyphase resampling specifications (arbitrary and fixed ratio)
+inline constexpr int32_t ResamplePoly32f = msb4("RS01"), ResamplePoly16s = msb4("RS02"),
+                         ResampleFixed32f = msb4("RS03"), ResampleFixed16s = msb4("RS04");
+
 // Every word above, for the compile-time check that none repeats.
 inline constexpr int32_t kAll[] = {
     FftC16sc, FftC16s, FftR16s, FftC32fc, FftC32f, FftR32f, FftC64fc, FftC64f, FftR64f, FftC32s, FftC32sc,
@@ -94,7 +98,7 @@ inline constexpr int32_t kAll[] = {
     Iir64fc, IirBq64fc, Iir64f32f, IirBq64f32f, Iir64fc32fc, IirBq64fc32fc, Iir64f32s, Iir64fc32sc, IirBq64fc32sc,
     Iir64f16s, IirBq64f16s, Iir64fc16sc, IirBq64fc16sc, IirBqDF1_32f, Lms32f,
     FirMR32fc, FirMR64f, FirMR64fc, Lms32f16s, LmsMR32s16s, LmsMR32sc16sc, WtFwd32f, WtInv32f, WtFwd32f16s,
-    WtInv32f16s};
+    WtInv32f16s, ResamplePoly32f, ResamplePoly16s, ResampleFixed32f, ResampleFixed16s};
 
 constexpr bool all_distinct() {
     for (int32_t a : kAll) {

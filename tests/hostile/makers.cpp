@@ -148,6 +148,15 @@ const Maker kMakers[] = {
     ZAMS_WT_ROW(ZamsWTInvState_32f, Inv, _32f),
     ZAMS_WT_ROW(ZamsWTFwdState32f_16s, Fwd, 32f_16s),
     ZAMS_WT_ROW(ZamsWTInvState32f_16s, Inv, 32f_16s),
+    // Resampling: window 4, 16 steps; the fixed ratio 2 -> 3 with 12 taps.
+    ZAMS_ROW(ZamsResamplingPolyphaseSpec_32f, zamsResamplePolyphaseFree_32f,
+             zamsResamplePolyphaseInitAlloc_32f(ZAMS_STATE(ZamsResamplingPolyphaseSpec_32f), 4, 16, 0.9f, 8, zamAlgHintNone)),
+    ZAMS_ROW(ZamsResamplingPolyphaseSpec_16s, zamsResamplePolyphaseFree_16s,
+             zamsResamplePolyphaseInitAlloc_16s(ZAMS_STATE(ZamsResamplingPolyphaseSpec_16s), 4, 16, 0.9f, 8, zamAlgHintNone)),
+    ZAMS_ROW(ZamsResamplingPolyphaseFixedSpec_32f, zamsResamplePolyphaseFixedFree_32f,
+             zamsResamplePolyphaseFixedInitAlloc_32f(ZAMS_STATE(ZamsResamplingPolyphaseFixedSpec_32f), 2, 3, 12, 0.9f, 8, zamAlgHintNone)),
+    ZAMS_ROW(ZamsResamplingPolyphaseFixedSpec_16s, zamsResamplePolyphaseFixedFree_16s,
+             zamsResamplePolyphaseFixedInitAlloc_16s(ZAMS_STATE(ZamsResamplingPolyphaseFixedSpec_16s), 2, 3, 12, 0.9f, 8, zamAlgHintNone)),
 };
 const size_t kMakerCount = sizeof(kMakers) / sizeof(kMakers[0]);
 

@@ -74,7 +74,41 @@ struct Kind {
                       __VA_ARGS__ b);                                                                              \
         },                                                                                                         \
         [](void* s) { return zamsDCT##D##Free_##K(static_cast<ZamsDCT##D##Spec_##K*>(s)); }
+// Resampling 44.1 kHz -> 48 kHz: arbitrary ratio (window 16) and fixed (147 -> 160, 3200 taps), from
+// time 20; the outputs are exactly the ones the calls write (1050 and 1067).
+zamStatus resample_free(void* s) { return zamsResamplePolyphaseFree_32f(static_cast<ZamsResamplingPolyphaseSpec_32f*>(s)); }
+zamStatus resample_fixed_free(void* s) {
+    return zamsResamplePolyphaseFixedFree_32f(static_cast<ZamsResamplingPolyphaseFixedSpec_32f*>(s));
+}
+
 const Kind kKinds[] = {
+    {"Resample 32f",
+     [](void** p) {
+         return zamsResamplePolyphaseInitAlloc_32f(reinterpret_cast<ZamsResamplingPolyphaseSpec_32f**>(p), 16, 256, 0.95f,
+                                                   9, zamAlgHintNone);
+     },
+     [](const void*, int* n) -> zamStatus { *n = 0; return zamStatusOk; },
+     [](const void* s, const void* in, void* out, Zam8u*) {
+         double t = 20;
+         int n = 0;
+         return zamsResamplePolyphase_32f(static_cast<const Zam32f*>(in), 1000, static_cast<Zam32f*>(out),
+                                          48000.0 / 44100, 1.0f, &t, &n,
+                                          static_cast<const ZamsResamplingPolyphaseSpec_32f*>(s));
+     },
+     resample_free, 4, 1000, 1050, true},
+    {"Resample fixed 32f",
+     [](void** p) {
+         return zamsResamplePolyphaseFixedInitAlloc_32f(reinterpret_cast<ZamsResamplingPolyphaseFixedSpec_32f**>(p), 147,
+                                                        160, 3200, 0.95f, 9, zamAlgHintNone);
+     },
+     [](const void*, int* n) -> zamStatus { *n = 0; return zamStatusOk; },
+     [](const void* s, const void* in, void* out, Zam8u*) {
+         double t = 20;
+         int n = 0;
+         return zamsResamplePolyphaseFixed_32f(static_cast<const Zam32f*>(in), 1000, static_cast<Zam32f*>(out), 1.0f, &t,
+                                               &n, static_cast<const ZamsResamplingPolyphaseFixedSpec_32f*>(s));
+     },
+     resample_fixed_free, 4, 1000, 1067, true},
     {"DFT C_32fc 1000", ZAMS_DFT(C_32fc, 1000, zamsDFTFwd_CToC_32fc, Zam32fc), 4, 2000, 2000, true},
     {"DFT C_32fc 1009", ZAMS_DFT(C_32fc, 1009, zamsDFTFwd_CToC_32fc, Zam32fc), 4, 2018, 2018, true},
     {"DFT C_64fc 1009", ZAMS_DFT(C_64fc, 1009, zamsDFTFwd_CToC_64fc, Zam64fc), 8, 2018, 2018, true},

@@ -36,6 +36,7 @@ LAYOUT = {
     "lms.h": ("src/filter", "tests/filter"),
     "wavelet.h": ("src/wavelet", "tests/wavelet"),
     "speech.h": ("src/speech", "tests/speech"),
+    "resample.h": ("src/resample", "tests/resample"),
 }
 
 

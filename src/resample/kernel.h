@@ -1,0 +1,88 @@
+// The resamplers' dot products of samples with table rows. Eight lanes over
+// the taps from the first one, the lanes added in a fixed order, the taps
+// past the last group of eight one by one: the order of summation depends
+// on the tap positions only, never on where the buffers lie.
+#pragma once
+
+#include <immintrin.h>
+
+#include <cmath>
+#include <cstdint>
+
+#include "../common/round.h"
+#include "../common/types.h"
+
+namespace zams::resample {
+
+// Eight samples as floats.
+inline __m256 load8(const float* x) { return _mm256_loadu_ps(x); }
+inline __m256 load8(const int16_t* x) {
+    const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(x));
+    const __m256i w = _mm256_insertf128_si256(_mm256_castsi128_si256(_mm_cvtepi16_epi32(v)),
+                                              _mm_cvtepi16_epi32(_mm_srli_si128(v, 8)), 1);
+    return _mm256_cvtepi32_ps(w);
+}
+
+// Lanes 0..7 added as ((0+4)+(2+6)) + ((1+5)+(3+7)).
+inline float hsum(__m256 v) {
+    __m128 s = _mm_add_ps(_mm256_castps256_ps128(v), _mm256_extractf128_ps(v, 1));
+    s = _mm_add_ps(s, _mm_movehl_ps(s, s));
+    s = _mm_add_ss(s, _mm_shuffle_ps(s, s, 1));
+    return _mm_cvtss_f32(s);
+}
+
+// Two accumulators a row: groups of eight taps alternate between them (the
+// even groups in the first), so two addition chains run at once; the
+// order still depends on the tap positions only.
+
+// sum x[j] r[j], j < n.
+template <class T> inline float dot(const T* x, const float* r, int n) {
+    __m256 a = _mm256_setzero_ps(), b = _mm256_setzero_ps();
+    int j = 0;
+    for (; j + 16 <= n; j += 16) {
+        a = _mm256_add_ps(a, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j)));
+        b = _mm256_add_ps(b, _mm256_mul_ps(load8(x + j + 8), _mm256_loadu_ps(r + j + 8)));
+    }
+    if (j + 8 <= n) {
+        a = _mm256_add_ps(a, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j)));
+        j += 8;
+    }
+    float s = hsum(_mm256_add_ps(a, b));
+    for (; j < n; ++j) s += float(x[j]) * r[j];
+    return s;
+}
+
+// sum x[j] (r0[j] + a (r1[j] - r0[j])), j < n: the row between two table
+// rows, interpolated tap by tap.
+template <class T> inline float dot2(const T* x, const float* r0, const float* r1, int n, float a) {
+    const __m256 va = _mm256_set1_ps(a);
+    auto row = [&](int j) {
+        const __m256 c0 = _mm256_loadu_ps(r0 + j);
+        return _mm256_add_ps(c0, _mm256_mul_ps(va, _mm256_sub_ps(_mm256_loadu_ps(r1 + j), c0)));
+    };
+    __m256 p = _mm256_setzero_ps(), q = _mm256_setzero_ps();
+    int j = 0;
+    for (; j + 16 <= n; j += 16) {
+        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), row(j)));
+        q = _mm256_add_ps(q, _mm256_mul_ps(load8(x + j + 8), row(j + 8)));
+    }
+    if (j + 8 <= n) {
+        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), row(j)));
+        j += 8;
+    }
+    float s = hsum(_mm256_add_ps(p, q));
+    for (; j < n; ++j) s += float(x[j]) * (r0[j] + a * (r1[j] - r0[j]));
+    return s;
+}
+
+// An output sample: floats as they are; 16-bit rounded to nearest, ties to
+// even, and saturated (not-a-number gives 0).
+template <class T> inline T to_sample(float v) {
+    if constexpr (std::is_same_v<T, float>) return v;
+    else {
+        const double r = round_even(double(v));
+        return r != r ? T(0) : saturate<T>(int64_t(std::fmin(std::fmax(r, -65536.0), 65536.0)));
+    }
+}
+
+}  // namespace zams::resample

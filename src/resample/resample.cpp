@@ -1,0 +1,363 @@
+// Polyphase resampling: the Kaiser-windowed sinc tables of the arbitrary
+// and the fixed ratio, their life cycle on src/common/spec.h, and the
+// filtering loops over the dot-product kernels of kernel.h.
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "../common/num/bessel.h"
+#include "../common/spec.h"
+#include "../common/trig.h"
+#include "kernel.h"
+
+namespace zams::resample {
+namespace {
+
+// One header for both forms; the table follows on a 64-byte boundary.
+struct Hdr {
+    int32_t id;
+    int32_t owned;
+    int32_t rows;    // arbitrary: nStep + 1; fixed: up
+    int32_t stride;  // taps a row: arbitrary 2K; fixed: ceil(len / up)
+    uint32_t tableOff;
+    int32_t nStep, half;  // arbitrary: table steps a sample, K = ceil(window)
+    float window;
+    int32_t up, down, len;  // fixed
+};
+constexpr Shape kShape{1, offsetof(Hdr, owned), true};
+
+inline float* table(Hdr* h) { return reinterpret_cast<float*>(reinterpret_cast<uint8_t*>(h) + h->tableOff); }
+inline const float* table(const Hdr* h) {
+    return reinterpret_cast<const float*>(reinterpret_cast<const uint8_t*>(h) + h->tableOff);
+}
+
+// The block: header, alignment slack, rows x stride floats.
+inline int64_t block_size(int64_t rows, int64_t stride) { return int64_t(sizeof(Hdr)) + 64 + rows * stride * 4; }
+
+// The header of a build, the table placed on the next 64-byte boundary.
+inline Hdr* lay_header(uint8_t* base, int rows, int stride) {
+    Hdr* h = reinterpret_cast<Hdr*>(base);
+    std::memset(static_cast<void*>(h), 0, sizeof *h);
+    h->rows = rows;
+    h->stride = stride;
+    h->tableOff = uint32_t(align64(base + sizeof(Hdr)) - base);
+    return h;
+}
+
+// I0(alpha sqrt(1 - r^2)) / I0(alpha), |r| < 1.
+inline double kaiser(double r, double alpha) {
+    const double q = 1.0 - r * r;
+    return q <= 0 ? 0.0 : num::bessel_i0(alpha * std::sqrt(q)) / num::bessel_i0(alpha);
+}
+inline double sinc(double x) { return x == 0.0 ? 1.0 : sinpi(x) / (trig_detail::kPiHi * x); }
+
+inline bool finite(double v) { return std::isfinite(v); }
+// The largest time a call accepts (a time past the block gives no output).
+constexpr double kMaxTime = 0x1p31;
+constexpr double kGrid = 0x1p32;
+
+// ---- arbitrary ratio
+
+inline zamStatus poly_geometry(float window, int nStep, int64_t& size, int& half) {
+    if (!(window > 0.0f && window <= 4096.0f) || nStep < 1 || nStep > 65536) return zamStatusBadArgument;
+    half = int(std::ceil(double(window)));
+    size = block_size(int64_t(nStep) + 1, 2 * int64_t(half));
+    return size >= INT32_MAX ? zamStatusNoMemory : zamStatusOk;
+}
+
+zamStatus poly_size(float window, int nStep, int* pSize) {
+    if (zamStatus s = check_ptr(pSize)) return s;
+    int64_t size;
+    int half;
+    if (zamStatus s = poly_geometry(window, nStep, size, half)) return s;
+    return report_size(size, pSize);
+}
+
+zamStatus poly_init(float window, int nStep, float rollf, float alpha, void* pSpec, int32_t id) {
+    if (zamStatus s = check_ptr(pSpec)) return s;
+    int64_t size;
+    int half;
+    if (zamStatus s = poly_geometry(window, nStep, size, half)) return s;
+    if (!(rollf > 0.0f && rollf <= 1.0f) || !(alpha >= 0.0f && alpha <= 700.0f)) return zamStatusBadArgument;
+    void* out;
+    return lay_into(&out, pSpec, kShape, [&](uint8_t* base, int32_t& idOut) {
+        Hdr* h = lay_header(base, nStep + 1, 2 * half);
+        h->nStep = nStep;
+        h->half = half;
+        h->window = window;
+        // Row p, tap j: h(p/nStep - (j - K + 1)).
+        float* t = table(h);
+        for (int p = 0; p <= nStep; ++p)
+            for (int j = 0; j < 2 * half; ++j) {
+                const double u = double(p) / nStep - (j - half + 1);
+                const double v = std::fabs(u) < window ? rollf * sinc(rollf * u) * kaiser(u / window, alpha) : 0.0;
+                t[size_t(p) * h->stride + j] = float(v);
+            }
+        idOut = id;
+        return zamStatusOk;
+    });
+}
+
+zamStatus poly_alloc(void** pp, float window, int nStep, float rollf, float alpha, int32_t id) {
+    if (zamStatus s = check_ptr(pp)) return s;
+    int64_t size;
+    int half;
+    if (zamStatus s = poly_geometry(window, nStep, size, half)) return s;
+    return lay_alloc(pp, size, 0, kShape, [&](void** out, uint8_t* mem, uint8_t*) {
+        *out = mem;
+        return poly_init(window, nStep, rollf, alpha, mem, id);
+    });
+}
+
+// The row and weight of a table position x (in steps, 0 <= x <= nStep).
+inline void row_of(double x, int nStep, int& p, float& a) {
+    p = int(x);
+    if (p >= nStep) p = nStep - 1;
+    a = float(x - p);
+}
+
+// factor < 1: the filter stretched by s = factor, one interpolated
+// coefficient per tap, summed in double.
+template <class T> float stretched(const T* x, const Hdr* h, double t, double s, int H) {
+    const float* tab = table(h);
+    const int64_t n = int64_t(std::floor(t));
+    const double frac = t - double(n);
+    double acc = 0;
+    for (int k = -H + 1; k <= H; ++k) {
+        const double z = (h->half - 1) - (frac - k) * s;  // j - p/nStep
+        const double j = std::ceil(z);
+        if (j < 0 || j >= h->stride) continue;
+        int p;
+        float a;
+        row_of((j - z) * h->nStep, h->nStep, p, a);
+        const size_t at = size_t(p) * h->stride + size_t(j);
+        const float c = tab[at] + a * (tab[at + h->stride] - tab[at]);
+        acc += double(c) * double(x[n + k]);
+    }
+    return float(acc * s);
+}
+
+template <class T>
+zamStatus poly_run(const T* pSrc, int len, T* pDst, double factor, float norm, double* pTime, int* pOutlen,
+                   const void* pSpec, int32_t id) {
+    if (zamStatus s = check_ptr(pSrc, pDst, pTime, pOutlen, pSpec)) return s;
+    if (zamStatus s = check_len(len)) return s;
+    zamStatus s;
+    const Hdr* h = spec_of<Hdr>(pSpec, id, s);
+    if (!h) return s;
+    if (!(factor >= 1.0 / 64 && factor <= 64.0)) return zamStatusBadArgument;
+    const double sc = factor < 1.0 ? factor : 1.0;
+    const int H = int(std::ceil(double(h->window) / sc));
+    const double t0 = *pTime;
+    if (!finite(t0) || t0 < H - 1 || t0 > kMaxTime) return zamStatusBadArgument;
+    // Times and the step sit on a grid of 2^-32 of a sample, so that every
+    // sum below 2^20 is exact and a stream shifted by whole samples gives
+    // the bits of one call.
+    const double step = round_even(kGrid / factor) / kGrid;
+    const float* tab = table(h);
+    double t = round_even(t0 * kGrid) / kGrid;
+    int count = 0;
+    const double last = double(len - 1 - H);  // floor(t) may not pass it
+    while (std::floor(t) <= last && count < INT32_MAX) {
+        float y;
+        if (factor >= 1.0) {
+            const int64_t n = int64_t(std::floor(t));
+            int p;
+            float a;
+            row_of((t - double(n)) * h->nStep, h->nStep, p, a);
+            const float* r0 = tab + size_t(p) * h->stride;
+            y = dot2(pSrc + n - h->half + 1, r0, r0 + h->stride, h->stride, a);
+        } else {
+            y = stretched(pSrc, h, t, sc, H);
+        }
+        pDst[count++] = to_sample<T>(y * norm);
+        t += step;
+    }
+    *pOutlen = count;
+    *pTime = t;
+    return zamStatusOk;
+}
+
+// ---- fixed ratio
+
+inline int64_t gcd(int64_t a, int64_t b) {
+    while (b) {
+        const int64_t r = a % b;
+        a = b;
+        b = r;
+    }
+    return a;
+}
+
+struct FixedGeom {
+    int up, down, rowLen;
+    int64_t size;
+};
+inline zamStatus fixed_geometry(int inRate, int outRate, int len, FixedGeom& g) {
+    if (zamStatus s = check_len(len)) return s;
+    if (inRate < 1 || inRate > 65536 || outRate < 1 || outRate > 65536) return zamStatusBadArgument;
+    const int64_t d = gcd(inRate, outRate);
+    g.up = int(outRate / d);
+    g.down = int(inRate / d);
+    g.rowLen = int((int64_t(len) + g.up - 1) / g.up);
+    g.size = block_size(g.up, g.rowLen);
+    return g.size >= INT32_MAX ? zamStatusNoMemory : zamStatusOk;
+}
+
+zamStatus fixed_size(int inRate, int outRate, int len, int* pSize, int* pLen, int* pHeight) {
+    if (zamStatus s = check_ptr(pSize, pLen, pHeight)) return s;
+    FixedGeom g;
+    if (zamStatus s = fixed_geometry(inRate, outRate, len, g)) return s;
+    if (zamStatus s = report_size(g.size, pSize)) return s;
+    *pLen = g.rowLen;
+    *pHeight = g.up;
+    return zamStatusOk;
+}
+
+// Rows are kept reversed (tap j of row p at rowLen - 1 - j), so that an
+// output is one ascending dot product over pSrc[n - rowLen + 1 .. n].
+inline size_t fixed_at(const Hdr* h, int p, int j) { return size_t(p) * h->stride + size_t(h->stride - 1 - j); }
+
+zamStatus fixed_init(int inRate, int outRate, int len, float rollf, float alpha, void* pSpec, int32_t id) {
+    if (zamStatus s = check_ptr(pSpec)) return s;
+    FixedGeom g;
+    if (zamStatus s = fixed_geometry(inRate, outRate, len, g)) return s;
+    if (!(rollf > 0.0f && rollf <= 1.0f) || !(alpha >= 0.0f && alpha <= 700.0f)) return zamStatusBadArgument;
+    void* out;
+    return lay_into(&out, pSpec, kShape, [&](uint8_t* base, int32_t& idOut) {
+        Hdr* h = lay_header(base, g.up, g.rowLen);
+        h->up = g.up;
+        h->down = g.down;
+        h->len = len;
+        const double fc = double(rollf) / (g.up > g.down ? g.up : g.down), c = (len - 1) / 2.0;
+        float* t = table(h);
+        for (int p = 0; p < g.up; ++p)
+            for (int j = 0; j < g.rowLen; ++j) {
+                const int64_t m = p + int64_t(g.up) * j;
+                const double v = m < len ? g.up * fc * sinc(fc * (m - c)) * kaiser((m - c) / (len / 2.0), alpha) : 0.0;
+                t[fixed_at(h, p, j)] = float(v);
+            }
+        idOut = id;
+        return zamStatusOk;
+    });
+}
+
+zamStatus fixed_alloc(void** pp, int inRate, int outRate, int len, float rollf, float alpha, int32_t id) {
+    if (zamStatus s = check_ptr(pp)) return s;
+    FixedGeom g;
+    if (zamStatus s = fixed_geometry(inRate, outRate, len, g)) return s;
+    return lay_alloc(pp, g.size, 0, kShape, [&](void** out, uint8_t* mem, uint8_t*) {
+        *out = mem;
+        return fixed_init(inRate, outRate, len, rollf, alpha, mem, id);
+    });
+}
+
+// Get (ToCaller) and Set (!ToCaller) of the rows: pointers, identifier,
+// then the caller's row layout.
+template <bool ToCaller, class P, class S> zamStatus fixed_filter(P* pBuf, int step, int height, S* pSpec, int32_t id) {
+    if (zamStatus s = check_ptr(pBuf, pSpec)) return s;
+    zamStatus s;
+    auto* h = state_of<Hdr>(const_cast<void*>(static_cast<const void*>(pSpec)), {id}, s);
+    if (!h) return s;
+    // Rows of the caller's layout, their span within the int range of an index.
+    if (step < h->stride || height != h->rows || int64_t(height - 1) * step + h->stride > INT32_MAX)
+        return zamStatusBadArgument;
+    float* t = table(h);
+    for (int p = 0; p < h->rows; ++p)
+        for (int j = 0; j < h->stride; ++j) {
+            if constexpr (ToCaller) pBuf[size_t(p) * step + j] = t[fixed_at(h, p, j)];
+            else t[fixed_at(h, p, j)] = pBuf[size_t(p) * step + j];
+        }
+    return zamStatusOk;
+}
+
+template <class T>
+zamStatus fixed_run(const T* pSrc, int len, T* pDst, float norm, double* pTime, int* pOutlen, const void* pSpec,
+                    int32_t id) {
+    if (zamStatus s = check_ptr(pSrc, pDst, pTime, pOutlen, pSpec)) return s;
+    if (zamStatus s = check_len(len)) return s;
+    zamStatus s;
+    const Hdr* h = spec_of<Hdr>(pSpec, id, s);
+    if (!h) return s;
+    const double t0 = *pTime;
+    if (!finite(t0) || t0 < 0 || t0 > kMaxTime) return zamStatusBadArgument;
+    const int64_t i = int64_t(round_even(t0 * h->up));
+    // The up-sampled index i = n up + p, advanced by down = dn up + dp.
+    int64_t n = i / h->up;
+    int p = int(i % h->up);
+    if (n < h->stride - 1) return zamStatusBadArgument;
+    const int dn = h->down / h->up, dp = h->down % h->up;
+    const float* tab = table(h);
+    int count = 0;
+    for (; n <= len - 1; n += dn, p += dp) {
+        if (p >= h->up) p -= h->up, ++n;
+        if (n > len - 1 || count == INT32_MAX) break;
+        pDst[count++] = to_sample<T>(dot(pSrc + n - h->stride + 1, tab + size_t(p) * h->stride, h->stride) * norm);
+    }
+    if (p >= h->up) p -= h->up, ++n;
+    *pOutlen = count;
+    *pTime = double(n * h->up + p) / h->up;
+    return zamStatusOk;
+}
+
+}  // namespace
+}  // namespace zams::resample
+
+using namespace zams;
+using namespace zams::resample;
+
+#define ZAMS_RESAMPLE_FNS(SUF, T, PID, FID)                                                                           \
+    ZAMS_FN(zamStatus, zamsResamplePolyphaseGetSize_##SUF)(Zam32f window, int nStep, int* pSize, zamHintAlgorithm) {  \
+        return poly_size(window, nStep, pSize);                                                                       \
+    }                                                                                                                 \
+    ZAMS_FN(zamStatus, zamsResamplePolyphaseInit_##SUF)(Zam32f window, int nStep, Zam32f rollf, Zam32f alpha,         \
+                                                        ZamsResamplingPolyphaseSpec_##SUF * pSpec, zamHintAlgorithm) { \
+        return poly_init(window, nStep, rollf, alpha, pSpec, PID);                                                    \
+    }                                                                                                                 \
+    ZAMS_FN(zamStatus, zamsResamplePolyphaseInitAlloc_##SUF)(ZamsResamplingPolyphaseSpec_##SUF * *pp, Zam32f window,  \
+                                                             int nStep, Zam32f rollf, Zam32f alpha, zamHintAlgorithm) { \
+        return poly_alloc(reinterpret_cast<void**>(pp), window, nStep, rollf, alpha, PID);                            \
+    }                                                                                                                 \
+    ZAMS_FN(zamStatus, zamsResamplePolyphaseFree_##SUF)(ZamsResamplingPolyphaseSpec_##SUF * p) {                      \
+        return release(p, {PID}, kShape);                                                                             \
+    }                                                                                                                 \
+    ZAMS_FN(zamStatus, zamsResamplePolyphase_##SUF)(const T* pSrc, int len, T* pDst, Zam64f factor, Zam32f norm,      \
+                                                    Zam64f* pTime, int* pOutlen,                                      \
+                                                    const ZamsResamplingPolyphaseSpec_##SUF* pSpec) {                 \
+        return poly_run(pSrc, len, pDst, factor, norm, pTime, pOutlen, pSpec, PID);                                   \
+    }                                                                                                                 \
+    ZAMS_FN(zamStatus, zamsResamplePolyphaseFixedGetSize_##SUF)(int inRate, int outRate, int len, int* pSize,         \
+                                                                int* pLen, int* pHeight, zamHintAlgorithm) {          \
+        return fixed_size(inRate, outRate, len, pSize, pLen, pHeight);                                                \
+    }                                                                                                                 \
+    ZAMS_FN(zamStatus, zamsResamplePolyphaseFixedInit_##SUF)(int inRate, int outRate, int len, Zam32f rollf,          \
+                                                             Zam32f alpha,                                            \
+                                                             ZamsResamplingPolyphaseFixedSpec_##SUF * pSpec,          \
+                                                             zamHintAlgorithm) {                                      \
+        return fixed_init(inRate, outRate, len, rollf, alpha, pSpec, FID);                                            \
+    }                                                                                                                 \
+    ZAMS_FN(zamStatus, zamsResamplePolyphaseFixedInitAlloc_##SUF)(ZamsResamplingPolyphaseFixedSpec_##SUF * *pp,       \
+                                                                  int inRate, int outRate, int len, Zam32f rollf,     \
+                                                                  Zam32f alpha, zamHintAlgorithm) {                   \
+        return fixed_alloc(reinterpret_cast<void**>(pp), inRate, outRate, len, rollf, alpha, FID);                    \
+    }                                                                                                                 \
+    ZAMS_FN(zamStatus, zamsResamplePolyphaseFixedFree_##SUF)(ZamsResamplingPolyphaseFixedSpec_##SUF * p) {            \
+        return release(p, {FID}, kShape);                                                                             \
+    }                                                                                                                 \
+    ZAMS_FN(zamStatus, zamsResamplePolyphaseGetFixedFilter_##SUF)(Zam32f * pDst, int step, int height,                \
+                                                                  const ZamsResamplingPolyphaseFixedSpec_##SUF* p) {  \
+        return fixed_filter<true>(pDst, step, height, p, FID);                                                        \
+    }                                                                                                                 \
+    ZAMS_FN(zamStatus, zamsResamplePolyphaseSetFixedFilter_##SUF)(const Zam32f* pSrc, int step, int height,           \
+                                                                  ZamsResamplingPolyphaseFixedSpec_##SUF * p) {       \
+        return fixed_filter<false>(pSrc, step, height, p, FID);                                                       \
+    }                                                                                                                 \
+    ZAMS_FN(zamStatus, zamsResamplePolyphaseFixed_##SUF)(const T* pSrc, int len, T* pDst, Zam32f norm, Zam64f* pTime, \
+                                                         int* pOutlen,                                                \
+                                                         const ZamsResamplingPolyphaseFixedSpec_##SUF* pSpec) {       \
+        return fixed_run(pSrc, len, pDst, norm, pTime, pOutlen, pSpec, FID);                                          \
+    }
+
+ZAMS_RESAMPLE_FNS(32f, Zam32f, id::ResamplePoly32f, id::ResampleFixed32f)
+ZAMS_RESAMPLE_FNS(16s, Zam16s, id::ResamplePoly16s, id::ResampleFixed16s)
