@@ -9,14 +9,14 @@
  * build-block bytes, work-buffer bytes), build it in caller memory
  * (zamsDCTFwdInit_*) or let the library allocate it (zamsDCTFwdInitAlloc_*),
  * ask for the work buffer (zamsDCTFwdGetBufSize_*), transform, release
- * (zamsDCTFwdFree_*). Transforms only read the spec, so threads may share
+ * (zamsDCTFwdFree_*). Transforms only read the DCT spec, so threads may share
  * one, each with its own work buffer (pBuffer: at least the reported
  * size, aligned by the call; or null to let the call allocate one).
  * Source and destination may be the same vector; the _I forms say so by
  * name. hint is stored and does not change the transform.
  *
  * How a length is transformed (32f, 64f; chosen from the length at Init):
- *  - N = 1, 2, 4, 8: a straight-line kernel of the length; the spec is the
+ *  - N = 1, 2, 4, 8: a straight-line kernel of the length; the DCT spec is the
  *    bare header (pSpecSize 132 for 32f, 136 for 64f) and there is no
  *    work buffer;
  *  - a power of two from 16: the samples reordered (even ones ascending,

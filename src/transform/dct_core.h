@@ -5,7 +5,7 @@
 // Methods, chosen from the length alone:
 //
 //   Dedicated  N = 1, 2, 4, 8: a fixed kernel of the length, no tables in
-//              the spec, no work buffer;
+//              the DCT spec, no work buffer;
 //   Fft        a power of two from 16: the samples reordered (x[2n] to
 //              v[n], x[2n+1] to v[N-1-n]), one real FFT of N, and one
 //              twiddle pass: y[k] = Re(w^k V[k]), y[N-k] = -Im(w^k V[k]),
@@ -17,7 +17,7 @@
 //              library's real DFT of N (whose own plan turns lengths with
 //              large prime factors into a cyclic convolution).
 //
-// The spec: a header at the caller's memory rounded up to 64, the method's
+// The DCT spec: a header at the caller's memory rounded up to 64, the method's
 // tables from byte 128 (the twiddles w^k times the direction's factor,
 // k <= N/2, then the inner FFT or DFT spec; or the cosine table). Tables
 // are referred to by offsets from the header, one layout for both targets.
@@ -65,7 +65,7 @@ template <class F> struct Hdr {
 static_assert(sizeof(Hdr<float>) <= 128 && sizeof(Hdr<double>) <= 128);
 inline constexpr int64_t kTables = 128;  // tables start here
 
-// Bytes of the spec block (the dedicated lengths' bare header) .
+// Bytes of the DCT spec block (the dedicated lengths' bare header) .
 template <class F> constexpr int kDedicatedSpec = sizeof(F) == 4 ? 132 : 136;
 
 // The float kinds' life cycle (dct_spec.cpp).

@@ -14,7 +14,7 @@ namespace {
 // Free invalidates a spec in caller memory too.
 template <class F> constexpr Shape kShape{64, offsetof(Hdr<F>, owned), true};
 
-// A method's own byte counts: its tables (from byte kTables of the spec),
+// A method's own byte counts: its tables (from byte kTables of the DCT spec),
 // the build block of its inner spec, its work buffer.
 struct Need {
     int64_t spec = 0, init = 0, work = 0;

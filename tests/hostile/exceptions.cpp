@@ -26,7 +26,7 @@ const Exception kExceptions[] = {
      "order 3 builds no table: the floating and 32-bit kinds need the buffer from order 11 on"},
     {"zamsFFTInit_R_16s32s", "null pSpecBuffer", "order 3 builds no table: the buffer is needed from order 11 on"},
     {"zamsFFTInit_*", "error writes",
-     "the header is laid into pMemSpec before the flag and the spec buffer are checked, its identifier left 0"},
+     "the header is laid into pMemSpec before the flag and pSpecBuffer are checked, its identifier left 0"},
     {"zamsFIR_Direct_32f*", "address",
      "its vector sums start at the first 32-byte-aligned element of the caller's delay line, by design"},
     {"zamsConvCyclic*", "null pSrc1", "the cyclic convolutions check nothing and return 0 for any arguments"},
