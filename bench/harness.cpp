@@ -82,6 +82,9 @@ int main(int argc, char** argv) {
 #endif
     std::printf("name                             length  zams time          ratios zams/peer (below 1: zams faster)\n");
     for (auto& [name, fn] : zb::registry())
-        if (std::strstr(name.c_str(), filter)) fn(b);
+        if (std::strstr(name.c_str(), filter)) {
+            std::printf("# %s\n", name.c_str());  // the family, for bench/plot.py
+            fn(b);
+        }
     return 0;
 }
