@@ -51,7 +51,7 @@ def plot(fam, series, target, out):
     plots = ", ".join(f"'{data}' index {i} using 1:2 with linespoints title \"{t}\"" for i, t in enumerate(titles))
     script = f"""set terminal pngcairo size 1000,{420 + 14 * len(series)} font ',9'
 set output '{os.path.join(out, fam + ".png")}'
-set title "{fam}: zams time / peer time ({target}); below 1 zams is faster"
+set title "{fam.replace("_", "\\\\_")}: zams time / peer time ({target}); below 1 zams is faster"
 set logscale xy
 set xlabel 'length'
 set ylabel 'ratio'
