@@ -13,23 +13,8 @@
 
 namespace {
 
-template <class T> T make(std::mt19937& g, int lim) {
-    std::uniform_real_distribution<double> u(-1, 1);
-    if constexpr (std::is_same_v<T, Zam16sc>) return {Zam16s(u(g) * lim), Zam16s(u(g) * lim)};
-    else if constexpr (std::is_same_v<T, Zam32sc>) return {Zam32s(u(g) * lim), Zam32s(u(g) * lim)};
-    else if constexpr (std::is_same_v<T, Zam32fc>) return {float(u(g)), float(u(g))};
-    else if constexpr (std::is_same_v<T, Zam64fc>) return {u(g), u(g)};
-    else if constexpr (std::is_integral_v<T>) return T(u(g) * lim);
-    else return T(u(g));
-}
-template <class T> std::vector<T> vec(size_t n, uint32_t seed, int lim) {
-    std::mt19937 g(seed);
-    std::vector<T> v(n);
-    for (auto& e : v) e = make<T>(g, lim);
-    return v;
-}
-template <class T> constexpr bool is_int_v =
-    std::is_integral_v<T> || std::is_same_v<T, Zam16sc> || std::is_same_v<T, Zam32sc>;
+using fm::is_int_v;
+using fm::vec;
 template <class D> int data_lim() {
     return std::is_same_v<D, Zam32s> || std::is_same_v<D, Zam32sc> ? 2000000000 : 32767;
 }

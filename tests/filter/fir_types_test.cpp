@@ -15,22 +15,8 @@ namespace {
 using fm::LC;
 using fm::LD;
 
-template <class T> T make(std::mt19937& g, int lim) {
-    std::uniform_real_distribution<double> u(-1, 1);
-    if constexpr (std::is_same_v<T, Zam16sc>) return {Zam16s(u(g) * lim), Zam16s(u(g) * lim)};
-    else if constexpr (std::is_same_v<T, Zam32sc>) return {Zam32s(u(g) * lim), Zam32s(u(g) * lim)};
-    else if constexpr (std::is_same_v<T, Zam32fc>) return {float(u(g)), float(u(g))};
-    else if constexpr (std::is_same_v<T, Zam64fc>) return {u(g), u(g)};
-    else if constexpr (std::is_integral_v<T>) return T(u(g) * lim);
-    else return T(u(g));
-}
-template <class T> std::vector<T> vec(int n, uint32_t seed, int lim) {
-    std::mt19937 g(seed);
-    std::vector<T> v(static_cast<size_t>(n));
-    for (auto& e : v) e = make<T>(g, lim);
-    return v;
-}
-template <class T> constexpr bool is_int_v = std::is_integral_v<T> || std::is_same_v<T, Zam16sc> || std::is_same_v<T, Zam32sc>;
+using fm::is_int_v;
+using fm::vec;
 
 // One pair's exports behind one signature each (factor and scale factor
 // passed where the pair takes them).
