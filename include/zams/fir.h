@@ -345,7 +345,8 @@ ZAMSAPI zamStatus zamsFIROne64fc_Direct_32sc_ISfs(Zam32sc* pSrcDstVal, const Zam
  * 32fc, 64f, 64fc, 32f_16s and 32s_16s entry points take a multirate state of their type.
  * The one-sample forms refuse them (-17). 32s_16s keeps its taps in 16 bits by the
  * single-rate rule (shifted right while the largest exceeds 32766; given as floats: scaled
- * by the power of two that brings the largest to at most 32766) and sums exactly.
+ * by the power of two that brings the largest finite one to at most 32766, rounded to
+ * nearest even; an infinite tap is held to +-32766 and a NaN tap is 0) and sums exactly.
  *
  * Sizes: GetStateSize takes the taps length and both factors; Init lays the state into a
  * buffer of that size (rounded up to 32 bytes). Checks: pointers (-8), tapsLen (-26),

@@ -101,14 +101,14 @@ template <class P> void set_taps(Hdr* h, const typename P::Taps* taps, int facto
         double m = 0;
         for (int i = 0; i < L; ++i) {
             double p[2];
-            for (int k = 0, n = parts_of(taps[i], p); k < n; ++k) m = std::max(m, p[k] < 0 ? -p[k] : p[k]);
+            for (int k = 0, n = parts_of(taps[i], p); k < n; ++k) m = std::max(m, fit_magnitude(p[k]));
         }
         const int f = taps_fit(m);
         h->total = f;
         for (int i = 0; i < L; ++i) {
             double p[2];
             const int n = parts_of(taps[L - 1 - i], p);
-            for (int k = 0; k < n; ++k) p[k] = round_even(p[k] * pow2(f));
+            for (int k = 0; k < n; ++k) p[k] = fit_tap(p[k], f);
             coef[i] = from_parts<Coef>(p);
         }
     } else {

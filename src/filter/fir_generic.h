@@ -81,6 +81,15 @@ inline int taps_shift(int64_t m) {
     for (; m > 32766; m >>= 1) ++s;
     return s;
 }
+// A float tap quantised to those 16 bits: scaled by 2^f, rounded to nearest even and
+// held to +-32766; NaN counts as 0. Only finite taps count towards the largest
+// magnitude, so an infinite tap saturates without zeroing the others.
+inline double fit_magnitude(double v) { return v - v == 0 ? (v < 0 ? -v : v) : 0; }
+inline double fit_tap(double v, int f) {
+    if (v != v) return 0;
+    const double q = round_even(v * pow2(f));
+    return q > 32766 ? 32766 : q < -32766 ? -32766 : q;
+}
 inline int taps_fit(double m) {
     int f = 0;
     if (m > 0) {

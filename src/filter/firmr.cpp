@@ -124,7 +124,7 @@ template <class K> void set_taps(Hdr* h, const typename K::Taps* taps, int facto
         h->total = add_scale(shift, factor);
     } else if constexpr (K::rule == Rule::Fit) {
         double m = 0;
-        for (int i = 0; i < L; ++i) m = std::max(m, taps[i] < 0 ? -double(taps[i]) : double(taps[i]));
+        for (int i = 0; i < L; ++i) m = std::max(m, fit_magnitude(double(taps[i])));
         fit = taps_fit(m);
         h->total = fit;
     }
@@ -133,7 +133,7 @@ template <class K> void set_taps(Hdr* h, const typename K::Taps* taps, int facto
     for (int k = 0; k < L; ++k) {
         Coef c;
         if constexpr (K::rule == Rule::Shift) c = Coef(int64_t(taps[k]) >> shift);
-        else if constexpr (K::rule == Rule::Fit) c = Coef(round_even(double(taps[k]) * pow2(fit)));
+        else if constexpr (K::rule == Rule::Fit) c = Coef(fit_tap(double(taps[k]), fit));
         else c = taps[k];
         sub[int64_t(k % U) * M + (M - 1 - k / U)] = c;
     }
