@@ -20,41 +20,30 @@ using std::vector;
 constexpr long double kPi = 3.141592653589793238462643383279502884L;
 
 // The two sample types behind one set of entry points.
+#define RESAMPLE_API(Sfx)                                              \
+    using P = ZamsResamplingPolyphaseSpec_##Sfx;                       \
+    using F = ZamsResamplingPolyphaseFixedSpec_##Sfx;                  \
+    static constexpr auto alloc = zamsResamplePolyphaseInitAlloc_##Sfx; \
+    static constexpr auto size = zamsResamplePolyphaseGetSize_##Sfx;   \
+    static constexpr auto init = zamsResamplePolyphaseInit_##Sfx;      \
+    static constexpr auto free = zamsResamplePolyphaseFree_##Sfx;      \
+    static constexpr auto run = zamsResamplePolyphase_##Sfx;           \
+    static constexpr auto falloc = zamsResamplePolyphaseFixedInitAlloc_##Sfx; \
+    static constexpr auto fsize = zamsResamplePolyphaseFixedGetSize_##Sfx; \
+    static constexpr auto finit = zamsResamplePolyphaseFixedInit_##Sfx; \
+    static constexpr auto ffree = zamsResamplePolyphaseFixedFree_##Sfx; \
+    static constexpr auto get = zamsResamplePolyphaseGetFixedFilter_##Sfx; \
+    static constexpr auto set = zamsResamplePolyphaseSetFixedFilter_##Sfx; \
+    static constexpr auto frun = zamsResamplePolyphaseFixed_##Sfx;
 template <class T> struct Api;
 template <> struct Api<Zam32f> {
-    using P = ZamsResamplingPolyphaseSpec_32f;
-    using F = ZamsResamplingPolyphaseFixedSpec_32f;
-    static constexpr auto alloc = zamsResamplePolyphaseInitAlloc_32f;
-    static constexpr auto size = zamsResamplePolyphaseGetSize_32f;
-    static constexpr auto init = zamsResamplePolyphaseInit_32f;
-    static constexpr auto free = zamsResamplePolyphaseFree_32f;
-    static constexpr auto run = zamsResamplePolyphase_32f;
-    static constexpr auto falloc = zamsResamplePolyphaseFixedInitAlloc_32f;
-    static constexpr auto fsize = zamsResamplePolyphaseFixedGetSize_32f;
-    static constexpr auto finit = zamsResamplePolyphaseFixedInit_32f;
-    static constexpr auto ffree = zamsResamplePolyphaseFixedFree_32f;
-    static constexpr auto get = zamsResamplePolyphaseGetFixedFilter_32f;
-    static constexpr auto set = zamsResamplePolyphaseSetFixedFilter_32f;
-    static constexpr auto frun = zamsResamplePolyphaseFixed_32f;
+    RESAMPLE_API(32f)
     static vector<Zam32f> data(size_t n, uint32_t seed) { return zt::random_reals<Zam32f>(n, seed, -1.0f, 1.0f); }
     static long double out(long double v) { return v; }
     static constexpr double kScale = 1;
 };
 template <> struct Api<Zam16s> {
-    using P = ZamsResamplingPolyphaseSpec_16s;
-    using F = ZamsResamplingPolyphaseFixedSpec_16s;
-    static constexpr auto alloc = zamsResamplePolyphaseInitAlloc_16s;
-    static constexpr auto size = zamsResamplePolyphaseGetSize_16s;
-    static constexpr auto init = zamsResamplePolyphaseInit_16s;
-    static constexpr auto free = zamsResamplePolyphaseFree_16s;
-    static constexpr auto run = zamsResamplePolyphase_16s;
-    static constexpr auto falloc = zamsResamplePolyphaseFixedInitAlloc_16s;
-    static constexpr auto fsize = zamsResamplePolyphaseFixedGetSize_16s;
-    static constexpr auto finit = zamsResamplePolyphaseFixedInit_16s;
-    static constexpr auto ffree = zamsResamplePolyphaseFixedFree_16s;
-    static constexpr auto get = zamsResamplePolyphaseGetFixedFilter_16s;
-    static constexpr auto set = zamsResamplePolyphaseSetFixedFilter_16s;
-    static constexpr auto frun = zamsResamplePolyphaseFixed_16s;
+    RESAMPLE_API(16s)
     // Mostly moderate samples, some at the extremes so that outputs saturate.
     static vector<Zam16s> data(size_t n, uint32_t seed) {
         auto v = zt::random_ints<Zam16s>(n, seed);
@@ -67,6 +56,7 @@ template <> struct Api<Zam16s> {
     }
     static constexpr double kScale = 32768;
 };
+#undef RESAMPLE_API
 
 template <class T> class Resample : public ::testing::Test {};
 using Types = ::testing::Types<Zam32f, Zam16s>;

@@ -94,39 +94,28 @@ template <class C> std::vector<C> random_c(size_t n, uint32_t seed) {
 }
 
 enum Fmt { kPerm, kPack, kCcs };
+// The real kinds; the transforms in each format, indexed by Fmt.
+#define DFTT_REAL_KIND(F, Sfx)                                                                                   \
+    template <> struct RKind<F> {                                                                               \
+        using S = ZamsDFTSpec_R_##Sfx;                                                                          \
+        static constexpr auto getSize = zamsDFTGetSize_R_##Sfx;                                                 \
+        static constexpr auto init = zamsDFTInit_R_##Sfx;                                                       \
+        static constexpr auto alloc = zamsDFTInitAlloc_R_##Sfx;                                                 \
+        static constexpr auto bufSize = zamsDFTGetBufSize_R_##Sfx;                                              \
+        static constexpr auto free = zamsDFTFree_R_##Sfx;                                                       \
+        static constexpr zamStatus (*fwd[3])(const F*, F*, const S*, Zam8u*) = {                                \
+            zamsDFTFwd_RToPerm_##Sfx, zamsDFTFwd_RToPack_##Sfx, zamsDFTFwd_RToCCS_##Sfx};                       \
+        static constexpr zamStatus (*inv[3])(const F*, F*, const S*, Zam8u*) = {                                \
+            zamsDFTInv_PermToR_##Sfx, zamsDFTInv_PackToR_##Sfx, zamsDFTInv_CCSToR_##Sfx};                       \
+        static constexpr zamStatus (*fwdI[3])(F*, const S*, Zam8u*) = {                                         \
+            zamsDFTFwd_RToPerm_##Sfx##_I, zamsDFTFwd_RToPack_##Sfx##_I, zamsDFTFwd_RToCCS_##Sfx##_I};           \
+        static constexpr zamStatus (*invI[3])(F*, const S*, Zam8u*) = {                                         \
+            zamsDFTInv_PermToR_##Sfx##_I, zamsDFTInv_PackToR_##Sfx##_I, zamsDFTInv_CCSToR_##Sfx##_I};           \
+    };
 template <class F> struct RKind;
-template <> struct RKind<float> {
-    using S = ZamsDFTSpec_R_32f;
-    static constexpr auto getSize = zamsDFTGetSize_R_32f;
-    static constexpr auto init = zamsDFTInit_R_32f;
-    static constexpr auto alloc = zamsDFTInitAlloc_R_32f;
-    static constexpr auto bufSize = zamsDFTGetBufSize_R_32f;
-    static constexpr auto free = zamsDFTFree_R_32f;
-    static constexpr zamStatus (*fwd[3])(const Zam32f*, Zam32f*, const S*, Zam8u*) = {
-        zamsDFTFwd_RToPerm_32f, zamsDFTFwd_RToPack_32f, zamsDFTFwd_RToCCS_32f};
-    static constexpr zamStatus (*inv[3])(const Zam32f*, Zam32f*, const S*, Zam8u*) = {
-        zamsDFTInv_PermToR_32f, zamsDFTInv_PackToR_32f, zamsDFTInv_CCSToR_32f};
-    static constexpr zamStatus (*fwdI[3])(Zam32f*, const S*, Zam8u*) = {
-        zamsDFTFwd_RToPerm_32f_I, zamsDFTFwd_RToPack_32f_I, zamsDFTFwd_RToCCS_32f_I};
-    static constexpr zamStatus (*invI[3])(Zam32f*, const S*, Zam8u*) = {
-        zamsDFTInv_PermToR_32f_I, zamsDFTInv_PackToR_32f_I, zamsDFTInv_CCSToR_32f_I};
-};
-template <> struct RKind<double> {
-    using S = ZamsDFTSpec_R_64f;
-    static constexpr auto getSize = zamsDFTGetSize_R_64f;
-    static constexpr auto init = zamsDFTInit_R_64f;
-    static constexpr auto alloc = zamsDFTInitAlloc_R_64f;
-    static constexpr auto bufSize = zamsDFTGetBufSize_R_64f;
-    static constexpr auto free = zamsDFTFree_R_64f;
-    static constexpr zamStatus (*fwd[3])(const Zam64f*, Zam64f*, const S*, Zam8u*) = {
-        zamsDFTFwd_RToPerm_64f, zamsDFTFwd_RToPack_64f, zamsDFTFwd_RToCCS_64f};
-    static constexpr zamStatus (*inv[3])(const Zam64f*, Zam64f*, const S*, Zam8u*) = {
-        zamsDFTInv_PermToR_64f, zamsDFTInv_PackToR_64f, zamsDFTInv_CCSToR_64f};
-    static constexpr zamStatus (*fwdI[3])(Zam64f*, const S*, Zam8u*) = {
-        zamsDFTFwd_RToPerm_64f_I, zamsDFTFwd_RToPack_64f_I, zamsDFTFwd_RToCCS_64f_I};
-    static constexpr zamStatus (*invI[3])(Zam64f*, const S*, Zam8u*) = {
-        zamsDFTInv_PermToR_64f_I, zamsDFTInv_PackToR_64f_I, zamsDFTInv_CCSToR_64f_I};
-};
+DFTT_REAL_KIND(float, 32f)
+DFTT_REAL_KIND(double, 64f)
+#undef DFTT_REAL_KIND
 
 // A spec made by InitAlloc, freed on scope exit.
 template <class K> struct Owned {
