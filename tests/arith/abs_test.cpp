@@ -18,13 +18,11 @@ template <class T> std::vector<T> data(uint32_t seed) {
 }
 
 // Both exports of each type over every length and alignment, in place and
-// not, and the checks.
+// not.
 template <class T> void abs_type(zamStatus (*f)(const T*, T*, int), zamStatus (*fi)(T*, int), T (*m)(T), uint32_t seed) {
     auto x = data<T>(seed);
     zt::sweep_unary<T, T>(f, m, x);
     zt::sweep_unary<T, T>(st::in_place(fi), m, x, {.in_place = false, .len_step = 5});
-    st::checks(f);
-    st::checks(fi);
 }
 
 TEST(Abs, EveryTypeFormLengthAndAlignment) {

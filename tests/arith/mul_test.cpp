@@ -116,9 +116,7 @@ template <class A, class C, class Fn> void add_product(Fn f, std::vector<int> sw
             for (size_t off : zt::offsets_for(len)) run(len, sf, off);
     A a[1] = {};
     zt::Guarded<C> c(1);
-    EXPECT_EQ(f(nullptr, a, c.data(), 0, 0), zamStatusNullPointer);
     EXPECT_EQ(f(a, a, nullptr, 1, 40), zamStatusNullPointer);
-    EXPECT_EQ(f(a, a, c.data(), 0, 0), zamStatusBadLength);
     EXPECT_EQ(f(a, a, c.data(), 0, 63), zamStatusBadLength);
     EXPECT_TRUE(c.guards_intact());
 }

@@ -14,14 +14,12 @@
 namespace {
 
 using fm::is_int_v;
+using fm::same;
 using fm::vec;
 template <class D> int data_lim() {
     return std::is_same_v<D, Zam32s> || std::is_same_v<D, Zam32sc> ? 2000000000 : 32767;
 }
 template <class T> int taps_lim() { return std::is_same_v<T, Zam16s> ? 30000 : is_int_v<T> ? 60000 : 1; }
-template <class D> bool same(const std::vector<D>& a, const std::vector<D>& b) {
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(D)) == 0;
-}
 
 #define NOF
 #define WF , f
@@ -109,10 +107,6 @@ TYPED_TEST(FirInPlaceState, EqualsOutOfPlaceBlockByBlock) {
             ASSERT_EQ(P::free(b), 0);
         }
     }
-    D v[2] = {};
-    EXPECT_EQ(P::run_i(nullptr, 2, nullptr, 0), zamStatusNullPointer);
-    std::vector<uint8_t> zero(8192, 0);
-    EXPECT_EQ(P::run_i(v, 2, reinterpret_cast<typename P::S*>(zero.data()), 0), zamStatusContextMismatch);
 }
 
 // ---- Direct forms: in place and one sample against the block form ----
@@ -227,26 +221,19 @@ TYPED_TEST(FirDirectForms, InPlaceAndOneSampleEqualTheBlock) {
     }
 }
 
-TYPED_TEST(FirDirectForms, StatusesOfTheInPlaceAndOneSampleForms) {
+// An index outside [0, tapsLen) is refused and left as it was; the 32f
+// forms take the index as given.
+TYPED_TEST(FirDirectForms, BadIndexRefused) {
     using P = TypeParam;
-    using T = typename P::T;
-    using D = typename P::D;
-    T t[2] = {};
-    D dl[4] = {}, v[2] = {};
-    int ix = 0;
-    EXPECT_EQ(P::block_i(nullptr, 2, t, 2, 0, dl, &ix, 0), zamStatusNullPointer);
-    EXPECT_EQ(P::one(v[0], nullptr, t, 2, 0, dl, &ix, 0), zamStatusNullPointer);
-    EXPECT_EQ(P::one_i(v, t, 2, 0, dl, nullptr, 0), zamStatusNullPointer);
-    EXPECT_EQ(P::one_i(v, t, 0, 0, dl, &ix, 0), zamStatusBadTapsLength);
-    if constexpr (!std::is_same_v<P, D32f>) {
-        // an index outside [0, tapsLen) is refused and left as it was
-        for (int bad : {-1, 2}) {
-            ix = bad;
-            EXPECT_EQ(P::one_i(v, t, 2, 0, dl, &ix, 0), zamStatusBadDelayIndex) << P::name;
-            EXPECT_EQ(P::one(v[0], v + 1, t, 2, 0, dl, &ix, 0), zamStatusBadDelayIndex) << P::name;
-            EXPECT_EQ(P::block_i(v, 2, t, 2, 0, dl, &ix, 0), zamStatusBadDelayIndex) << P::name;
-            EXPECT_EQ(ix, bad);
-        }
+    if constexpr (std::is_same_v<P, D32f>) GTEST_SKIP() << "the 32f forms take the index as given";
+    typename P::T t[2] = {};
+    typename P::D dl[4] = {}, v[2] = {};
+    for (int bad : {-1, 2}) {
+        int ix = bad;
+        EXPECT_EQ(P::one_i(v, t, 2, 0, dl, &ix, 0), zamStatusBadDelayIndex) << P::name;
+        EXPECT_EQ(P::one(v[0], v + 1, t, 2, 0, dl, &ix, 0), zamStatusBadDelayIndex) << P::name;
+        EXPECT_EQ(P::block_i(v, 2, t, 2, 0, dl, &ix, 0), zamStatusBadDelayIndex) << P::name;
+        EXPECT_EQ(ix, bad);
     }
 }
 
@@ -373,32 +360,6 @@ TYPED_TEST(FirFloatTapsLife, MatchesIntegerTapsSiblingAndRoundTrips) {
     }
 }
 
-TYPED_TEST(FirFloatTapsLife, Statuses) {
-    using P = TypeParam;
-    using F = typename P::F;
-    using D = typename P::D;
-    int s = 0;
-    EXPECT_EQ(P::size(3, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(P::size(0, &s), zamStatusBadTapsLength);
-    F t[3] = {};
-    D d[3] = {};
-    typename P::S* st = nullptr;
-    EXPECT_EQ(P::alloc(&st, t, 0, nullptr), zamStatusBadTapsLength);
-    EXPECT_EQ(P::alloc(nullptr, t, 3, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(P::init(&st, t, 3, nullptr, nullptr), zamStatusNullPointer);
-    std::vector<uint8_t> zero(8192, 0);
-    auto* bad = reinterpret_cast<typename P::S*>(zero.data());
-    EXPECT_EQ(P::set_taps(t, bad), zamStatusContextMismatch);
-    EXPECT_EQ(P::get_taps(bad, t), zamStatusContextMismatch);
-    EXPECT_EQ(P::set_dly(bad, d), zamStatusContextMismatch);
-    EXPECT_EQ(P::get_dly(bad, d), zamStatusContextMismatch);
-    EXPECT_EQ(P::free(bad), zamStatusContextMismatch);
-    ASSERT_EQ(P::alloc(&st, t, 3, nullptr), 0);
-    EXPECT_EQ(P::get_taps(st, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(P::get_dly(st, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(P::free(st), 0);
-}
-
 // ---- the stream state in caller memory ----
 
 // A stream state laid into caller memory (at any offset) filters to the bit
@@ -426,12 +387,6 @@ TEST(FirStreamInit32f, EqualsTheAllocatedStreamState) {
             EXPECT_EQ(zamsFIRFree_32f(st), 0);
         }
     }
-    float t[2] = {1, 2};
-    ZamsFIRState_32f* st = nullptr;
-    std::vector<uint8_t> mem(100000);
-    EXPECT_EQ(zamsFIRStreamInit_32f(&st, t, 0, nullptr, mem.data()), zamStatusBadTapsLength);
-    EXPECT_EQ(zamsFIRStreamInit_32f(&st, t, 2, nullptr, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsFIRStreamInit_32f(nullptr, t, 2, nullptr, mem.data()), zamStatusNullPointer);
 }
 
 }  // namespace

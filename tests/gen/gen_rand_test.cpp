@@ -284,34 +284,6 @@ TEST(Rand, MillionSampleDistributions) {
     }
 }
 
-TEST(Rand, BadArguments) {
-    ZamsRandUniState_32f* u = nullptr;
-    ZamsRandGaussState_32f* g = nullptr;
-    ASSERT_EQ(zamsRandUniformInitAlloc_32f(&u, 0, 1, 1), zamStatusOk);
-    ASSERT_EQ(zamsRandGaussInitAlloc_32f(&g, 0, 1, 1), zamStatusOk);
-    zt::Guarded<Zam32f> d(8);
-    EXPECT_EQ(zamsRandUniform_32f(nullptr, 0, u), zamStatusNullPointer);
-    EXPECT_EQ(zamsRandUniform_32f(d.data(), 8, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsRandUniform_32f(d.data(), 0, u), zamStatusBadLength);
-    // another kind's state: nothing written
-    EXPECT_EQ(zamsRandUniform_32f(d.data(), 8, reinterpret_cast<ZamsRandUniState_32f*>(g)), zamStatusContextMismatch);
-    EXPECT_EQ(zamsRandGauss_32f(d.data(), 8, reinterpret_cast<ZamsRandGaussState_32f*>(u)), zamStatusContextMismatch);
-    EXPECT_EQ(zamsRandUniformFree_16s(reinterpret_cast<ZamsRandUniState_16s*>(u)), zamStatusContextMismatch);
-    EXPECT_TRUE(d.guards_intact());
-    for (int i = 0; i < 8; ++i) EXPECT_EQ(reinterpret_cast<uint8_t*>(d.data())[i], zt::Guarded<Zam32f>::kPattern);
-    unsigned cell = 1;
-    EXPECT_EQ(zamsRandUniform_Direct_32f(d.data(), 8, 0, 1, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsRandGauss_Direct_64f(nullptr, 8, 0, 1, &cell), zamStatusNullPointer);
-    EXPECT_EQ(zamsRandGauss_Direct_16s(reinterpret_cast<Zam16s*>(d.data()), -1, 0, 1, &cell), zamStatusBadLength);
-    EXPECT_EQ(cell, 1u);
-    EXPECT_EQ(zamsRandUniformInit_16s(nullptr, 0, 1, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsRandGaussInitAlloc_8u(nullptr, 0, 1, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsRandUniformGetSize_16s(nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsRandGaussFree_32f(nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsRandUniformFree_32f(u), zamStatusOk);
-    EXPECT_EQ(zamsRandGaussFree_32f(g), zamStatusOk);
-}
-
 ZAMS_DIGEST(rand) {
     unsigned cell = 17;
     std::vector<Zam64f> d64(777);

@@ -38,9 +38,6 @@ template <class T> void check(Fns<T> fn, T magn) {
         for (int n = 0; n < len; ++n) expect_close(d[n], 1e3L + LD(-2.0 / 3) * n, 0, "slope", n);
     }
     zt::Guarded<T> g(3);
-    EXPECT_EQ(fn.jaehne(nullptr, 3, magn), zamStatusNullPointer);
-    EXPECT_EQ(fn.ramp(g.data(), 0, 0, 1), zamStatusBadLength);
-    EXPECT_EQ(fn.slope(nullptr, -1, 0, 1), zamStatusNullPointer);
     if constexpr (std::is_signed_v<T>) {
         EXPECT_EQ(fn.jaehne(g.data(), 3, T(-1)), zamStatusBadArgument);
     }

@@ -2,7 +2,7 @@
 // zero-stuffing, filtering by the read-back rows in long double and keeping
 // every down-th sample; the arbitrary ratio against the windowed sinc
 // evaluated directly in long double. Streaming in pieces, the quality of a
-// 44.1 kHz -> 48 kHz sine, and every status.
+// 44.1 kHz -> 48 kHz sine, and the value checks and their order.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,41 +20,30 @@ using std::vector;
 constexpr long double kPi = 3.141592653589793238462643383279502884L;
 
 // The two sample types behind one set of entry points.
+#define RESAMPLE_API(Sfx)                                              \
+    using P = ZamsResamplingPolyphaseSpec_##Sfx;                       \
+    using F = ZamsResamplingPolyphaseFixedSpec_##Sfx;                  \
+    static constexpr auto alloc = zamsResamplePolyphaseInitAlloc_##Sfx; \
+    static constexpr auto size = zamsResamplePolyphaseGetSize_##Sfx;   \
+    static constexpr auto init = zamsResamplePolyphaseInit_##Sfx;      \
+    static constexpr auto free = zamsResamplePolyphaseFree_##Sfx;      \
+    static constexpr auto run = zamsResamplePolyphase_##Sfx;           \
+    static constexpr auto falloc = zamsResamplePolyphaseFixedInitAlloc_##Sfx; \
+    static constexpr auto fsize = zamsResamplePolyphaseFixedGetSize_##Sfx; \
+    static constexpr auto finit = zamsResamplePolyphaseFixedInit_##Sfx; \
+    static constexpr auto ffree = zamsResamplePolyphaseFixedFree_##Sfx; \
+    static constexpr auto get = zamsResamplePolyphaseGetFixedFilter_##Sfx; \
+    static constexpr auto set = zamsResamplePolyphaseSetFixedFilter_##Sfx; \
+    static constexpr auto frun = zamsResamplePolyphaseFixed_##Sfx;
 template <class T> struct Api;
 template <> struct Api<Zam32f> {
-    using P = ZamsResamplingPolyphaseSpec_32f;
-    using F = ZamsResamplingPolyphaseFixedSpec_32f;
-    static constexpr auto alloc = zamsResamplePolyphaseInitAlloc_32f;
-    static constexpr auto size = zamsResamplePolyphaseGetSize_32f;
-    static constexpr auto init = zamsResamplePolyphaseInit_32f;
-    static constexpr auto free = zamsResamplePolyphaseFree_32f;
-    static constexpr auto run = zamsResamplePolyphase_32f;
-    static constexpr auto falloc = zamsResamplePolyphaseFixedInitAlloc_32f;
-    static constexpr auto fsize = zamsResamplePolyphaseFixedGetSize_32f;
-    static constexpr auto finit = zamsResamplePolyphaseFixedInit_32f;
-    static constexpr auto ffree = zamsResamplePolyphaseFixedFree_32f;
-    static constexpr auto get = zamsResamplePolyphaseGetFixedFilter_32f;
-    static constexpr auto set = zamsResamplePolyphaseSetFixedFilter_32f;
-    static constexpr auto frun = zamsResamplePolyphaseFixed_32f;
+    RESAMPLE_API(32f)
     static vector<Zam32f> data(size_t n, uint32_t seed) { return zt::random_reals<Zam32f>(n, seed, -1.0f, 1.0f); }
     static long double out(long double v) { return v; }
     static constexpr double kScale = 1;
 };
 template <> struct Api<Zam16s> {
-    using P = ZamsResamplingPolyphaseSpec_16s;
-    using F = ZamsResamplingPolyphaseFixedSpec_16s;
-    static constexpr auto alloc = zamsResamplePolyphaseInitAlloc_16s;
-    static constexpr auto size = zamsResamplePolyphaseGetSize_16s;
-    static constexpr auto init = zamsResamplePolyphaseInit_16s;
-    static constexpr auto free = zamsResamplePolyphaseFree_16s;
-    static constexpr auto run = zamsResamplePolyphase_16s;
-    static constexpr auto falloc = zamsResamplePolyphaseFixedInitAlloc_16s;
-    static constexpr auto fsize = zamsResamplePolyphaseFixedGetSize_16s;
-    static constexpr auto finit = zamsResamplePolyphaseFixedInit_16s;
-    static constexpr auto ffree = zamsResamplePolyphaseFixedFree_16s;
-    static constexpr auto get = zamsResamplePolyphaseGetFixedFilter_16s;
-    static constexpr auto set = zamsResamplePolyphaseSetFixedFilter_16s;
-    static constexpr auto frun = zamsResamplePolyphaseFixed_16s;
+    RESAMPLE_API(16s)
     // Mostly moderate samples, some at the extremes so that outputs saturate.
     static vector<Zam16s> data(size_t n, uint32_t seed) {
         auto v = zt::random_ints<Zam16s>(n, seed);
@@ -67,6 +56,7 @@ template <> struct Api<Zam16s> {
     }
     static constexpr double kScale = 32768;
 };
+#undef RESAMPLE_API
 
 template <class T> class Resample : public ::testing::Test {};
 using Types = ::testing::Types<Zam32f, Zam16s>;
@@ -342,24 +332,18 @@ TEST(ResampleQuality, Sine44100To48000) {
 TEST(ResampleStatus, EveryPath) {
     ZamsResamplingPolyphaseSpec_32f* p = nullptr;
     ZamsResamplingPolyphaseFixedSpec_32f* f = nullptr;
-    ZamsResamplingPolyphaseSpec_16s* p16 = nullptr;
     int size = -1, rl = -1, ht = -1;
     // sizes and builds
-    EXPECT_EQ(zamsResamplePolyphaseGetSize_32f(8, 64, nullptr, zamAlgHintNone), zamStatusNullPointer);
     for (float w : {0.0f, -1.0f, NAN, 5000.0f})
         EXPECT_EQ(zamsResamplePolyphaseGetSize_32f(w, 64, &size, zamAlgHintNone), zamStatusBadArgument) << w;
     for (int n : {0, -1, 65537}) EXPECT_EQ(zamsResamplePolyphaseGetSize_32f(8, n, &size, zamAlgHintNone), zamStatusBadArgument);
     EXPECT_EQ(size, -1);
     EXPECT_EQ(zamsResamplePolyphaseGetSize_32f(4096, 65536, &size, zamAlgHintNone), zamStatusNoMemory);
-    EXPECT_EQ(zamsResamplePolyphaseInitAlloc_32f(nullptr, 8, 64, 0.9f, 8, zamAlgHintNone), zamStatusNullPointer);
-    EXPECT_EQ(zamsResamplePolyphaseInit_32f(8, 64, 0.9f, 8, nullptr, zamAlgHintNone), zamStatusNullPointer);
     for (float r : {0.0f, 1.01f, NAN})
         EXPECT_EQ(zamsResamplePolyphaseInitAlloc_32f(&p, 8, 64, r, 8, zamAlgHintNone), zamStatusBadArgument);
     for (float a : {-0.1f, 701.0f, INFINITY})
         EXPECT_EQ(zamsResamplePolyphaseInitAlloc_32f(&p, 8, 64, 0.9f, a, zamAlgHintNone), zamStatusBadArgument);
     EXPECT_EQ(p, nullptr);
-    EXPECT_EQ(zamsResamplePolyphaseFixedGetSize_32f(2, 3, 10, &size, nullptr, &ht, zamAlgHintNone), zamStatusNullPointer);
-    EXPECT_EQ(zamsResamplePolyphaseFixedGetSize_32f(2, 3, 0, &size, &rl, &ht, zamAlgHintNone), zamStatusBadLength);
     for (int r : {0, -3, 65537}) {
         EXPECT_EQ(zamsResamplePolyphaseFixedGetSize_32f(r, 3, 10, &size, &rl, &ht, zamAlgHintNone), zamStatusBadArgument);
         EXPECT_EQ(zamsResamplePolyphaseFixedInitAlloc_32f(&f, 3, r, 10, 0.9f, 8, zamAlgHintNone), zamStatusBadArgument);
@@ -370,25 +354,15 @@ TEST(ResampleStatus, EveryPath) {
     EXPECT_EQ(rl, -1);
 
     ASSERT_EQ(zamsResamplePolyphaseInitAlloc_32f(&p, 4, 64, 0.9f, 8, zamAlgHintNone), zamStatusOk);
-    ASSERT_EQ(zamsResamplePolyphaseInitAlloc_16s(&p16, 4, 64, 0.9f, 8, zamAlgHintNone), zamStatusOk);
     ASSERT_EQ(zamsResamplePolyphaseFixedInitAlloc_32f(&f, 2, 3, 12, 0.9f, 8, zamAlgHintNone), zamStatusOk);
     vector<Zam32f> x(64, 0.5f), y(256, 7.0f), rows(64, 1.0f);
     double t = 3;
     int n = -5;
     auto untouched = [&] { return t == 3 && n == -5 && std::all_of(y.begin(), y.end(), [](float v) { return v == 7.0f; }); };
-    // filtering: pointers, length, identifier, then values
-    EXPECT_EQ(zamsResamplePolyphase_32f(nullptr, 64, y.data(), 1.5, 1, &t, &n, p), zamStatusNullPointer);
-    EXPECT_EQ(zamsResamplePolyphase_32f(x.data(), 64, y.data(), 1.5, 1, nullptr, &n, p), zamStatusNullPointer);
+    // filtering: the length and the identifier before the values
     EXPECT_EQ(zamsResamplePolyphase_32f(x.data(), 0, y.data(), NAN, 1, &t, &n, p), zamStatusBadLength);
     EXPECT_EQ(zamsResamplePolyphase_32f(x.data(), 64, y.data(), NAN, 1, &t, &n,
                                         reinterpret_cast<ZamsResamplingPolyphaseSpec_32f*>(f)),
-              zamStatusContextMismatch);  // another kind
-    EXPECT_EQ(zamsResamplePolyphase_32f(x.data(), 64, y.data(), 1.5, 1, &t, &n,
-                                        reinterpret_cast<ZamsResamplingPolyphaseSpec_32f*>(p16)),
-              zamStatusContextMismatch);  // the 16s kind
-    vector<uint8_t> garbage(4096, 0x5A);
-    EXPECT_EQ(zamsResamplePolyphase_32f(x.data(), 64, y.data(), 1.5, 1, &t, &n,
-                                        reinterpret_cast<ZamsResamplingPolyphaseSpec_32f*>(garbage.data())),
               zamStatusContextMismatch);
     for (double fac : {0.0, -1.0, 1.0 / 65, 64.5, double(NAN), double(INFINITY)})
         EXPECT_EQ(zamsResamplePolyphase_32f(x.data(), 64, y.data(), fac, 1, &t, &n, p), zamStatusBadArgument) << fac;
@@ -396,35 +370,21 @@ TEST(ResampleStatus, EveryPath) {
         double tt = t0;
         EXPECT_EQ(zamsResamplePolyphase_32f(x.data(), 64, y.data(), 1.5, 1, &tt, &n, p), zamStatusBadArgument) << t0;
     }
-    EXPECT_EQ(zamsResamplePolyphaseFixed_32f(x.data(), 64, y.data(), 1, &t, nullptr, f), zamStatusNullPointer);
-    EXPECT_EQ(zamsResamplePolyphaseFixed_32f(x.data(), -1, y.data(), 1, &t, &n, f), zamStatusBadLength);
-    EXPECT_EQ(zamsResamplePolyphaseFixed_32f(x.data(), 64, y.data(), 1, &t, &n,
-                                             reinterpret_cast<ZamsResamplingPolyphaseFixedSpec_32f*>(p)),
-              zamStatusContextMismatch);
     double early = 2.6;  // rows of 4 taps: n >= 3 (2.6 rounds to 8/3, below 3)
     EXPECT_EQ(zamsResamplePolyphaseFixed_32f(x.data(), 64, y.data(), 1, &early, &n, f), zamStatusBadArgument);
     EXPECT_EQ(early, 2.6);
-    // the rows: layout checked after the identifier
-    EXPECT_EQ(zamsResamplePolyphaseGetFixedFilter_32f(y.data(), 4, 3, nullptr), zamStatusNullPointer);
+    // the rows' layout
     EXPECT_EQ(zamsResamplePolyphaseGetFixedFilter_32f(y.data(), 3, 3, f), zamStatusBadArgument);
     EXPECT_EQ(zamsResamplePolyphaseGetFixedFilter_32f(y.data(), 4, 2, f), zamStatusBadArgument);
     EXPECT_EQ(zamsResamplePolyphaseGetFixedFilter_32f(y.data(), INT32_MAX, 3, f), zamStatusBadArgument);  // span past int
     EXPECT_EQ(zamsResamplePolyphaseSetFixedFilter_32f(rows.data(), 4, 4, f), zamStatusBadArgument);
-    EXPECT_EQ(zamsResamplePolyphaseSetFixedFilter_32f(
-                  rows.data(), 4, 3, reinterpret_cast<ZamsResamplingPolyphaseFixedSpec_32f*>(garbage.data())),
-              zamStatusContextMismatch);
     EXPECT_TRUE(untouched());
     // a time past the block: no output, the time kept
     double late = 100;
     EXPECT_EQ(zamsResamplePolyphaseFixed_32f(x.data(), 64, y.data(), 1, &late, &n, f), zamStatusOk);
     EXPECT_EQ(n, 0);
     EXPECT_EQ(late, 100.0);
-    // Free: null, another kind, then released
-    EXPECT_EQ(zamsResamplePolyphaseFree_32f(nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsResamplePolyphaseFixedFree_32f(reinterpret_cast<ZamsResamplingPolyphaseFixedSpec_32f*>(p)),
-              zamStatusContextMismatch);
     EXPECT_EQ(zamsResamplePolyphaseFree_32f(p), zamStatusOk);
-    EXPECT_EQ(zamsResamplePolyphaseFree_16s(p16), zamStatusOk);
     EXPECT_EQ(zamsResamplePolyphaseFixedFree_32f(f), zamStatusOk);
 }
 

@@ -133,7 +133,6 @@ TEST(Extreme, ByMagnitude) {
     Zam32f y[3] = {-3, 3, -3}, w;
     EXPECT_EQ(st::ok(zamsMinAbsIndx_32f(y, 3, &w, &k), k), 0);
     EXPECT_EQ(w, 3.0f);
-    EXPECT_EQ(zamsMaxAbs_32f(y, 0, &w), zamStatusBadLength);
 }
 
 TEST(Extreme, FirstOfEqualZeros) {
@@ -143,23 +142,6 @@ TEST(Extreme, FirstOfEqualZeros) {
     Zam64f m;
     EXPECT_TRUE(std::signbit(st::ok(zamsMax_64f(z.data(), 100, &m), m)));
     EXPECT_FALSE(std::signbit(st::ok(zamsMin_64f(z.data() + 1, 99, &m), m)));
-}
-
-TEST(Extreme, CheckOrder) {
-    Zam32f x[2] = {1, 2}, v = 9;
-    int k = 9;
-    EXPECT_EQ(zamsMax_32f(nullptr, 0, &v), zamStatusNullPointer);
-    EXPECT_EQ(zamsMax_32f(x, 0, &v), zamStatusBadLength);
-    EXPECT_EQ(zamsMaxIndx_32f(x, 0, &v, nullptr), zamStatusBadLength);
-    EXPECT_EQ(zamsMinIndx_64f(nullptr, 1, nullptr, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsMaxAbsIndx_16s(reinterpret_cast<Zam16s*>(x), 2, reinterpret_cast<Zam16s*>(&v), nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsMinMaxIndx_32f(x, 2, &v, &k, &v, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsMinMaxIndx_32f(x, -1, &v, &k, &v, &k), zamStatusBadLength);
-    EXPECT_EQ(zamsMinMax_8u(nullptr, 1, nullptr, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsMaxEvery_32f(x, nullptr, x, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsMinEvery_16s_I(reinterpret_cast<Zam16s*>(x), nullptr, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsMaxEvery_64f_I(reinterpret_cast<Zam64f*>(x), reinterpret_cast<Zam64f*>(x), 0), zamStatusBadLength);
-    EXPECT_TRUE(v == 9 && k == 9 && x[0] == 1);
 }
 
 // Element-wise extremes: a > b ? a : b with a from the first source.

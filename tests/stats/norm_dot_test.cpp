@@ -236,23 +236,6 @@ TEST(DotProd, IntegerPairs) {
     EXPECT_EQ(wc.im, scaled(ci, 62, INT32_MIN, INT32_MAX));
 }
 
-TEST(NormAndDot, CheckOrder) {
-    Zam32f a[1] = {1}, v = 5;
-    Zam16s s[1] = {1}, r = 5;
-    Zam32s r32 = 5;
-    EXPECT_EQ(zamsNorm_L2_32f(nullptr, 0, &v), zamStatusNullPointer);
-    EXPECT_EQ(zamsNorm_L2_32f(a, 0, &v), zamStatusBadLength);
-    EXPECT_EQ(zamsNormDiff_L1_32f(a, nullptr, 1, &v), zamStatusNullPointer);
-    EXPECT_EQ(zamsNormDiff_L2_16s32s_Sfs(nullptr, s, 0, &r32, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsNormDiff_Inf_16s32s_Sfs(s, s, 0, &r32, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsNorm_L2Sqr_16s64s_Sfs(s, 1, nullptr, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsDotProd_32f(a, nullptr, 0, &v), zamStatusNullPointer);
-    EXPECT_EQ(zamsDotProd_32f(a, a, 0, &v), zamStatusBadLength);
-    EXPECT_EQ(zamsDotProd_16s_Sfs(s, s, 1, nullptr, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsDotProd_16s_Sfs(s, s, -2, &r, 0), zamStatusBadLength);
-    EXPECT_TRUE(v == 5.0f && r == 5 && r32 == 5);  // nothing written
-}
-
 ZAMS_DIGEST(norms_and_dots) {
     auto f = zt::random_reals<Zam32f>(600, 20), g = zt::random_reals<Zam32f>(600, 21);
     auto e = zt::random_reals<Zam64f>(600, 22), h = zt::random_reals<Zam64f>(600, 23);

@@ -97,21 +97,6 @@ TEST(SumLn, FirstNonPositiveElementDecides) {
     EXPECT_TRUE(std::isnan(ok(zamsSumLn_64f(nan2, 3, &o64), o64)));
 }
 
-TEST(SumLn, ChecksPointersThenLength) {
-    const Zam32f x[] = {1};
-    Zam32f s = 42;
-    EXPECT_EQ(zamsSumLn_32f(nullptr, 0, &s), zamStatusNullPointer);
-    EXPECT_EQ(zamsSumLn_32f(x, 0, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsSumLn_32f(x, 0, &s), zamStatusBadLength);
-    EXPECT_EQ(zamsSumLn_16s32f(nullptr, -1, &s), zamStatusNullPointer);
-    EXPECT_EQ(zamsSumLn_16s32f(reinterpret_cast<const Zam16s*>(x), -1, &s), zamStatusBadLength);
-    Zam64f d = 42;
-    EXPECT_EQ(zamsSumLn_64f(nullptr, 1, &d), zamStatusNullPointer);
-    EXPECT_EQ(zamsSumLn_32f64f(x, -5, &d), zamStatusBadLength);
-    EXPECT_EQ(s, 42);
-    EXPECT_EQ(d, 42);
-}
-
 // ------------------------------------------------------------- Normalize
 
 // Out of place over every length and alignment, then the in-place form

@@ -10,25 +10,12 @@
 
 #include "dft_model.h"
 #include "harness.h"
+#include "life_cycle.h"
 
 namespace {
 
 using namespace dftt;
 
-template <class T> std::vector<T> random_real(size_t n, uint32_t seed) {
-    std::mt19937 g(seed);
-    std::uniform_real_distribution<double> u(-1, 1);
-    std::vector<T> v(n);
-    for (auto& e : v) e = T(u(g));
-    return v;
-}
-template <class C> std::vector<C> random_cx(size_t n, uint32_t seed) {
-    std::mt19937 g(seed);
-    std::uniform_real_distribution<double> u(-1, 1);
-    std::vector<C> v(n);
-    for (auto& e : v) e = {decltype(e.re)(u(g)), decltype(e.im)(u(g))};
-    return v;
-}
 template <class T> bool same_bits(const std::vector<T>& a, const std::vector<T>& b) {
     return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
 }
@@ -77,58 +64,48 @@ template <class T> std::vector<T> real_input(size_t n, uint32_t seed) {
         for (size_t i = 0; i < n; ++i) v[i] = Zam16s(int((i * 389 + seed) % 6001) - 3000);
         return v;
     } else {
-        return random_real<T>(n, seed);
+        return random_r<T>(n, seed);
     }
 }
 
-// Init in caller memory of exactly the reported sizes at an odd address:
-// nothing past the DFT spec is written, GetBufSize reports the size query's
-// work size, and every format forward and back gives the bits of the
-// InitAlloc-built spec, with a caller's work buffer of that size or none.
+// Init in caller memory of exactly the reported sizes equals InitAlloc's
+// build in every format both ways, the one with a caller's work buffer of
+// the size GetBufSize reports (the query's), the other with none.
 template <class K> void check_caller_memory(const K& k, const char* name) {
     using T = typename K::Sample;
-    using S = typename K::Spec;
     SCOPED_TRACE(name);
     for (int n : {1, 2, 9, 16, 30, 97, 257, 1000, 4096, 4099, 2 * 4099}) {
+        SCOPED_TRACE(n);
         const int flag = 1 << (n % 4);
         int ss = 0, is = 0, ws = 0;
-        ASSERT_EQ(k.getSize(n, flag, 0, &ss, &is, &ws), zamStatusOk) << n;
-        zt::Guarded<Zam8u> mem(static_cast<size_t>(ss), 1), tmp(static_cast<size_t>(is), 3);
-        S* spec = nullptr;
-        ASSERT_EQ(k.init(&spec, n, flag, 0, mem.data(), is ? tmp.data() : nullptr), zamStatusOk) << n;
-        EXPECT_TRUE(mem.guards_intact()) << n;
-        EXPECT_TRUE(tmp.guards_intact()) << n;
-        int bs = -1;
-        ASSERT_EQ(k.bufSize(spec, &bs), zamStatusOk) << n;
-        EXPECT_EQ(bs, ws) << n;
-        S* twin = nullptr;
-        ASSERT_EQ(k.alloc(&twin, n, flag, 0), zamStatusOk) << n;
-        int twinBs = -1;
-        ASSERT_EQ(k.bufSize(twin, &twinBs), zamStatusOk) << n;
-        EXPECT_EQ(twinBs, bs) << n;
-        zt::Guarded<Zam8u> work(static_cast<size_t>(bs), 5);
+        ASSERT_EQ(k.getSize(n, flag, 0, &ss, &is, &ws), zamStatusOk);
         const auto x = real_input<T>(static_cast<size_t>(n), uint32_t(n));
-        for (Fmt f : {kPerm, kPack, kCcs}) {
-            const size_t pl = packed_len(f, static_cast<size_t>(n));
-            std::vector<T> y(pl), yt(pl), z(static_cast<size_t>(n)), zt_(static_cast<size_t>(n));
-            ASSERT_EQ(k.fwd(x.data(), y.data(), spec, f, bs ? work.data() : nullptr), zamStatusOk) << n;
-            ASSERT_EQ(k.fwd(x.data(), yt.data(), twin, f, nullptr), zamStatusOk) << n;
-            EXPECT_TRUE(same_bits(y, yt)) << n << " fmt " << f;
-            ASSERT_EQ(k.inv(y.data(), z.data(), spec, f, bs ? work.data() : nullptr), zamStatusOk) << n;
-            ASSERT_EQ(k.inv(y.data(), zt_.data(), twin, f, nullptr), zamStatusOk) << n;
-            EXPECT_TRUE(same_bits(z, zt_)) << n << " fmt " << f;
-            EXPECT_TRUE(work.guards_intact()) << n << " fmt " << f;
-        }
-        EXPECT_EQ(k.free(twin), zamStatusOk);
-        // Free retires a caller-memory spec too: its transforms then refuse it.
-        ASSERT_EQ(k.free(spec), zamStatusOk);
-        std::vector<T> y(packed_len(kCcs, static_cast<size_t>(n)));
-        EXPECT_EQ(k.fwd(x.data(), y.data(), spec, kCcs, nullptr), zamStatusContextMismatch) << n;
-        EXPECT_EQ(k.free(spec), zamStatusContextMismatch) << n;
+        bool withWork = true;
+        zt::caller_memory_equals_alloc(
+            ss, is, [&](auto** s, Zam8u* m, Zam8u* t) { return k.init(s, n, flag, 0, m, t); },
+            [&](auto** s) { return k.alloc(s, n, flag, 0); }, k.free, [&](const auto* s) {
+                int bs = -1;
+                EXPECT_EQ(k.bufSize(s, &bs), zamStatusOk);
+                EXPECT_EQ(bs, ws);
+                zt::Guarded<Zam8u> work(static_cast<size_t>(bs), 5);
+                Zam8u* const buf = bs && withWork ? work.data() : nullptr;
+                withWork = false;
+                std::vector<uint8_t> out;
+                for (Fmt f : {kPerm, kPack, kCcs}) {
+                    std::vector<T> y(packed_len(f, static_cast<size_t>(n))), z(static_cast<size_t>(n));
+                    EXPECT_EQ(k.fwd(x.data(), y.data(), s, f, buf), zamStatusOk);
+                    EXPECT_EQ(k.inv(y.data(), z.data(), s, f, buf), zamStatusOk);
+                    const auto b = zt::bytes_of(y, z);
+                    out.insert(out.end(), b.begin(), b.end());
+                }
+                EXPECT_TRUE(work.guards_intact());
+                return out;
+            });
     }
 }
 
-// The statuses of Init and GetBufSize, in the documented order.
+// Init checks the length before the memory and the memory before the flag;
+// a length that needs a build block refuses a null one.
 template <class K> void check_real_statuses(const K& k, const char* name) {
     using S = typename K::Spec;
     SCOPED_TRACE(name);
@@ -137,17 +114,12 @@ template <class K> void check_real_statuses(const K& k, const char* name) {
     ASSERT_GT(is, 0);  // the convolution method needs a build block
     std::vector<Zam8u> mem(static_cast<size_t>(ss) + 64), tmp(static_cast<size_t>(is) + 64);
     S* spec = nullptr;
-    EXPECT_EQ(k.init(nullptr, 10, 1, 0, mem.data(), nullptr), zamStatusNullPointer);
     EXPECT_EQ(k.init(&spec, 0, 1, 0, nullptr, nullptr), zamStatusBadLength);  // length before memory
     EXPECT_EQ(k.init(&spec, (1 << 23) + 1, 1, 0, mem.data(), nullptr), zamStatusBadLength);
     EXPECT_EQ(k.init(&spec, 10, 3, 0, nullptr, nullptr), zamStatusNullPointer);  // memory before flag
     EXPECT_EQ(k.init(&spec, 10, 3, 0, mem.data(), nullptr), zamStatusBadFftFlag);
     EXPECT_EQ(k.init(&spec, 2 * 4099, 1, 0, mem.data(), nullptr), zamStatusNullPointer);
     ASSERT_EQ(k.init(&spec, 2 * 4099, 1, 0, mem.data(), tmp.data()), zamStatusOk);
-    EXPECT_EQ(k.bufSize(spec, nullptr), zamStatusNullPointer);
-    int bs = -1;
-    EXPECT_EQ(k.bufSize(nullptr, &bs), zamStatusNullPointer);
-    EXPECT_EQ(bs, -1);
     EXPECT_EQ(k.free(spec), zamStatusOk);
 }
 
@@ -157,41 +129,13 @@ TEST(DftForms, RealInitInCallerMemoryEqualsInitAlloc) {
     check_caller_memory(int16Kind(), "R_16s");
 }
 
-TEST(DftForms, RealInitAndBufSizeStatuses) {
+TEST(DftForms, RealInitChecksInOrder) {
     check_real_statuses(floatKind<float>(), "R_32f");
     check_real_statuses(floatKind<double>(), "R_64f");
     check_real_statuses(int16Kind(), "R_16s");
 }
 
 // ---- OutOrd kinds
-
-template <class F> struct OKind;
-template <> struct OKind<float> {
-    using C = Zam32fc;
-    using S = ZamsDFTOutOrdSpec_C_32fc;
-    static constexpr auto getSize = zamsDFTOutOrdGetSize_C_32fc;
-    static constexpr auto init = zamsDFTOutOrdInit_C_32fc;
-    static constexpr auto alloc = zamsDFTOutOrdInitAlloc_C_32fc;
-    static constexpr auto bufSize = zamsDFTOutOrdGetBufSize_C_32fc;
-    static constexpr auto free = zamsDFTOutOrdFree_C_32fc;
-    static constexpr auto fwd = zamsDFTOutOrdFwd_CToC_32fc;
-    static constexpr auto inv = zamsDFTOutOrdInv_CToC_32fc;
-    static constexpr auto fwdI = zamsDFTOutOrdFwd_CToC_32fc_I;
-    static constexpr auto invI = zamsDFTOutOrdInv_CToC_32fc_I;
-};
-template <> struct OKind<double> {
-    using C = Zam64fc;
-    using S = ZamsDFTOutOrdSpec_C_64fc;
-    static constexpr auto getSize = zamsDFTOutOrdGetSize_C_64fc;
-    static constexpr auto init = zamsDFTOutOrdInit_C_64fc;
-    static constexpr auto alloc = zamsDFTOutOrdInitAlloc_C_64fc;
-    static constexpr auto bufSize = zamsDFTOutOrdGetBufSize_C_64fc;
-    static constexpr auto free = zamsDFTOutOrdFree_C_64fc;
-    static constexpr auto fwd = zamsDFTOutOrdFwd_CToC_64fc;
-    static constexpr auto inv = zamsDFTOutOrdInv_CToC_64fc;
-    static constexpr auto fwdI = zamsDFTOutOrdFwd_CToC_64fc_I;
-    static constexpr auto invI = zamsDFTOutOrdInv_CToC_64fc_I;
-};
 
 template <class F> class DftOutOrdForms : public ::testing::Test {};
 using Precisions = ::testing::Types<float, double>;
@@ -212,7 +156,7 @@ TYPED_TEST(DftOutOrdForms, SpectrumHoldsThePlainDftsValuesAndInvertsBack) {
         ASSERT_EQ(O::alloc(&s, n, zamFftScaleInverse, 0), zamStatusOk) << n;
         Owned<K> plain;
         ASSERT_EQ(plain.build(n, zamFftScaleInverse), zamStatusOk);
-        const auto x = random_cx<typename O::C>(static_cast<size_t>(n), uint32_t(n) + 11);
+        const auto x = random_c<typename O::C>(static_cast<size_t>(n), uint32_t(n) + 11);
         std::vector<typename O::C> y(static_cast<size_t>(n)), p(static_cast<size_t>(n)), z(static_cast<size_t>(n));
         ASSERT_EQ(O::fwd(x.data(), y.data(), s, nullptr), zamStatusOk);
         ASSERT_EQ(K::fwd(x.data(), p.data(), plain.spec, nullptr), zamStatusOk);
@@ -246,7 +190,7 @@ TYPED_TEST(DftOutOrdForms, ProductsOfSpectraAreCyclicConvolutions) {
     for (int n : {12, 97, 360}) {
         typename O::S* s = nullptr;
         ASSERT_EQ(O::alloc(&s, n, zamFftScaleInverse, 0), zamStatusOk);
-        const auto a = random_cx<typename O::C>(static_cast<size_t>(n), 1), b = random_cx<typename O::C>(static_cast<size_t>(n), 2);
+        const auto a = random_c<typename O::C>(static_cast<size_t>(n), 1), b = random_c<typename O::C>(static_cast<size_t>(n), 2);
         std::vector<typename O::C> A(static_cast<size_t>(n)), B(static_cast<size_t>(n)), y(static_cast<size_t>(n));
         ASSERT_EQ(O::fwd(a.data(), A.data(), s, nullptr), zamStatusOk);
         ASSERT_EQ(O::fwd(b.data(), B.data(), s, nullptr), zamStatusOk);
@@ -274,7 +218,7 @@ TYPED_TEST(DftOutOrdForms, InPlaceFormsEqualOutOfPlace) {
         int bs = -1;
         ASSERT_EQ(O::bufSize(s, &bs), zamStatusOk);
         zt::Guarded<Zam8u> work(static_cast<size_t>(bs), 3);
-        const auto x = random_cx<typename O::C>(static_cast<size_t>(n), uint32_t(n));
+        const auto x = random_c<typename O::C>(static_cast<size_t>(n), uint32_t(n));
         std::vector<typename O::C> y(static_cast<size_t>(n)), a = x, z(static_cast<size_t>(n));
         ASSERT_EQ(O::fwd(x.data(), y.data(), s, nullptr), zamStatusOk);
         ASSERT_EQ(O::fwdI(a.data(), s, bs ? work.data() : nullptr), zamStatusOk);
@@ -287,72 +231,36 @@ TYPED_TEST(DftOutOrdForms, InPlaceFormsEqualOutOfPlace) {
     }
 }
 
-// Init in caller memory of the reported sizes at an odd address: nothing
-// outside written, GetBufSize equal to the size query's, the transforms
-// the bits of the InitAlloc twin's; Free retires it.
+// Init in caller memory of the reported sizes equals InitAlloc's build.
 TYPED_TEST(DftOutOrdForms, InitInCallerMemoryEqualsInitAlloc) {
-    using F = TypeParam;
-    using O = OKind<F>;
+    using O = OKind<TypeParam>;
     for (int n : kOutOrdLengths) {
+        SCOPED_TRACE(n);
         const int flag = 1 << (n % 4);
         int ss = 0, is = 0, ws = 0;
-        ASSERT_EQ(O::getSize(n, flag, 0, &ss, &is, &ws), zamStatusOk) << n;
-        zt::Guarded<Zam8u> mem(static_cast<size_t>(ss), 1), tmp(static_cast<size_t>(is), 7);
-        typename O::S* spec = nullptr;
-        ASSERT_EQ(O::init(&spec, n, flag, 0, mem.data(), is ? tmp.data() : nullptr), zamStatusOk) << n;
-        EXPECT_TRUE(mem.guards_intact()) << n;
-        EXPECT_TRUE(tmp.guards_intact()) << n;
-        int bs = -1;
-        ASSERT_EQ(O::bufSize(spec, &bs), zamStatusOk);
-        EXPECT_EQ(bs, ws) << n;
-        typename O::S* twin = nullptr;
-        ASSERT_EQ(O::alloc(&twin, n, flag, 0), zamStatusOk);
-        const auto x = random_cx<typename O::C>(static_cast<size_t>(n), 4);
-        std::vector<typename O::C> y(static_cast<size_t>(n)), yt(static_cast<size_t>(n)), z(static_cast<size_t>(n)), zt_(static_cast<size_t>(n));
-        ASSERT_EQ(O::fwd(x.data(), y.data(), spec, nullptr), zamStatusOk);
-        ASSERT_EQ(O::fwd(x.data(), yt.data(), twin, nullptr), zamStatusOk);
-        EXPECT_TRUE(same_bits(y, yt)) << n;
-        ASSERT_EQ(O::inv(y.data(), z.data(), spec, nullptr), zamStatusOk);
-        ASSERT_EQ(O::inv(y.data(), zt_.data(), twin, nullptr), zamStatusOk);
-        EXPECT_TRUE(same_bits(z, zt_)) << n;
-        EXPECT_EQ(O::free(twin), zamStatusOk);
-        ASSERT_EQ(O::free(spec), zamStatusOk);
-        EXPECT_EQ(O::fwd(x.data(), y.data(), spec, nullptr), zamStatusContextMismatch) << n;
-        EXPECT_EQ(O::free(spec), zamStatusContextMismatch) << n;
+        ASSERT_EQ(O::getSize(n, flag, 0, &ss, &is, &ws), zamStatusOk);
+        const auto x = random_c<typename O::C>(static_cast<size_t>(n), 4);
+        zt::caller_memory_equals_alloc(
+            ss, is, [&](auto** s, Zam8u* m, Zam8u* t) { return O::init(s, n, flag, 0, m, t); },
+            [&](auto** s) { return O::alloc(s, n, flag, 0); }, O::free, [&](const auto* s) {
+                int bs = -1;
+                EXPECT_EQ(O::bufSize(s, &bs), zamStatusOk);
+                EXPECT_EQ(bs, ws);
+                std::vector<typename O::C> y(x.size()), z(x.size());
+                EXPECT_EQ(O::fwd(x.data(), y.data(), s, nullptr), zamStatusOk);
+                EXPECT_EQ(O::inv(y.data(), z.data(), s, nullptr), zamStatusOk);
+                return zt::bytes_of(y, z);
+            });
     }
 }
 
-TYPED_TEST(DftOutOrdForms, Statuses) {
-    using F = TypeParam;
-    using O = OKind<F>;
-    using K = CKind<F>;
+// The size query checks the length, then the pointers, then the flag.
+TYPED_TEST(DftOutOrdForms, ChecksInOrder) {
+    using O = OKind<TypeParam>;
     int a = -1, b = -1, c = -1;
     EXPECT_EQ(O::getSize(0, 9, 0, nullptr, &b, &c), zamStatusBadLength);
     EXPECT_EQ(O::getSize(10, 9, 0, nullptr, &b, &c), zamStatusNullPointer);
     EXPECT_EQ(O::getSize(10, 3, 0, &a, &b, &c), zamStatusBadFftFlag);
-    typename O::S* s = nullptr;
-    EXPECT_EQ(O::alloc(nullptr, 10, 1, 0), zamStatusNullPointer);
-    EXPECT_EQ(O::alloc(&s, 0, 1, 0), zamStatusBadLength);
-    EXPECT_EQ(O::alloc(&s, 10, 0, 0), zamStatusBadFftFlag);
-    std::vector<Zam8u> mem(4096);
-    EXPECT_EQ(O::init(&s, 10, 1, 0, nullptr, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(O::init(&s, 10, 16, 0, mem.data(), nullptr), zamStatusBadFftFlag);
-    ASSERT_EQ(O::alloc(&s, 10, 1, 0), zamStatusOk);
-    std::vector<typename O::C> x(10);
-    EXPECT_EQ(O::bufSize(s, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(O::fwd(x.data(), x.data(), nullptr, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(O::fwd(nullptr, x.data(), s, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(O::inv(x.data(), nullptr, s, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(O::fwdI(nullptr, s, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(O::invI(x.data(), nullptr, nullptr), zamStatusNullPointer);
-    // the plain kind's spec is another kind's, and the other way round
-    Owned<K> plain;
-    ASSERT_EQ(plain.build(10, 1), zamStatusOk);
-    const auto* foreign = reinterpret_cast<const typename O::S*>(plain.spec);
-    EXPECT_EQ(O::fwd(x.data(), x.data(), foreign, nullptr), zamStatusContextMismatch);
-    EXPECT_EQ(O::invI(x.data(), foreign, nullptr), zamStatusContextMismatch);
-    EXPECT_EQ(K::fwd(x.data(), x.data(), reinterpret_cast<const typename K::S*>(s), nullptr), zamStatusContextMismatch);
-    EXPECT_EQ(O::free(s), zamStatusOk);
 }
 
 // ---- 16-bit complex in place

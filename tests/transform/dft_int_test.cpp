@@ -1,6 +1,6 @@
 // DFT of any length, 16-bit kinds: the float transform of the converted
 // samples, times 2^-scaleFactor, rounded to nearest even and saturated;
-// in place; the checks.
+// in place; the life cycle.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -9,6 +9,7 @@
 #include "digest.h"
 #include "dft_model.h"
 #include "harness.h"
+#include "life_cycle.h"
 
 namespace {
 
@@ -86,27 +87,24 @@ TEST(Dft16, RealFormatsAreTheFloatTransformScaled) {
     }
 }
 
-TEST(Dft16, ChecksAndLifeCycle) {
+// A build in caller memory equals InitAlloc's, with the query's work size.
+TEST(Dft16, LifeCycle) {
     int a, b, c;
-    EXPECT_EQ(zamsDFTGetSize_C_16sc(0, 1, 0, &a, &b, &c), zamStatusBadLength);
-    EXPECT_EQ(zamsDFTGetSize_R_16s(5, 1, 0, nullptr, &b, &c), zamStatusNullPointer);
-    EXPECT_EQ(zamsDFTGetSize_R_16s(5, 7, 0, &a, &b, &c), zamStatusBadFftFlag);
     ASSERT_EQ(zamsDFTGetSize_C_16sc(4099, 2, 0, &a, &b, &c), zamStatusOk);
-    std::vector<Zam8u> mem(size_t(a) + 1, 0xA5), tmp(size_t(b) + 1);
-    ZamsDFTSpec_C_16sc* s = nullptr;
-    ASSERT_EQ(zamsDFTInit_C_16sc(&s, 4099, 2, 0, mem.data() + 1, tmp.data() + 1), zamStatusOk);
-    int bs = 0;
-    ASSERT_EQ(zamsDFTGetBufSize_C_16sc(s, &bs), zamStatusOk);
-    EXPECT_EQ(bs, c);
-    EXPECT_EQ(mem.back(), 0xA5);
-    std::vector<Zam16sc> x(4099), y(4099);
-    std::vector<Zam8u> buf(static_cast<size_t>(bs));
-    EXPECT_EQ(zamsDFTFwd_CToC_16sc_Sfs(x.data(), y.data(), s, 0, buf.data()), zamStatusOk);
-    EXPECT_EQ(zamsDFTFwd_CToC_16sc_Sfs(x.data(), nullptr, s, 0, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsDFTFwd_RToCCS_16s_Sfs(nullptr, nullptr, reinterpret_cast<ZamsDFTSpec_R_16s*>(s), 0, nullptr),
-              zamStatusContextMismatch);
-    EXPECT_EQ(zamsDFTFree_C_16sc(s), zamStatusOk);
-    EXPECT_EQ(zamsDFTFwd_CToC_16sc_Sfs(x.data(), y.data(), s, 0, nullptr), zamStatusContextMismatch);
+    const auto v = zt::random_ints<Zam16s>(2 * 4099, 3);
+    std::vector<Zam16sc> x(4099);
+    std::memcpy(x.data(), v.data(), v.size() * sizeof(Zam16s));
+    zt::caller_memory_equals_alloc(
+        a, b, [](auto** s, Zam8u* m, Zam8u* t) { return zamsDFTInit_C_16sc(s, 4099, 2, 0, m, t); },
+        [](auto** s) { return zamsDFTInitAlloc_C_16sc(s, 4099, 2, 0); }, zamsDFTFree_C_16sc, [&](const auto* s) {
+            int bs = -1;
+            EXPECT_EQ(zamsDFTGetBufSize_C_16sc(s, &bs), zamStatusOk);
+            EXPECT_EQ(bs, c);
+            std::vector<Zam8u> buf(static_cast<size_t>(bs));
+            std::vector<Zam16sc> y(x.size());
+            EXPECT_EQ(zamsDFTFwd_CToC_16sc_Sfs(x.data(), y.data(), s, 0, buf.data()), zamStatusOk);
+            return zt::bytes_of(y);
+        });
 }
 
 ZAMS_DIGEST(dft_int) {

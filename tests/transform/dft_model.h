@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <complex>
+#include <random>
 #include <vector>
 
 #include "zams.h"
@@ -52,68 +53,69 @@ template <class F> long double bound(size_t n) {
     return (sizeof(F) == 4 ? 5e-7L : 1e-15L) * lg;
 }
 
+// The complex kinds: the plain DFT (CKind) and the OutOrd one (OKind), one
+// table of entry points each.
+#define DFTT_COMPLEX_KIND(Kind, Pre, F, Sfx)                      \
+    template <> struct Kind<F> {                                  \
+        using C = Zam##Sfx;                                       \
+        using S = Zams##Pre##Spec_C_##Sfx;                        \
+        static constexpr auto getSize = zams##Pre##GetSize_C_##Sfx; \
+        static constexpr auto init = zams##Pre##Init_C_##Sfx;     \
+        static constexpr auto alloc = zams##Pre##InitAlloc_C_##Sfx; \
+        static constexpr auto bufSize = zams##Pre##GetBufSize_C_##Sfx; \
+        static constexpr auto free = zams##Pre##Free_C_##Sfx;     \
+        static constexpr auto fwd = zams##Pre##Fwd_CToC_##Sfx;    \
+        static constexpr auto inv = zams##Pre##Inv_CToC_##Sfx;    \
+        static constexpr auto fwdI = zams##Pre##Fwd_CToC_##Sfx##_I; \
+        static constexpr auto invI = zams##Pre##Inv_CToC_##Sfx##_I; \
+    };
 template <class F> struct CKind;
-template <> struct CKind<float> {
-    using C = Zam32fc;
-    using S = ZamsDFTSpec_C_32fc;
-    static constexpr auto getSize = zamsDFTGetSize_C_32fc;
-    static constexpr auto init = zamsDFTInit_C_32fc;
-    static constexpr auto alloc = zamsDFTInitAlloc_C_32fc;
-    static constexpr auto bufSize = zamsDFTGetBufSize_C_32fc;
-    static constexpr auto free = zamsDFTFree_C_32fc;
-    static constexpr auto fwd = zamsDFTFwd_CToC_32fc;
-    static constexpr auto inv = zamsDFTInv_CToC_32fc;
-    static constexpr auto fwdI = zamsDFTFwd_CToC_32fc_I;
-    static constexpr auto invI = zamsDFTInv_CToC_32fc_I;
-};
-template <> struct CKind<double> {
-    using C = Zam64fc;
-    using S = ZamsDFTSpec_C_64fc;
-    static constexpr auto getSize = zamsDFTGetSize_C_64fc;
-    static constexpr auto init = zamsDFTInit_C_64fc;
-    static constexpr auto alloc = zamsDFTInitAlloc_C_64fc;
-    static constexpr auto bufSize = zamsDFTGetBufSize_C_64fc;
-    static constexpr auto free = zamsDFTFree_C_64fc;
-    static constexpr auto fwd = zamsDFTFwd_CToC_64fc;
-    static constexpr auto inv = zamsDFTInv_CToC_64fc;
-    static constexpr auto fwdI = zamsDFTFwd_CToC_64fc_I;
-    static constexpr auto invI = zamsDFTInv_CToC_64fc_I;
-};
+template <class F> struct OKind;
+DFTT_COMPLEX_KIND(CKind, DFT, float, 32fc)
+DFTT_COMPLEX_KIND(CKind, DFT, double, 64fc)
+DFTT_COMPLEX_KIND(OKind, DFTOutOrd, float, 32fc)
+DFTT_COMPLEX_KIND(OKind, DFTOutOrd, double, 64fc)
+#undef DFTT_COMPLEX_KIND
+
+// Real samples, and complex ones with parts, uniform in [-1, 1).
+template <class F> std::vector<F> random_r(size_t n, uint32_t seed) {
+    std::mt19937 g(seed);
+    std::uniform_real_distribution<double> u(-1, 1);
+    std::vector<F> v(n);
+    for (auto& e : v) e = F(u(g));
+    return v;
+}
+template <class C> std::vector<C> random_c(size_t n, uint32_t seed) {
+    std::mt19937 g(seed);
+    std::uniform_real_distribution<double> u(-1, 1);
+    std::vector<C> v(n);
+    for (auto& e : v) e = {decltype(e.re)(u(g)), decltype(e.im)(u(g))};
+    return v;
+}
 
 enum Fmt { kPerm, kPack, kCcs };
+// The real kinds; the transforms in each format, indexed by Fmt.
+#define DFTT_REAL_KIND(F, Sfx)                                                                                   \
+    template <> struct RKind<F> {                                                                               \
+        using S = ZamsDFTSpec_R_##Sfx;                                                                          \
+        static constexpr auto getSize = zamsDFTGetSize_R_##Sfx;                                                 \
+        static constexpr auto init = zamsDFTInit_R_##Sfx;                                                       \
+        static constexpr auto alloc = zamsDFTInitAlloc_R_##Sfx;                                                 \
+        static constexpr auto bufSize = zamsDFTGetBufSize_R_##Sfx;                                              \
+        static constexpr auto free = zamsDFTFree_R_##Sfx;                                                       \
+        static constexpr zamStatus (*fwd[3])(const F*, F*, const S*, Zam8u*) = {                                \
+            zamsDFTFwd_RToPerm_##Sfx, zamsDFTFwd_RToPack_##Sfx, zamsDFTFwd_RToCCS_##Sfx};                       \
+        static constexpr zamStatus (*inv[3])(const F*, F*, const S*, Zam8u*) = {                                \
+            zamsDFTInv_PermToR_##Sfx, zamsDFTInv_PackToR_##Sfx, zamsDFTInv_CCSToR_##Sfx};                       \
+        static constexpr zamStatus (*fwdI[3])(F*, const S*, Zam8u*) = {                                         \
+            zamsDFTFwd_RToPerm_##Sfx##_I, zamsDFTFwd_RToPack_##Sfx##_I, zamsDFTFwd_RToCCS_##Sfx##_I};           \
+        static constexpr zamStatus (*invI[3])(F*, const S*, Zam8u*) = {                                         \
+            zamsDFTInv_PermToR_##Sfx##_I, zamsDFTInv_PackToR_##Sfx##_I, zamsDFTInv_CCSToR_##Sfx##_I};           \
+    };
 template <class F> struct RKind;
-template <> struct RKind<float> {
-    using S = ZamsDFTSpec_R_32f;
-    static constexpr auto getSize = zamsDFTGetSize_R_32f;
-    static constexpr auto init = zamsDFTInit_R_32f;
-    static constexpr auto alloc = zamsDFTInitAlloc_R_32f;
-    static constexpr auto bufSize = zamsDFTGetBufSize_R_32f;
-    static constexpr auto free = zamsDFTFree_R_32f;
-    static constexpr zamStatus (*fwd[3])(const Zam32f*, Zam32f*, const S*, Zam8u*) = {
-        zamsDFTFwd_RToPerm_32f, zamsDFTFwd_RToPack_32f, zamsDFTFwd_RToCCS_32f};
-    static constexpr zamStatus (*inv[3])(const Zam32f*, Zam32f*, const S*, Zam8u*) = {
-        zamsDFTInv_PermToR_32f, zamsDFTInv_PackToR_32f, zamsDFTInv_CCSToR_32f};
-    static constexpr zamStatus (*fwdI[3])(Zam32f*, const S*, Zam8u*) = {
-        zamsDFTFwd_RToPerm_32f_I, zamsDFTFwd_RToPack_32f_I, zamsDFTFwd_RToCCS_32f_I};
-    static constexpr zamStatus (*invI[3])(Zam32f*, const S*, Zam8u*) = {
-        zamsDFTInv_PermToR_32f_I, zamsDFTInv_PackToR_32f_I, zamsDFTInv_CCSToR_32f_I};
-};
-template <> struct RKind<double> {
-    using S = ZamsDFTSpec_R_64f;
-    static constexpr auto getSize = zamsDFTGetSize_R_64f;
-    static constexpr auto init = zamsDFTInit_R_64f;
-    static constexpr auto alloc = zamsDFTInitAlloc_R_64f;
-    static constexpr auto bufSize = zamsDFTGetBufSize_R_64f;
-    static constexpr auto free = zamsDFTFree_R_64f;
-    static constexpr zamStatus (*fwd[3])(const Zam64f*, Zam64f*, const S*, Zam8u*) = {
-        zamsDFTFwd_RToPerm_64f, zamsDFTFwd_RToPack_64f, zamsDFTFwd_RToCCS_64f};
-    static constexpr zamStatus (*inv[3])(const Zam64f*, Zam64f*, const S*, Zam8u*) = {
-        zamsDFTInv_PermToR_64f, zamsDFTInv_PackToR_64f, zamsDFTInv_CCSToR_64f};
-    static constexpr zamStatus (*fwdI[3])(Zam64f*, const S*, Zam8u*) = {
-        zamsDFTFwd_RToPerm_64f_I, zamsDFTFwd_RToPack_64f_I, zamsDFTFwd_RToCCS_64f_I};
-    static constexpr zamStatus (*invI[3])(Zam64f*, const S*, Zam8u*) = {
-        zamsDFTInv_PermToR_64f_I, zamsDFTInv_PackToR_64f_I, zamsDFTInv_CCSToR_64f_I};
-};
+DFTT_REAL_KIND(float, 32f)
+DFTT_REAL_KIND(double, 64f)
+#undef DFTT_REAL_KIND
 
 // A spec made by InitAlloc, freed on scope exit.
 template <class K> struct Owned {

@@ -1,5 +1,5 @@
 // Complex FFT: accuracy against the long double DFT and FFTW, scaling, in
-// place, unaligned data, work buffers, threads, statuses.
+// place, unaligned data, work buffers, threads.
 #include <thread>
 
 #include "digest.h"
@@ -163,33 +163,6 @@ TEST(FftComplex, SharedSpecFromTwoThreads) {
         EXPECT_EQ(0, std::memcmp(want[t].data(), got[t].data(), 2 * n * sizeof(double)));
     }
     EXPECT_EQ(zamsFFTFree_C_64fc(spec), zamStatusOk);
-}
-
-// A null or foreign spec structure is refused before the data pointers are
-// looked at; nothing is written.
-template <class K> void check_statuses() {
-    using F = typename K::F;
-    OwnedSpec<K> os;
-    ASSERT_EQ(os.build(8, 1), zamStatusOk);
-    OwnedSpec<typename std::conditional<K::kId == 4, C32f, C32fc>::type> other;
-    ASSERT_EQ(other.build(8, 1), zamStatusOk);
-    const size_t n = 256;
-    std::vector<F> x(2 * n, F(1)), y(2 * n, F(9));
-    auto* wrong = reinterpret_cast<const typename K::Spec*>(other.spec);
-    EXPECT_EQ(call<K>(false, false, x.data(), y.data(), wrong, nullptr, n), zamStatusContextMismatch);
-    EXPECT_EQ(call<K>(true, false, x.data(), y.data(), nullptr, nullptr, n), zamStatusNullPointer);
-    for (size_t i = 0; i < y.size(); ++i) ASSERT_EQ(y[i], F(9));
-}
-
-TEST(FftComplex, StatusesLeaveDestinationAlone) {
-    Kinds<C32fc, C64fc, C32f, C64f>::each([]<class K>() { check_statuses<K>(); });
-    OwnedSpec<C64f> os;
-    ASSERT_EQ(os.build(3, 8), zamStatusOk);
-    double a[8] = {0}, b[8] = {0};
-    EXPECT_EQ(zamsFFTFwd_CToC_64f(a, nullptr, b, b, os.spec, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsFFTInv_CToC_64f_I(a, nullptr, os.spec, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsFFTFwd_CToC_64f(nullptr, a, b, b, (const ZamsFFTSpec_C_64f*)a, nullptr), zamStatusContextMismatch);
-    EXPECT_EQ(zamsFFTFwd_CToC_64fc_I(nullptr, nullptr, nullptr), zamStatusNullPointer);
 }
 
 // ------------------------------------------------------------ digests --

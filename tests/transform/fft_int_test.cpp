@@ -1,4 +1,4 @@
-// FFT of the integer kinds: sizes, statuses, results within one unit of the
+// FFT of the integer kinds: sizes, results within one unit of the
 // correctly rounded, scaled and saturated transform.
 #include "digest.h"
 #include "fft_kinds.h"
@@ -149,22 +149,6 @@ TEST(FftInt, Real) {
     check_real<IR16s, Zam16s>(FT_INT_REAL(16s), 7, 1500);
     check_real<IR32s, Zam32s>(FT_INT_REAL(32s), 6, 2e7);
     check_real<IR16s32s, Zam32s>({{nullptr, nullptr, zamsFFTFwd_RToCCS_16s32s_Sfs}, {nullptr, nullptr, zamsFFTInv_CCSToR_32s16s_Sfs}, {}, {}}, 6, 30000);
-}
-
-// Statuses: spec, identifier, data; nothing written.
-TEST(FftInt, Statuses) {
-    ZamsFFTSpec_C_16sc* s = nullptr;
-    ASSERT_EQ(zamsFFTInitAlloc_C_16sc(&s, 5, 8, 0), zamStatusOk);
-    std::vector<Zam16sc> x(32, Zam16sc{30000, -30000}), y(32, Zam16sc{7, 7});
-    EXPECT_EQ(zamsFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), nullptr, 0, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsFFTInv_CToC_16sc_Sfs(nullptr, y.data(), s, 0, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsFFTInv_CToC_32sc_Sfs(nullptr, nullptr, reinterpret_cast<const ZamsFFTSpec_C_32sc*>(s), 0, nullptr),
-              zamStatusContextMismatch);
-    EXPECT_EQ(zamsFFTFwd_RToCCS_16s_Sfs(&x[0].re, &y[0].re, reinterpret_cast<const ZamsFFTSpec_R_16s*>(s), 0, nullptr),
-              zamStatusContextMismatch);
-    for (auto v : y) ASSERT_EQ(v.re, 7);
-    EXPECT_EQ(zamsFFTFwd_CToC_16sc_ISfs(x.data(), reinterpret_cast<ZamsFFTSpec_C_16sc*>(y.data()), 0, nullptr), zamStatusContextMismatch);
-    zamsFFTFree_C_16sc(s);
 }
 
 ZAMS_DIGEST(fft_int) {

@@ -75,7 +75,7 @@ TYPED_TEST(Goertz, BinKOfTheDft) {
     }
 }
 
-TYPED_TEST(Goertz, ZeroFrequencyIsTheSumAndStatuses) {
+TYPED_TEST(Goertz, ZeroFrequencyIsTheSumAndFrequencyChecks) {
     using F = TypeParam;
     using G = GK<F>;
     std::vector<F> x(1000);
@@ -86,15 +86,12 @@ TYPED_TEST(Goertz, ZeroFrequencyIsTheSumAndStatuses) {
     ASSERT_EQ(G::r(x.data(), 1000, &v, F(0)), zamStatusOk);
     EXPECT_NEAR(double(v.re), double(sum), 1e-3);
     EXPECT_NEAR(double(v.im), 0, 1e-3);
-    EXPECT_EQ(G::r(nullptr, 10, &v, F(0.5)), zamStatusNullPointer);
-    EXPECT_EQ(G::r(x.data(), 10, nullptr, F(2)), zamStatusNullPointer);
     EXPECT_EQ(G::r(x.data(), 0, &v, F(2)), zamStatusBadLength);  // length before frequency
     EXPECT_EQ(G::r(x.data(), 10, &v, F(1)), zamStatusBadRelativeFreq);
     EXPECT_EQ(G::r(x.data(), 10, &v, F(-0.01)), zamStatusBadRelativeFreq);
     EXPECT_EQ(G::r(x.data(), 10, &v, F(NAN)), zamStatusBadRelativeFreq);
     typename G::C two[2];
     const F bad1[2] = {F(1.5), F(0.1)}, bad2[2] = {F(0.1), F(1)};
-    EXPECT_EQ(G::r2(x.data(), 10, two, nullptr), zamStatusNullPointer);
     EXPECT_EQ(G::r2(x.data(), 10, two, bad1), zamStatusBadRelativeFreq);
     EXPECT_EQ(G::r2(x.data(), 10, two, bad2), zamStatusBadRelativeFreq);
     EXPECT_EQ(G::r2(x.data(), 0, two, bad2), zamStatusBadLength);
@@ -139,10 +136,8 @@ TEST(Goertz16, ScaledAndSaturatedAndQ15) {
     Zam16sc v, two[2];
     EXPECT_EQ(zamsGoertzQ15_16sc_Sfs(x.data(), n, &v, 32767, 0), zamStatusOk);
     EXPECT_EQ(zamsGoertzQ15_16sc_Sfs(nullptr, n, &v, -1, 0), zamStatusBadRelativeFreq);  // Q15 sign first
-    EXPECT_EQ(zamsGoertzQ15_16sc_Sfs(nullptr, n, &v, 5, 0), zamStatusNullPointer);
     const Zam16s neg[2] = {5, -5};
     EXPECT_EQ(zamsGoertzTwoQ15_16sc_Sfs(x.data(), n, two, neg, 0), zamStatusBadRelativeFreq);
-    EXPECT_EQ(zamsGoertz_16s_Sfs(xr.data(), 0, &v, 0.5f, 0), zamStatusBadLength);
 }
 
 ZAMS_DIGEST(goertzel) {

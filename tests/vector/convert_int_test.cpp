@@ -29,29 +29,6 @@ long double scaled(long double x, int sf, int mode) {
 
 constexpr int kModes[] = {0, 1, 2, 3, -1};
 
-// ---- argument checks ----
-
-TEST(ConvertInt, PointersThenLength) {
-    Zam32s a[4] = {1, 2, 3, 4};
-    Zam16s y[4] = {7, 7, 7, 7};
-    Zam64s w[2] = {1, 2};
-    Zam64f f[2] = {9, 9};
-    Zam8s b[4] = {5, 5, 5, 5};
-    EXPECT_EQ(zamsConvert_32s16s(nullptr, y, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsConvert_32s16s(a, nullptr, 4), zamStatusNullPointer);
-    EXPECT_EQ(zamsConvert_32s16s(a, y, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsConvert_32s16s_Sfs(a, y, -1, 3), zamStatusBadLength);
-    EXPECT_EQ(zamsConvert_32s64f(a, f, -1), zamStatusBadLength);
-    EXPECT_EQ(zamsConvert_64s32s_Sfs(w, a, -5, zamRoundHalfAway, 2), zamStatusBadLength);
-    EXPECT_EQ(zamsConvert_24s32s(nullptr, a, -1), zamStatusNullPointer);
-    // The members that read the length as unsigned reject only 0.
-    EXPECT_EQ(zamsConvert_64s64f(w, f, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsConvert_64s64f(nullptr, f, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsConvert_16s8s_Sfs(y, b, 0, zamRoundNearestEven, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsConvert_16s8s_Sfs(y, nullptr, 0, zamRoundNearestEven, 0), zamStatusNullPointer);
-    EXPECT_TRUE(y[0] == 7 && y[3] == 7 && f[0] == 9 && f[1] == 9 && b[0] == 5 && b[3] == 5);
-}
-
 // ---- exact conversions and 64-bit integers to double: every length and alignment ----
 
 TEST(ConvertInt, WideningAndToFloat) {

@@ -205,22 +205,14 @@ TEST(Window, DocumentedValuesAndShortPaths) {
 TEST(Window, CheckOrder) {
     Zam32f x[12] = {}, y[12];
     std::fill(y, y + 12, 7.0f);
-    EXPECT_EQ(zamsWinHann_32f(nullptr, y, 2), zamStatusNullPointer);
     EXPECT_EQ(zamsWinHann_32f(x, y, 2), zamStatusBadLength);
-    EXPECT_EQ(zamsWinBartlett_64f_I(nullptr, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsWinBlackman_16s(nullptr, nullptr, 1, 0.0f), zamStatusNullPointer);  // same pointer: in place
     EXPECT_EQ(zamsWinBlackmanOpt_32f(nullptr, nullptr, 3), zamStatusBadLength);
     EXPECT_EQ(zamsWinBlackmanOpt_32f_I(nullptr, 3), zamStatusBadLength);
-    EXPECT_EQ(zamsWinBlackmanOpt_32f(nullptr, y, 4), zamStatusNullPointer);
-    EXPECT_EQ(zamsWinBlackmanStd_32fc(nullptr, nullptr, 3), zamStatusNullPointer);
     EXPECT_EQ(zamsWinKaiser_32f(x, y, 11, 7.7f), zamStatusWindowOverflow);
     EXPECT_EQ(zamsWinKaiser_32f(x, y, 11, -7.7f), zamStatusWindowOverflow);
-    EXPECT_EQ(zamsWinKaiser_32f(x, nullptr, 0, 7.7f), zamStatusNullPointer);
-    EXPECT_EQ(zamsWinKaiser_32f(x, y, 0, 7.7f), zamStatusBadLength);
     Zam32f one = 3, out = 0;
     EXPECT_EQ(zamsWinKaiser_32f(&one, &out, 1, 1e30f), zamStatusOk);  // M = 0: nothing to overflow
     EXPECT_EQ(out, 3.0f);
-    EXPECT_EQ(zamsWinKaiser_64f_I(nullptr, 1, 1.0f), zamStatusNullPointer);
     Zam64f d[11] = {};
     EXPECT_EQ(zamsWinKaiser_64f(d, d, 11, 7.7f), zamStatusOk);
     EXPECT_EQ(zamsWinKaiser_64f(d, d, 11, 61.7f), zamStatusWindowOverflow);
@@ -265,7 +257,6 @@ TEST(Window, Q15Forms) {
                 ASSERT_LE(std::fabs(io[n] - std::clamp(v, -32768.0L, 32767.0L)), 1) << q << " " << sf << " " << n;
             }
         }
-    EXPECT_EQ(zamsWinBlackmanQ15_16s_ISfs(nullptr, 5, 0, 0), zamStatusNullPointer);
     EXPECT_EQ(zamsWinBlackmanQ15_16s_ISfs(x.data(), 2, 0, 0), zamStatusBadLength);
 }
 
