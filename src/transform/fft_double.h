@@ -27,12 +27,17 @@
 
 namespace zams::fft {
 
-inline constexpr int kDblMinOrder = 12;
+inline constexpr int kDblMinOrder = 7;
 inline constexpr int kDblMaxOrder = 13;
 
 // Radices of the passes of each order, first pass first (0 ends a list).
 inline constexpr int kDblRadix[kDblMaxOrder + 1][4] = {
-    {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {},
+    {}, {}, {}, {}, {}, {}, {},
+    {4, 4, 8},    // 7
+    {8, 4, 8},    // 8
+    {8, 4, 16},    // 9
+    {8, 8, 16},    // 10
+    {8, 8, 8, 4},    // 11
     {8, 8, 8, 8},     // 12
     {16, 8, 8, 8},    // 13
 };

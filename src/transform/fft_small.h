@@ -226,5 +226,5 @@ template <class F, int K> const F* root_tab() {
 }  // namespace zams::fft
 
 #include "fft_planar.h"
-#include "fft_split.h"
 #include "fft_double.h"
+#include "fft_split.h"

@@ -71,7 +71,8 @@ template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst
     F* scratch = reinterpret_cast<F*>(align64(dst));
     for (int k1 = 0; k1 < R; ++k1) {
         F* row = work + 2 * k1 * NR;
-        if constexpr (M - LR <= planar_max_order<F>()) planar_fft<F, Inv>(row, row, scratch, M - LR);
+        if constexpr (sizeof(F) == 8 && M - LR >= kDblMinOrder && M - LR <= kDblMaxOrder) dbl_fft<Inv>(row, row, scratch, M - LR);
+        else if constexpr (M - LR <= planar_max_order<F>()) planar_fft<F, Inv>(row, row, scratch, M - LR);
         else big_fft<F, Inv>(row, row, scratch, M - LR);
     }
     for (int k = 0; k < NR; k += W) {
