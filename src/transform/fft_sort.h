@@ -48,10 +48,10 @@ template <class F> constexpr int sort_max_order() { return sizeof(F) == 4 ? 12 :
 // Radices of the passes of each order, first pass first (0 ends a list):
 // the fastest of the splits timed on both targets (on i386 they took
 // 10-30% less time than the planar passes they replaced, on x86-64 about
-// the same). The precisions differ at order 7 only.
-template <class F> inline constexpr int kSortRadix[14][4] = {
+// the same). The precisions differ at order 7 only, sort_radix.
+inline constexpr int kSortRadix[14][4] = {
     {}, {}, {}, {}, {}, {}, {},
-    {4, 4, 8},       // 7
+    {4, 4, 8},       // 7 (double)
     {8, 4, 8},       // 8
     {8, 4, 16},      // 9
     {8, 8, 16},      // 10
@@ -59,16 +59,10 @@ template <class F> inline constexpr int kSortRadix[14][4] = {
     {8, 8, 8, 8},    // 12
     {16, 8, 8, 8},   // 13 (double)
 };
-template <> inline constexpr int kSortRadix<float>[14][4] = {
-    {}, {}, {}, {}, {}, {}, {},
-    {8, 4, 4},       // 7
-    {8, 4, 8},       // 8
-    {8, 4, 16},      // 9
-    {8, 8, 16},      // 10
-    {8, 8, 8, 4},    // 11
-    {8, 8, 8, 8},    // 12
-    {},
-};
+inline constexpr int kSortRadix7f[4] = {8, 4, 4};  // float order 7
+template <class F> constexpr const int (&sort_radix(int M))[4] {
+    return (sizeof(F) == 4 && M == 7) ? kSortRadix7f : kSortRadix[M];
+}
 
 // A self-sorting pass of radix R over s >= W interleaved sequences of
 // length n = N / s (sequence q holds the points q + s j). With m = n / R it
@@ -105,7 +99,7 @@ template <class F, bool Inv, int R, int N, int s> void sort_pass(const F* x, F* 
 // w_N^j for j < N, and the first pass's factors in reading order: W
 // positions p at a time, R - 1 vectors of them (k = 1 .. R - 1).
 template <class F, int M> struct SortTab {
-    static constexpr int N = 1 << M, R = kSortRadix<F>[M][0], W = VT<F>::W;
+    static constexpr int N = 1 << M, R = sort_radix<F>(M)[0], W = VT<F>::W;
     alignas(32) F root[2 * N];
     alignas(32) F first[2 * (N / R) * (R - 1)];
     SortTab() {
@@ -143,7 +137,7 @@ template <class F, bool Inv, int R, int N> void sort_first(const F* x, F* y, con
 // Through first_out and later_passes of fft_small.h.
 template <class F, bool Inv, int M> void sort_fft_m(const F* src, F* dst, F* work) {
     constexpr int N = 1 << M;
-    constexpr const int(&rad)[4] = kSortRadix<F>[M];
+    constexpr const int(&rad)[4] = sort_radix<F>(M);
     constexpr int P = pass_count(rad);
     const SortTab<F, M>& tb = sort_tab<F, M>();
     F* x = first_out<P>(src, dst, work);
