@@ -2,11 +2,10 @@
 // shared by the complex and real transforms.
 //
 // Interleaved transforms of orders 2 to 6 run straight-line code
-// (fft_small.h), orders 7 to 11 and float order 12 planar self-sorting
-// passes (fft_planar.h), float orders 13 to 16 and double order 14 a
-// radix-8 pass in front of shorter transforms (fft_split.h), double orders
-// 12 and 13 self-sorting radix-8/16 passes (fft_double.h), natural order
-// in and out. The split kinds, orders 0 and 1 and the longer orders run
+// (fft_small.h), orders 7 to 12 (double 7 to 13) self-sorting passes of
+// radix 4, 8 and 16 (fft_sort.h), float orders 13 to 16 and double order 14
+// a radix-8 pass in front of shorter transforms (fft_split.h), natural
+// order in and out. The split kinds, orders 0 and 1 and the longer orders run
 // the network below.
 //
 // The network is a decimation-in-time one on bit-reversed input: a
@@ -670,10 +669,8 @@ inline constexpr int kTiledOrder = 13;
 template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F* dst, F* work) {
     if (pl.M <= kSmallMaxOrder && pl.M >= kSmallMinOrder) {
         small_fft<F, Inv>(src, dst, pl.M);
-    } else if (sizeof(F) == 8 && pl.M >= kDblMinOrder && pl.M <= kDblMaxOrder) {
-        if constexpr (sizeof(F) == 8) dbl_fft<Inv>(src, dst, work, pl.M);
-    } else if (pl.M >= kPlanarMinOrder && pl.M <= planar_max_order<F>()) {
-        planar_fft<F, Inv>(src, dst, work, pl.M);
+    } else if (pl.M >= kSortMinOrder && pl.M <= sort_max_order<F>()) {
+        sort_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M >= big_min_order<F>() && pl.M <= big_max_order<F>()) {
         big_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M >= kTiledOrder) {

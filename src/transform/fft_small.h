@@ -187,9 +187,8 @@ constexpr int pass_stride(const int (&rad)[4], int i) {
 
 // Whether passes may run in a caller's buffer: half the vector loads and
 // stores of a buffer 16 bytes off a 32-byte boundary cross a cache line
-// (the planar transforms of orders 9 to 11 took 8-13% longer with their
-// passes there, the network of double orders 15 and 16 10-18%). The work
-// buffer is aligned.
+// (the network of double orders 15 and 16 took 10-18% longer with its
+// passes there). The work buffer is aligned.
 inline bool vec_aligned(const void* p) { return reinterpret_cast<uintptr_t>(p) % 32 == 0; }
 
 // Where the first pass of a P-pass transform writes: out of place with an
@@ -211,20 +210,7 @@ template <int P, class F, class Pass> void later_passes(F* x, F* dst, F* work, P
     }(std::make_integer_sequence<int, P - 1>{});
 }
 
-// w_(2^K)^j for j < 2^K: the factors of the self-sorting passes.
-template <class F, int K> struct RootTab {
-    alignas(64) F w[2 << K];
-    RootTab() {
-        for (long long j = 0; j < (1LL << K); ++j) put_w(w + 2 * j, 2 * j, 1LL << K);
-    }
-};
-template <class F, int K> const F* root_tab() {
-    static const RootTab<F, K> t;
-    return t.w;
-}
-
 }  // namespace zams::fft
 
-#include "fft_planar.h"
+#include "fft_sort.h"
 #include "fft_split.h"
-#include "fft_double.h"

@@ -1,6 +1,6 @@
 // Float orders 13 to 16 and double order 14: one radix-8 pass in front of
-// 8 shorter transforms, the planar passes of fft_planar.h for the rows of
-// orders 13 to 15, this code again for those of order 16.
+// 8 shorter transforms, the self-sorting passes of fft_sort.h for the rows
+// of orders 13 to 15 and double 14, this code again for those of order 16.
 //
 // N = R NR, n = n2 + NR n1, k = k1 + R k2. The first pass runs R-point
 // transforms across W positions n2 at a time (inputs NR apart, contiguous
@@ -18,16 +18,6 @@
 // Included from the end of fft_small.h.
 
 namespace zams::fft {
-
-template <class F> inline void transpose_w(typename VT<F>::V* v) {
-    if constexpr (sizeof(F) == 4) {
-        FirstVec<F>::transpose(v[0], v[1], v[2], v[3]);
-    } else {
-        const auto a = _mm256_permute2f128_pd(v[0], v[1], 0x20), b = _mm256_permute2f128_pd(v[0], v[1], 0x31);
-        v[0] = a;
-        v[1] = b;
-    }
-}
 
 // Double order 14 runs this way too (rows of order 11); from order 15 the
 // network is as fast for double.
@@ -71,7 +61,7 @@ template <class F, bool Inv, int M, int R> void split_fft_m(const F* src, F* dst
     F* scratch = reinterpret_cast<F*>(align64(dst));
     for (int k1 = 0; k1 < R; ++k1) {
         F* row = work + 2 * k1 * NR;
-        if constexpr (M - LR <= planar_max_order<F>()) planar_fft<F, Inv>(row, row, scratch, M - LR);
+        if constexpr (M - LR <= sort_max_order<F>()) sort_fft<F, Inv>(row, row, scratch, M - LR);
         else big_fft<F, Inv>(row, row, scratch, M - LR);
     }
     for (int k = 0; k < NR; k += W) {
