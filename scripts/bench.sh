@@ -21,7 +21,7 @@ if [ "$target" = i386 ]; then
   if gcc -m32 "$probe/p.c" -o "$probe/p" 2>/dev/null && "$probe/p" 2>/dev/null; then
     preset=bench-i386
     need=()
-    for p in libfftw3-dev:i386 libvolk2-dev:i386 libsleef-dev:i386 libliquid-dev:i386 libgsl-dev:i386 \
+    for p in libfftw3-dev:i386 libvolk2-dev:i386 libsleef-dev:i386 libliquid-dev:i386 libgsl27:i386 libgslcblas0:i386 \
              libsoxr-dev:i386 libsamplerate0-dev:i386; do
       dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || need+=("$p")
     done
