@@ -127,7 +127,6 @@ inline void cos_c(double a, double b, double* re, double* im) {
     *im = -(s.hi * ddm::sinh(b));
 }
 
-
 // tanh(x + iy). Past |x| = 22, 1 - |tanh x| is below 2^-62: the real part
 // is +-1 and the imaginary part 4 sin y cos y e^-2|x| to the same relative
 // error, tending to a zero with the sign of sin 2y.
