@@ -150,6 +150,17 @@ ZAMSAPI zamStatus zamsLn_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, int len, int 
 ZAMSAPI zamStatus zamsLn_16s_ISfs(Zam16s* pSrcDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zams10Log10_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zams10Log10_32s_ISfs(Zam32s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsLn_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsLn_32s_ISfs(Zam32s* pSrcDst, int len, int scaleFactor);
+
+/* Integer exponentials: round(e^x 2^-scaleFactor), ties to even, saturated
+   to the type's maximum, for every element and every scale factor (a
+   negative element gives small values that only a negative scale factor
+   keeps); no warnings. */
+ZAMSAPI zamStatus zamsExp_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsExp_16s_ISfs(Zam16s* pSrcDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsExp_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, int len, int scaleFactor);
+ZAMSAPI zamStatus zamsExp_32s_ISfs(Zam32s* pSrcDst, int len, int scaleFactor);
 
 /* Magnitude |re + i im|: floating forms within an ulp, an infinite part
    giving +inf; integer forms round(|z| 2^-scaleFactor), ties to even,
@@ -160,6 +171,8 @@ ZAMSAPI zamStatus zamsMagnitude_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, 
 ZAMSAPI zamStatus zamsMagnitude_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len);
 ZAMSAPI zamStatus zamsMagnitude_16sc_Sfs(const Zam16sc* pSrc, Zam16s* pDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zamsMagnitude_16s_Sfs(const Zam16s* pSrcRe, const Zam16s* pSrcIm, Zam16s* pDst, int len, int scaleFactor);
+/* |z| of integer pairs as float, correctly rounded. */
+ZAMSAPI zamStatus zamsMagnitude_16sc32f(const Zam16sc* pSrc, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsPowerSpectr_32fc(const Zam32fc* pSrc, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsPowerSpectr_64fc(const Zam64fc* pSrc, Zam64f* pDst, int len);
 ZAMSAPI zamStatus zamsPowerSpectr_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len);
@@ -171,6 +184,8 @@ ZAMSAPI zamStatus zamsPhase_32fc(const Zam32fc* pSrc, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsPhase_64fc(const Zam64fc* pSrc, Zam64f* pDst, int len);
 ZAMSAPI zamStatus zamsPhase_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsPhase_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len);
+/* atan2(im, re) of integer pairs as float, within an ulp; 0 + i0 gives 0. */
+ZAMSAPI zamStatus zamsPhase_16sc32f(const Zam16sc* pSrc, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsCartToPolar_32fc(const Zam32fc* pSrc, Zam32f* pDstMagn, Zam32f* pDstPhase, int len);
 ZAMSAPI zamStatus zamsCartToPolar_64fc(const Zam64fc* pSrc, Zam64f* pDstMagn, Zam64f* pDstPhase, int len);
 ZAMSAPI zamStatus zamsCartToPolar_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDstMagn, Zam32f* pDstPhase, int len);
@@ -384,5 +399,43 @@ ZAMSAPI zamStatus zamsInvCbrt_32f(const Zam32f* pSrc, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsInvCbrt_32f_I(Zam32f* pSrcDst, int len);
 ZAMSAPI zamStatus zamsInvCbrt_64f(const Zam64f* pSrc, Zam64f* pDst, int len);
 ZAMSAPI zamStatus zamsInvCbrt_64f_I(Zam64f* pSrcDst, int len);
+
+/* Complex tangent and hyperbolic tangent: tanh z = (sinh x cosh x +
+   i sin y cos y) / (sinh^2 x + cos^2 y) for z = x + iy, tan z = -i tanh(iz).
+   Each part within 1 ulp (32fc) or 2 ulps (64fc) of the larger part. Tanh
+   tends to +-1 + i0 for large |x|, the zero signed as sin 2y (also at
+   x = +-inf, and +-1 + i0 signed as y for an infinite or NaN y); a NaN x
+   gives NaN + i0 for y = 0 (the zero kept) and NaN parts otherwise; a
+   zero x with an infinite or NaN y gives that zero + iNaN, any other
+   finite x NaN parts. Zero parts of z keep their sign. Tan carries the same
+   rules through z -> iz: tan(x + i0) = tan x + i0. */
+ZAMSAPI zamStatus zamsTan_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsTan_32fc_I(Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsTan_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsTan_64fc_I(Zam64fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsTanh_32fc(const Zam32fc* pSrc, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsTanh_32fc_I(Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsTanh_64fc(const Zam64fc* pSrc, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsTanh_64fc_I(Zam64fc* pSrcDst, int len);
+
+/* Complex powers: Pow gives pSrc1[i] ^ pSrc2[i], Powx pSrc[i] ^ val for a
+   real val, both exp(w ln z) with the principal logarithm (the angle in
+   (-pi, pi]). For an exponent of modulus up to 64 each part is within
+   2 ulps (32fc) or 4 ulps (64fc) of the larger part; beyond, the result
+   is e^(w ln z) with w ln z exact to double-double precision, and it
+   overflows to infinite parts or underflows to signed zeros by the angle.
+   Special values: w = 0 gives 1 + i0 for any z, NaN too. Otherwise a NaN
+   part of z or w, or an infinite part of w, gives NaN + iNaN; z = 0 gives
+   0 + i0 when re w > 0, +inf + i0 for a real w < 0 and NaN + iNaN for
+   the rest (no limit); an infinite part of z with a real w gives
+   e^(+-inf + i w arg z): inf (cos, sin) for w > 0 (+inf + i0 at angle 0),
+   signed zeros for w < 0, and NaN + iNaN for a w with an imaginary part.
+   A negative real z has the angle pi, so (-8)^(1/3) is 1 + i 1.732. */
+ZAMSAPI zamStatus zamsPow_32fc(const Zam32fc* pSrc1, const Zam32fc* pSrc2, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsPow_64fc(const Zam64fc* pSrc1, const Zam64fc* pSrc2, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsPowx_32fc(const Zam32fc* pSrc, Zam32f val, Zam32fc* pDst, int len);
+ZAMSAPI zamStatus zamsPowx_32fc_I(Zam32f val, Zam32fc* pSrcDst, int len);
+ZAMSAPI zamStatus zamsPowx_64fc(const Zam64fc* pSrc, Zam64f val, Zam64fc* pDst, int len);
+ZAMSAPI zamStatus zamsPowx_64fc_I(Zam64f val, Zam64fc* pSrcDst, int len);
 
 #endif

@@ -11,6 +11,8 @@
 
 #include "../common/num/bits.h"
 #include "../common/num/dd.h"
+#include "../common/num/sincos.h"
+#include "../common/round.h"
 #include "exp64_table.h"
 
 namespace zams::ddm {
@@ -168,6 +170,35 @@ inline double exp_pair(Pair x) {
     int k;
     Pair m = exp_parts(x, &k);
     return scale(m, k);
+}
+
+// sin and cos of |x| <= 4 as pairs to about 2^-100 absolute (the shared
+// sincos_dd kernel ends its series in double, near 2^-57): x less k pi/2
+// with the four-part pi/2 (k <= 3, every product exact), then the two
+// Taylor series in pairs to r^27, |r| <= pi/4.
+struct FactorialInverses {
+    Pair c[28];  // c[n] = 1/n!
+    FactorialInverses() {
+        c[0] = c[1] = {1.0, 0.0};
+        for (int n = 2; n < 28; ++n) c[n] = div(c[n - 1], {double(n), 0.0});
+    }
+};
+inline void sincos_small(double x, Pair* s, Pair* c) {
+    static const FactorialInverses f;
+    const double* p = sincos_dd::kPio2Parts;
+    double k = round_even(x * sincos_dd::kTwoOverPi);
+    Pair r = {x - k * p[0], 0.0};  // exact: x is within a factor two of k p[0] when k != 0
+    for (int j = 1; j < 4; ++j) r = add(r, -k * p[j]);
+    Pair z = mul(r, r), sv = neg(f.c[27]), cv = neg(f.c[26]);  // the signs of r^27 and r^26
+    for (int n = 25; n >= 1; n -= 2) sv = add(mul(sv, z), n % 4 == 1 ? f.c[n] : neg(f.c[n]));
+    sv = mul(sv, r);
+    for (int n = 24; n >= 0; n -= 2) cv = add(mul(cv, z), n % 4 == 0 ? f.c[n] : neg(f.c[n]));
+    int q = int(k) & 3;
+    Pair ns = neg(sv), nc = neg(cv);
+    const Pair* sin_q[4] = {&sv, &cv, &ns, &nc};
+    const Pair* cos_q[4] = {&cv, &ns, &nc, &sv};
+    *s = *sin_q[q];
+    *c = *cos_q[q];
 }
 
 // Sinh and Cosh (shared by the real and the complex forms)

@@ -119,3 +119,15 @@ template <class C, FnC2 Fn> zamStatus complex_with_const(const C* src, decltype(
         return zams::elemf::complex_unary<Zam##T, fn>(pSrcDst, pSrcDst, len);                           \
     }
 #define ZAMS_COMPLEX_UNARY_BOTH(Name, fn) ZAMS_COMPLEX_UNARY(Name, 32fc, fn) ZAMS_COMPLEX_UNARY(Name, 64fc, fn)
+
+#define ZAMS_COMPLEX_BINARY(Name, T, fn)                                                                 \
+    ZAMS_FN(zamStatus, zams##Name##_##T)(const Zam##T* pSrc1, const Zam##T* pSrc2, Zam##T* pDst, int len) { \
+        return zams::elemf::complex_binary<Zam##T, fn>(pSrc1, pSrc2, pDst, len);                        \
+    }
+#define ZAMS_COMPLEX_WITH_CONST(Name, T, P, fn)                                                          \
+    ZAMS_FN(zamStatus, zams##Name##_##T)(const Zam##T* pSrc, Zam##P val, Zam##T* pDst, int len) {       \
+        return zams::elemf::complex_with_const<Zam##T, fn>(pSrc, val, pDst, len);                       \
+    }                                                                                                   \
+    ZAMS_FN(zamStatus, zams##Name##_##T##_I)(Zam##P val, Zam##T * pSrcDst, int len) {                   \
+        return zams::elemf::complex_with_const<Zam##T, fn>(pSrcDst, val, pSrcDst, len);                 \
+    }

@@ -1,6 +1,7 @@
 // Complex measures: Magnitude, Phase, CartToPolar and PowerSpectr of
 // complex vectors, given interleaved (32fc, 64fc, 16sc) or as separate real
-// and imaginary parts.
+// and imaginary parts. 16sc parts are exact in single precision, so the
+// float kernels serve Magnitude_16sc32f and Phase_16sc32f.
 #include <immintrin.h>
 
 #include <cstring>
@@ -136,6 +137,12 @@ template <class F> zamStatus phase_parts(const F* re, const F* im, F* dst, int l
 inline Zam32f magnitude_of(Zam32f re, Zam32f im) { return hypot_f(re, im); }
 inline Zam64f magnitude_of(Zam64f re, Zam64f im) { return hypot_d(re, im); }
 
+template <class C, class F> zamStatus magnitude_c(const C* src, F* dst, int len) {
+    if (zamStatus s = check_args(len, src, dst)) return s;
+    for (int i = 0; i < len; ++i) dst[i] = magnitude_of(F(src[i].re), F(src[i].im));
+    return zamStatusOk;
+}
+
 template <class C, class F> zamStatus cart_to_polar_c(const C* src, F* mag, F* phase, int len) {
     if (zamStatus s = check_args(len, src, mag, phase)) return s;
     for (int i = 0; i < len; ++i) {
@@ -185,10 +192,12 @@ ZAMS_FN(zamStatus, zamsMagnitude_32fc)(const Zam32fc* pSrc, Zam32f* pDst, int le
     return zams::magnitude_32fc(pSrc, pDst, len);
 }
 ZAMS_FN(zamStatus, zamsMagnitude_64fc)(const Zam64fc* pSrc, Zam64f* pDst, int len) {
-    if (zamStatus s = zams::check_args(len, pSrc, pDst)) return s;
-    for (int i = 0; i < len; ++i) pDst[i] = zams::hypot_d(pSrc[i].re, pSrc[i].im);
-    return zamStatusOk;
+    return zams::magnitude_c(pSrc, pDst, len);
 }
+ZAMS_FN(zamStatus, zamsMagnitude_16sc32f)(const Zam16sc* pSrc, Zam32f* pDst, int len) {
+    return zams::magnitude_c(pSrc, pDst, len);
+}
+ZAMS_FN(zamStatus, zamsPhase_16sc32f)(const Zam16sc* pSrc, Zam32f* pDst, int len) { return zams::phase_c(pSrc, pDst, len); }
 ZAMS_FN(zamStatus, zamsMagnitude_32f)(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len) {
     if (zamStatus s = zams::check_args(len, pSrcRe, pSrcIm, pDst)) return s;
     zams::magnitude_parts_slice(pSrcRe, pSrcIm, pDst, len);

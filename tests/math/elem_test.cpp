@@ -1,4 +1,7 @@
-// Elementary functions: Exp, Ln, Arctan (floating) and the integer logarithms.
+// Elementary functions: Exp, Ln, Arctan (floating) and the integer
+// exponentials and logarithms.
+#include <algorithm>
+#include <climits>
 #include <cmath>
 
 #include "digest.h"
@@ -169,6 +172,133 @@ TEST(IntegerLog, TenLog10Of32s) {
     EXPECT_EQ(mt::first(t, 3), (std::vector<Zam32s>{2, 5, 8}));
 }
 
+#ifdef ZAMS_TEST_MPFR
+// The exponent range MPFR allows at most, for e^x of a 32-bit x.
+struct WideExponents {
+    mpfr_exp_t emin = mpfr_get_emin(), emax = mpfr_get_emax();
+    WideExponents() {
+        mpfr_set_emin(mpfr_get_emin_min());
+        mpfr_set_emax(mpfr_get_emax_max());
+    }
+    ~WideExponents() {
+        mpfr_set_emin(emin);
+        mpfr_set_emax(emax);
+    }
+};
+
+// round(v 2^-sf) for an exact v >= 0, ties to even, saturated to T
+template <class T> T scaled_model(mpfr_srcptr v, long sf) {
+    mpfr_t t;
+    mpfr_init2(t, mpfr_get_prec(v));
+    mpfr_mul_2si(t, v, -sf, MPFR_RNDN);
+    T out;
+    if (mpfr_cmp_si(t, long(std::numeric_limits<T>::max())) >= 0) {
+        out = std::numeric_limits<T>::max();
+    } else {
+        mpfr_rint(t, t, MPFR_RNDN);
+        out = T(mpfr_get_si(t, MPFR_RNDN));
+    }
+    mpfr_clear(t);
+    return out;
+}
+
+// Exp of every source in x at every scale factor of the list and at those
+// around x / ln2, where the result is neither 0 nor saturated.
+template <class T>
+void exp_against_mpfr(zamStatus (*fn)(const T*, T*, int, int), const std::vector<T>& x, std::vector<long> fixed) {
+    WideExponents wide;
+    mpfr_t e;
+    mpfr_init2(e, 256);
+    const int bits = std::numeric_limits<T>::digits;
+    for (T v : x) {
+        mpfr_set_si(e, long(v), MPFR_RNDN);
+        mpfr_exp(e, e, MPFR_RNDN);
+        std::vector<long> sfs = fixed;
+        long k0 = long(std::floor(double(v) / M_LN2));
+        for (long sf = k0 - 3; sf <= k0 + bits + 2; ++sf) sfs.push_back(std::clamp<long>(sf, INT_MIN, INT_MAX));
+        for (long sf : sfs) {
+            T y;
+            ASSERT_EQ(fn(&v, &y, 1, int(sf)), zamStatusOk);
+            ASSERT_EQ(y, scaled_model<T>(e, sf)) << v << " sf " << sf;
+        }
+    }
+    mpfr_clear(e);
+}
+
+TEST(IntegerExp, EverySourceOf16sAgainstMpfr) {
+    std::vector<Zam16s> x(65536);
+    for (int i = 0; i < 65536; ++i) x[size_t(i)] = Zam16s(i - 32768);
+    exp_against_mpfr<Zam16s>(zamsExp_16s_Sfs, x, {INT_MIN, -47300, -16, -1, 0, 1, 4, 15, 47274, INT_MAX});
+}
+
+TEST(IntegerExp, RandomAndEdgeSourcesOf32sAgainstMpfr) {
+    auto x = zt::random_ints<Zam32s>(6000, 20);
+    for (int i = 0; i < 2000; ++i) x[size_t(i)] = Zam32s(x[size_t(i)] % 2000);  // small sources too
+    for (Zam32s v : {0, 1, -1, 21, 22, 23, 710, 745, -745, INT_MAX, INT_MIN, 1488522235, 1488522236, -1488522236, -1488522237})
+        x.push_back(v);
+    exp_against_mpfr<Zam32s>(zamsExp_32s_Sfs, x, {INT_MIN, -31, -1, 0, 1, 31, INT_MAX});
+}
+
+TEST(IntegerLog, Ln32sAgainstMpfr) {
+    auto x = zt::random_ints<Zam32s>(4000, 21);
+    for (Zam32s& v : x) v = v == INT_MIN || v == 0 ? 7 : (v < 0 ? -v : v);
+    for (int k = 0; k < 31; ++k) x.push_back(Zam32s(1u << k)), x.push_back(Zam32s(std::lround(std::exp(k * 0.7))));
+    x.push_back(INT_MAX);
+    std::vector<long> sfs = {INT_MIN, -1000, INT_MAX, 1000};
+    for (long sf = -32; sf <= 8; ++sf) sfs.push_back(sf);
+    std::vector<Zam32s> y(x.size());
+    mpfr_t l;
+    mpfr_init2(l, 256);
+    for (long sf : sfs) {
+        ASSERT_EQ(zamsLn_32s_Sfs(x.data(), y.data(), int(x.size()), int(sf)), zamStatusOk);
+        for (size_t i = 0; i < x.size(); ++i) {
+            mpfr_set_si(l, x[i], MPFR_RNDN);
+            mpfr_log(l, l, MPFR_RNDN);
+            ASSERT_EQ(y[i], scaled_model<Zam32s>(l, sf)) << x[i] << " sf " << sf;
+        }
+    }
+    mpfr_clear(l);
+}
+#endif
+
+// The in-place forms give the out-of-place values; Ln_32s treats the
+// non-positive elements as Ln_16s does; a few values whose rounding is known.
+TEST(IntegerExp, InPlaceSaturationAndLnWarnings) {
+    auto s = zt::random_ints<Zam16s>(300, 22);
+    auto w = zt::random_ints<Zam32s>(300, 23);
+    for (int i = 0; i < 300; ++i) s[size_t(i)] = Zam16s(s[size_t(i)] % 40), w[size_t(i)] = w[size_t(i)] % 60;
+    for (int sf : {-10, 0, 3, 40}) {
+        std::vector<Zam16s> ys(300), ios = s;
+        std::vector<Zam32s> yw(300), iow = w, yl(300), iol = w;
+        ASSERT_EQ(zamsExp_16s_Sfs(s.data(), ys.data(), 300, sf), zamStatusOk);
+        ASSERT_EQ(zamsExp_16s_ISfs(ios.data(), 300, sf), zamStatusOk);
+        ASSERT_EQ(zamsExp_32s_Sfs(w.data(), yw.data(), 300, sf), zamStatusOk);
+        ASSERT_EQ(zamsExp_32s_ISfs(iow.data(), 300, sf), zamStatusOk);
+        zamStatus st = zamsLn_32s_Sfs(w.data(), yl.data(), 300, sf);
+        EXPECT_EQ(zamsLn_32s_ISfs(iol.data(), 300, sf), st);
+        EXPECT_TRUE(ys == ios && yw == iow && yl == iol) << sf;
+    }
+    // e^0 2^-1 = 1/2 rounds to the even 0, e^0 2^-0 = 1; e^10 = 22026.47 and
+    // saturation of both types
+    Zam16s e16[] = {0, 0, 10, 11, -32768};
+    Zam32s e32[] = {0, 22, 100, INT_MIN};
+    EXPECT_EQ(zamsExp_16s_ISfs(e16, 1, 1), zamStatusOk);
+    EXPECT_EQ(zamsExp_16s_ISfs(e16 + 1, 4, 0), zamStatusOk);
+    EXPECT_EQ(mt::first(e16, 5), (std::vector<Zam16s>{0, 1, 22026, 32767, 0}));
+    EXPECT_EQ(zamsExp_32s_ISfs(e32, 4, -2), zamStatusOk);  // 4 e^22 = 14343263645.2
+    EXPECT_EQ(mt::first(e32, 4), (std::vector<Zam32s>{4, INT_MAX, INT_MAX, 0}));
+    // the first non-positive element decides the warning, and gets INT_MIN
+    Zam32s a[] = {5, 0, -3}, b[] = {5, -3, 0}, r[3];
+    EXPECT_EQ(zamsLn_32s_Sfs(a, r, 3, -20), zamStatusWarnLnZero);
+    EXPECT_EQ(mt::first(r, 3), (std::vector<Zam32s>{1687618, INT_MIN, INT_MIN}));  // 2^20 ln 5 = 1687617.97
+    EXPECT_EQ(zamsLn_32s_ISfs(b, 3, 0), zamStatusWarnLnNegative);
+    EXPECT_EQ(b[0], 2);
+    EXPECT_EQ(zamsExp_32s_Sfs(nullptr, r, 3, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsExp_16s_ISfs(e16, 0, 0), zamStatusBadLength);
+    EXPECT_EQ(zamsLn_32s_Sfs(a, nullptr, 3, 0), zamStatusNullPointer);
+    EXPECT_EQ(zamsLn_32s_ISfs(a, -1, 0), zamStatusBadLength);
+}
+
 ZAMS_DIGEST(elementary) {
     auto f = zt::random_reals<Zam32f>(3000, 81, -100.0f, 100.0f);
     auto g = zt::random_reals<Zam64f>(3000, 82, -800.0, 800.0);
@@ -183,6 +313,15 @@ ZAMS_DIGEST(elementary) {
     for (int sf : {-12, -3, 0, 2}) {
         mt::rec(d, zamsLn_16s_Sfs(s.data(), ys.data(), 2000, sf), ys);
         mt::rec(d, zams10Log10_32s_Sfs(w.data(), yw.data(), 2000, sf), yw);
+    }
+    std::vector<Zam16s> s40(s), ye(2000);
+    std::vector<Zam32s> w60(w);
+    for (size_t i = 0; i < 2000; ++i) s40[i] = Zam16s(s40[i] % 40), w60[i] = w60[i] % 60;
+    for (int sf : {-20, -7, 0, 5, 30}) {
+        mt::rec(d, zamsExp_16s_Sfs(s40.data(), ye.data(), 2000, sf), ye);
+        mt::rec(d, zamsExp_32s_Sfs(w60.data(), yw.data(), 2000, sf), yw);
+        mt::rec(d, zamsExp_32s_Sfs(w.data(), yw.data(), 2000, sf), yw);
+        mt::rec(d, zamsLn_32s_Sfs(w.data(), yw.data(), 2000, sf - 10), yw);
     }
 }
 

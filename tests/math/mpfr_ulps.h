@@ -33,6 +33,29 @@ template <class F> double ulps_or_special(mpfr_srcptr e, F got) {
     return ulps_from_exact(e, got);
 }
 
+// The error of both parts of a complex result in ulps of F at the binade of
+// the larger exact part.
+template <class F> double ulps_of_larger(mpfr_srcptr re, mpfr_srcptr im, F got_re, F got_im) {
+    constexpr int p = std::numeric_limits<F>::digits;
+    constexpr int emin = std::numeric_limits<F>::min_exponent;
+    mpfr_srcptr big = mpfr_cmpabs(re, im) >= 0 ? re : im;
+    long ex = mpfr_zero_p(big) ? emin : mpfr_get_exp(big);
+    if (ex < emin) ex = emin;
+    mpfr_t g;
+    mpfr_init2(g, 200);
+    double w = 0;
+    for (int k = 0; k < 2; ++k) {
+        mpfr_set_d(g, double(k ? got_im : got_re), MPFR_RNDN);
+        mpfr_sub(g, g, k ? im : re, MPFR_RNDN);
+        mpfr_abs(g, g, MPFR_RNDN);
+        mpfr_mul_2si(g, g, -(ex - p), MPFR_RNDN);
+        double u = mpfr_nan_p(g) ? 1e9 : mpfr_get_d(g, MPFR_RNDN);
+        if (u > w) w = u;
+    }
+    mpfr_clear(g);
+    return w;
+}
+
 // Error of got against fn(x) and fn(y, x) evaluated with 200-bit MPFR.
 template <class F> double mpfr_ulps(int (*fn)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t), double x, F got) {
     mpfr_t a, e;
