@@ -263,7 +263,8 @@ template <class F> void twiddle_inv(const Hdr<F>* h, const F* y, F* p) {
 
 // W^k of the real FFT's recombination for the L bins from k, as real and
 // imaginary parts.
-template <class F> void load_w(const fft::Recomb<F>& w, int k, typename Lanes<F>::V& wr, typename Lanes<F>::V& wi) {
+template <class F>
+__attribute__((always_inline)) inline void load_w(const fft::Recomb<F>& w, int k, typename Lanes<F>::V& wr, typename Lanes<F>::V& wi) {
     using A = Lanes<F>;
     if (!w.coarse) {
         A::deint(A::load(w.t + 2 * k), A::load(w.t + 2 * k + A::L), wr, wi);
