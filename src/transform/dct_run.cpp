@@ -276,73 +276,64 @@ __attribute__((always_inline)) inline void load_w(const fft::Recomb<F>& w, int k
     wi = A::load(i);
 }
 
-// The Fft method, forward: the complex FFT of N/2 on the reordered samples
-// (u = Z), then one pass over the pairs (k, N/2 - k) that recombines the
-// real spectrum V and applies the twiddles with the values in registers,
-// L pairs a step in real and imaginary vectors, the last pairs through the
-// real FFT's own scalar recombination.
-template <class F> void fused_fwd(const Hdr<F>* h, const F* u, F* y, const fft::Recomb<F>& w) {
+// The Fft method's pass between the twiddles and the complex FFT of N/2,
+// over the pairs (k, N/2 - k) with the values in registers, L pairs a step
+// in real and imaginary vectors, the last pairs through the real FFT's
+// scalar recombination. Forward: Z (interleaved, src) to the real spectrum
+// V, twiddled into y (dst). Inverse: y (src) twiddled to V, then 2 Z into
+// dst (interleaved), the same steps backwards.
+template <class F, bool Inv> void fused(const Hdr<F>* h, const F* src, F* dst, const fft::Recomb<F>& w) {
     using A = Lanes<F>;
     using V = typename A::V;
     constexpr int L = A::L;
-    const TwiddleOut<F> o(h, y);
+    const auto s = [&] {
+        if constexpr (Inv) return TwiddleIn<F>(h, src);
+        else return fft::Mem<F>{const_cast<F*>(src)};
+    }();
+    const auto d = [&] {
+        if constexpr (Inv) return fft::Mem<F>{dst};
+        else return TwiddleOut<F>(h, dst);
+    }();
     const int H = h->len / 2;
-    const fft::Mem<F> z{const_cast<F*>(u)};
-    fft::recombine_ends(z, o);
+    fft::recombine_ends(s, d);
     const V half = A::set1(F(0.5));
     int k = 1;
     if (w.step == 1)
         for (; k + L - 1 < H - (k + L - 1); k += L) {
             V ar, ai, br, bi, wr, wi;
-            A::deint(A::load(u + 2 * k), A::load(u + 2 * k + L), ar, ai);
-            const F* m = u + 2 * (H - k - L + 1);
-            A::deint(A::load(m), A::load(m + L), br, bi);
-            br = A::rev(br);  // Z[H - k - i] in lane i
-            bi = A::rev(bi);
             load_w(w, k, wr, wi);
-            // E = (Z[k] + conj Z[H-k]) / 2, D = (Z[k] - conj Z[H-k]) / 2,
-            // X = W^k (-i D); V[k] = E + X, V[H-k] = conj(E - X)
-            const V er = A::mul(A::add(ar, br), half), ei = A::mul(A::sub(ai, bi), half);
-            const V dr = A::mul(A::sub(ar, br), half), di = A::mul(A::add(ai, bi), half);
-            const V xr = A::add(A::mul(di, wr), A::mul(dr, wi)), xi = A::sub(A::mul(di, wi), A::mul(dr, wr));
-            o.out(k, A::add(er, xr), A::add(ei, xi));
-            o.out_mirror(k, A::sub(er, xr), A::sub(xi, ei));
+            if constexpr (!Inv) {
+                A::deint(A::load(src + 2 * k), A::load(src + 2 * k + L), ar, ai);
+                const F* m = src + 2 * (H - k - L + 1);
+                A::deint(A::load(m), A::load(m + L), br, bi);
+                br = A::rev(br);  // Z[H - k - i] in lane i
+                bi = A::rev(bi);
+                // E = (Z[k] + conj Z[H-k]) / 2, D = (Z[k] - conj Z[H-k]) / 2,
+                // X = W^k (-i D); V[k] = E + X, V[H-k] = conj(E - X)
+                const V er = A::mul(A::add(ar, br), half), ei = A::mul(A::sub(ai, bi), half);
+                const V dr = A::mul(A::sub(ar, br), half), di = A::mul(A::add(ai, bi), half);
+                const V xr = A::add(A::mul(di, wr), A::mul(dr, wi)), xi = A::sub(A::mul(di, wi), A::mul(dr, wr));
+                d.out(k, A::add(er, xr), A::add(ei, xi));
+                d.out_mirror(k, A::sub(er, xr), A::sub(xi, ei));
+            } else {
+                s.in(k, ar, ai);
+                s.in_mirror(k, br, bi);
+                // E = V[k] + conj V[H-k], D = V[k] - conj V[H-k], X = conj(W^k) D;
+                // 2 Z[k] = E + i X, 2 Z[H-k] = conj(E - i X)
+                const V er = A::add(ar, br), ei = A::sub(ai, bi);
+                const V dr = A::sub(ar, br), di = A::add(ai, bi);
+                const V xr = A::add(A::mul(dr, wr), A::mul(di, wi)), xi = A::sub(A::mul(di, wr), A::mul(dr, wi));
+                V lo, hi;
+                A::inter(A::sub(er, xi), A::add(ei, xr), lo, hi);
+                A::store(dst + 2 * k, lo);
+                A::store(dst + 2 * k + L, hi);
+                A::inter(A::rev(A::add(er, xi)), A::rev(A::sub(xr, ei)), lo, hi);
+                F* m = dst + 2 * (H - k - L + 1);
+                A::store(m, lo);
+                A::store(m + L, hi);
+            }
         }
-    fft::recombine_tail<F, false>(z, o, size_t(H), w, size_t(k));
-}
-
-// The inverse: the twiddles and the real FFT's inverse recombination in
-// one pass from y into v (2 Z, interleaved), the same steps backwards.
-template <class F> void fused_inv(const Hdr<F>* h, const F* y, F* v, const fft::Recomb<F>& w) {
-    using A = Lanes<F>;
-    using V = typename A::V;
-    constexpr int L = A::L;
-    const TwiddleIn<F> in(h, y);
-    const int H = h->len / 2;
-    const fft::Mem<F> z{v};
-    fft::recombine_ends(in, z);
-    int k = 1;
-    if (w.step == 1)
-        for (; k + L - 1 < H - (k + L - 1); k += L) {
-            V ar, ai, br, bi, wr, wi;
-            in.in(k, ar, ai);
-            in.in_mirror(k, br, bi);
-            load_w(w, k, wr, wi);
-            // E = V[k] + conj V[H-k], D = V[k] - conj V[H-k], X = conj(W^k) D;
-            // 2 Z[k] = E + i X, 2 Z[H-k] = conj(E - i X)
-            const V er = A::add(ar, br), ei = A::sub(ai, bi);
-            const V dr = A::sub(ar, br), di = A::add(ai, bi);
-            const V xr = A::add(A::mul(dr, wr), A::mul(di, wi)), xi = A::sub(A::mul(di, wr), A::mul(dr, wi));
-            V lo, hi;
-            A::inter(A::sub(er, xi), A::add(ei, xr), lo, hi);
-            A::store(v + 2 * k, lo);
-            A::store(v + 2 * k + L, hi);
-            A::inter(A::rev(A::add(er, xi)), A::rev(A::sub(xr, ei)), lo, hi);
-            F* m = v + 2 * (H - k - L + 1);
-            A::store(m, lo);
-            A::store(m + L, hi);
-        }
-    fft::recombine_tail<F, true>(in, z, size_t(H), w, size_t(k));
+    fft::recombine_tail<F, Inv>(s, d, size_t(H), w, size_t(k));
 }
 
 template <class F, bool Inv> zamStatus fft_method(const Hdr<F>* h, const F* src, F* dst, F* v, F* u, uint8_t* work) {
@@ -350,13 +341,13 @@ template <class F, bool Inv> zamStatus fft_method(const Hdr<F>* h, const F* src,
     const fft::Recomb<F> w = fft::recomb_of(f, h->order);
     const int n = h->len;
     if (Inv) {
-        fused_inv(h, src, v, w);
+        fused<F, true>(h, src, v, w);
         if (zamStatus s = fft::half_transform<F, true>(f, v, u, work)) return s;
         unorder(u, dst, n);
     } else {
         reorder(src, v, n);
         if (zamStatus s = fft::half_transform<F, false>(f, v, u, work)) return s;
-        fused_fwd(h, u, dst, w);
+        fused<F, false>(h, u, dst, w);
     }
     return zamStatusOk;
 }

@@ -1,11 +1,11 @@
 // The real FFT's recombination: the half-length spectrum Z of N/2 complex
 // points (even samples real, odd samples imaginary) to the spectrum V of
-// the N reals, and back. One loop for both directions over pairs (k,
-// N/2 - k), reading its input from a source and handing its output to a
-// sink: the real FFT reads and writes its own buffer (Mem), a transform
-// built on the real FFT (the DCT) passes its own source or sink and runs
-// its pass on the values in registers, one read and one write of N values
-// in all. The arithmetic is the same whatever the source and sink.
+// the N reals, and back. The loops over the pairs (k, N/2 - k) read their
+// input from a source and hand their output to a sink: the real FFT reads
+// and writes its own buffer (Mem); the DCT runs its own vector steps on
+// real and imaginary vectors and hands the ends and the last pairs to
+// recombine_ends and recombine_tail with its twiddle pass as source or
+// sink. The arithmetic is the same whatever the source and sink.
 //
 // Source: v0(), vh() (the two real ends: Re Z[0], Im Z[0] forward, or
 // V[0], V[N/2] inverse); vec(i): W complex values from index i in memory
