@@ -3,10 +3,9 @@
 // Conv methods.
 #include <cmath>
 
-#include "../common/fft_plan.h"
 #include "dct_core.h"
 #include "dft_core.h"
-#include "fft_core.h"
+#include "fft_recomb.h"
 
 namespace zams::dct {
 namespace {
@@ -156,72 +155,206 @@ template <class F> const F* twiddles(const Hdr<F>* h) {
     return reinterpret_cast<const F*>(reinterpret_cast<const uint8_t*>(h) + h->tw);
 }
 
-// Forward twiddle pass from the Perm spectrum p of v: for 0 < k < N/2,
-// z = t_k V[k], y[k] = Re z, y[N-k] = -Im z (t_k = other w^k); y[0] =
-// first V[0]; for even N, y[N/2] = Re(t_{N/2}) V[N/2]. In a Perm spectrum
-// V[k] is at 2k (even N) or 2k - 1 (odd N).
-template <class F> void twiddle_fwd(const Hdr<F>* h, const F* p, F* y) {
+// The forward twiddle pass: for 0 < k < N/2, z = t_k V[k], y[k] = Re z,
+// y[N-k] = -Im z (t_k = other w^k); y[0] = first V[0]; for even N,
+// y[N/2] = Re(t_{N/2}) V[N/2]. V comes one value at a time (set, ends:
+// the scalar recombination's sink) or as a vector of real parts and one of
+// imaginary parts for the L bins from k (out) or for the bins N/2 - k - i,
+// lane i (out_mirror).
+template <class F> struct TwiddleOut {
     using A = Lanes<F>;
-    constexpr int L = A::L;
-    const int n = h->len, odd = n & 1, half = n / 2;
-    const F* tr = twiddles(h);
-    const F* ti = tr + half + 1;
-    const F* q = p - odd;
-    y[0] = h->first * p[0];
-    if (!odd) y[half] = tr[half] * p[1];
-    int k = 1;
-    for (; k + L <= (n - 1) / 2 + 1; k += L) {
-        typename A::V a, b;
-        A::deint(A::load(q + 2 * k), A::load(q + 2 * k + L), a, b);
-        const typename A::V r = A::load(tr + k), i = A::load(ti + k);
-        A::store(y + k, A::sub(A::mul(r, a), A::mul(i, b)));
-        A::store(y + n - k - L + 1, A::rev(A::neg(A::add(A::mul(r, b), A::mul(i, a)))));
+    using V = typename A::V;
+    static constexpr int L = A::L;
+    const F *tr, *ti;
+    F* y;
+    int n;
+    F first;
+    TwiddleOut(const Hdr<F>* h, F* out) : tr(twiddles(h)), ti(tr + h->len / 2 + 1), y(out), n(h->len), first(h->first) {}
+    void ends(F v0, F vh) const {
+        y[0] = first * v0;
+        y[n / 2] = tr[n / 2] * vh;
     }
-    for (; 2 * k < n; ++k) {
-        const F a = q[2 * k], b = q[2 * k + 1];
+    void set(size_t k, F a, F b) const {
         y[k] = tr[k] * a - ti[k] * b;
         y[n - k] = -(tr[k] * b + ti[k] * a);
     }
-}
+    void out(int k, V a, V b) const {
+        const V r = A::load(tr + k), i = A::load(ti + k);
+        A::store(y + k, A::sub(A::mul(r, a), A::mul(i, b)));
+        A::store(y + n - k - L + 1, A::rev(A::neg(A::add(A::mul(r, b), A::mul(i, a)))));
+    }
+    void out_mirror(int k, V a, V b) const {
+        const int j = n / 2 - k - L + 1;
+        const V r = A::rev(A::load(tr + j)), i = A::rev(A::load(ti + j));
+        A::store(y + j, A::rev(A::sub(A::mul(r, a), A::mul(i, b))));
+        A::store(y + n / 2 + k, A::neg(A::add(A::mul(r, b), A::mul(i, a))));
+    }
+};
 
-// Inverse twiddle pass into a Perm spectrum: V[k] = g_k (y[k] - i y[N-k])
-// with g_k = (other / 2) conj(w^k), V[0] = first y[0], and for even N the
-// real V[N/2] = (Re g + Im g) y[N/2].
+// The inverse twiddle pass: V[k] = g_k (y[k] - i y[N-k]) with g_k =
+// (other / 2) conj(w^k), V[0] = first y[0], and for even N the real
+// V[N/2] = (Re g + Im g) y[N/2]; the same three shapes as TwiddleOut.
+template <class F> struct TwiddleIn {
+    using A = Lanes<F>;
+    using V = typename A::V;
+    static constexpr int L = A::L;
+    const F *gr, *gi;
+    const F* y;
+    int n;
+    F first;
+    TwiddleIn(const Hdr<F>* h, const F* in) : gr(twiddles(h)), gi(gr + h->len / 2 + 1), y(in), n(h->len), first(h->first) {}
+    F v0() const { return first * y[0]; }
+    F vh() const { return (gr[n / 2] + gi[n / 2]) * y[n / 2]; }
+    void get(size_t k, F& re, F& im) const {
+        const F a = y[k], b = y[n - k];
+        re = gr[k] * a + gi[k] * b;
+        im = gi[k] * a - gr[k] * b;
+    }
+    void in(int k, V& re, V& im) const {
+        const V a = A::load(y + k), b = A::rev(A::load(y + n - k - L + 1));
+        const V r = A::load(gr + k), i = A::load(gi + k);
+        re = A::add(A::mul(r, a), A::mul(i, b));
+        im = A::sub(A::mul(i, a), A::mul(r, b));
+    }
+    void in_mirror(int k, V& re, V& im) const {
+        const int j = n / 2 - k - L + 1;
+        const V a = A::rev(A::load(y + j)), b = A::load(y + n / 2 + k);
+        const V r = A::rev(A::load(gr + j)), i = A::rev(A::load(gi + j));
+        re = A::add(A::mul(r, a), A::mul(i, b));
+        im = A::sub(A::mul(i, a), A::mul(r, b));
+    }
+};
+
+// The twiddle passes on a Perm spectrum p of N (the Conv method): V[k] is
+// at 2k (even N) or 2k - 1 (odd N).
+template <class F> void twiddle_fwd(const Hdr<F>* h, const F* p, F* y) {
+    using A = Lanes<F>;
+    const TwiddleOut<F> o(h, y);
+    const int n = h->len, odd = n & 1;
+    const F* q = p - odd;
+    if (odd) y[0] = o.first * p[0];
+    else o.ends(p[0], p[1]);
+    int k = 1;
+    for (; k + A::L <= (n - 1) / 2 + 1; k += A::L) {
+        typename A::V a, b;
+        A::deint(A::load(q + 2 * k), A::load(q + 2 * k + A::L), a, b);
+        o.out(k, a, b);
+    }
+    for (; 2 * k < n; ++k) o.set(size_t(k), q[2 * k], q[2 * k + 1]);
+}
 template <class F> void twiddle_inv(const Hdr<F>* h, const F* y, F* p) {
     using A = Lanes<F>;
-    constexpr int L = A::L;
-    const int n = h->len, odd = n & 1, half = n / 2;
-    const F* gr = twiddles(h);
-    const F* gi = gr + half + 1;
+    const TwiddleIn<F> in(h, y);
+    const int n = h->len, odd = n & 1;
     F* q = p - odd;
-    const F y0 = y[0], yh = y[half];
+    const F v0 = in.v0(), vh = odd ? F(0) : in.vh();
     int k = 1;
-    for (; k + L <= (n - 1) / 2 + 1; k += L) {
-        const typename A::V a = A::load(y + k), b = A::rev(A::load(y + n - k - L + 1));
-        const typename A::V r = A::load(gr + k), i = A::load(gi + k);
-        typename A::V lo, hi;
-        A::inter(A::add(A::mul(r, a), A::mul(i, b)), A::sub(A::mul(i, a), A::mul(r, b)), lo, hi);
+    for (; k + A::L <= (n - 1) / 2 + 1; k += A::L) {
+        typename A::V re, im, lo, hi;
+        in.in(k, re, im);
+        A::inter(re, im, lo, hi);
         A::store(q + 2 * k, lo);
-        A::store(q + 2 * k + L, hi);
+        A::store(q + 2 * k + A::L, hi);
     }
-    for (; 2 * k < n; ++k) {
-        const F a = y[k], b = y[n - k];
-        q[2 * k] = gr[k] * a + gi[k] * b;
-        q[2 * k + 1] = gi[k] * a - gr[k] * b;
-    }
-    p[0] = h->first * y0;
-    if (!odd) p[1] = (gr[half] + gi[half]) * yh;
+    for (; 2 * k < n; ++k) in.get(size_t(k), q[2 * k], q[2 * k + 1]);
+    p[0] = v0;
+    if (!odd) p[1] = vh;
 }
 
-// The inner real transform of N, v to u (unscaled, Perm order).
-template <class F, bool Inv> zamStatus inner(const Hdr<F>* h, const F* v, F* u, uint8_t* work) {
-    const uint8_t* in = reinterpret_cast<const uint8_t*>(h) + h->inner;
-    if (h->fftOn) {
-        fftp::Real<F> p;
-        p.spec = reinterpret_cast<const typename fftp::Fns<F>::RSpec*>(in);
-        return Inv ? p.inv_perm(v, u, work) : p.fwd_perm(v, u, work);
+// W^k of the real FFT's recombination for the L bins from k, as real and
+// imaginary parts.
+template <class F>
+__attribute__((always_inline)) inline void load_w(const fft::Recomb<F>& w, int k, typename Lanes<F>::V& wr, typename Lanes<F>::V& wi) {
+    using A = Lanes<F>;
+    if (!w.coarse) {
+        A::deint(A::load(w.t + 2 * k), A::load(w.t + 2 * k + A::L), wr, wi);
+        return;
     }
-    const dft::Hdr<F>* d = reinterpret_cast<const dft::Hdr<F>*>(in);
+    alignas(32) F r[A::L], i[A::L];
+    for (int j = 0; j < A::L; ++j) w.get(size_t(k + j), r[j], i[j]);
+    wr = A::load(r);
+    wi = A::load(i);
+}
+
+// The Fft method's pass between the twiddles and the complex FFT of N/2,
+// over the pairs (k, N/2 - k) with the values in registers, L pairs a step
+// in real and imaginary vectors, the last pairs through the real FFT's
+// scalar recombination. Forward: Z (interleaved, src) to the real spectrum
+// V, twiddled into y (dst). Inverse: y (src) twiddled to V, then 2 Z into
+// dst (interleaved), the same steps backwards.
+template <class F, bool Inv> void fused(const Hdr<F>* h, const F* src, F* dst, const fft::Recomb<F>& w) {
+    using A = Lanes<F>;
+    using V = typename A::V;
+    constexpr int L = A::L;
+    const auto s = [&] {
+        if constexpr (Inv) return TwiddleIn<F>(h, src);
+        else return fft::Mem<F>{const_cast<F*>(src)};
+    }();
+    const auto d = [&] {
+        if constexpr (Inv) return fft::Mem<F>{dst};
+        else return TwiddleOut<F>(h, dst);
+    }();
+    const int H = h->len / 2;
+    fft::recombine_ends(s, d);
+    const V half = A::set1(F(0.5));
+    int k = 1;
+    if (w.step == 1)
+        for (; k + L - 1 < H - (k + L - 1); k += L) {
+            V ar, ai, br, bi, wr, wi;
+            load_w(w, k, wr, wi);
+            if constexpr (!Inv) {
+                A::deint(A::load(src + 2 * k), A::load(src + 2 * k + L), ar, ai);
+                const F* m = src + 2 * (H - k - L + 1);
+                A::deint(A::load(m), A::load(m + L), br, bi);
+                br = A::rev(br);  // Z[H - k - i] in lane i
+                bi = A::rev(bi);
+                // E = (Z[k] + conj Z[H-k]) / 2, D = (Z[k] - conj Z[H-k]) / 2,
+                // X = W^k (-i D); V[k] = E + X, V[H-k] = conj(E - X)
+                const V er = A::mul(A::add(ar, br), half), ei = A::mul(A::sub(ai, bi), half);
+                const V dr = A::mul(A::sub(ar, br), half), di = A::mul(A::add(ai, bi), half);
+                const V xr = A::add(A::mul(di, wr), A::mul(dr, wi)), xi = A::sub(A::mul(di, wi), A::mul(dr, wr));
+                d.out(k, A::add(er, xr), A::add(ei, xi));
+                d.out_mirror(k, A::sub(er, xr), A::sub(xi, ei));
+            } else {
+                s.in(k, ar, ai);
+                s.in_mirror(k, br, bi);
+                // E = V[k] + conj V[H-k], D = V[k] - conj V[H-k], X = conj(W^k) D;
+                // 2 Z[k] = E + i X, 2 Z[H-k] = conj(E - i X)
+                const V er = A::add(ar, br), ei = A::sub(ai, bi);
+                const V dr = A::sub(ar, br), di = A::add(ai, bi);
+                const V xr = A::add(A::mul(dr, wr), A::mul(di, wi)), xi = A::sub(A::mul(di, wr), A::mul(dr, wi));
+                V lo, hi;
+                A::inter(A::sub(er, xi), A::add(ei, xr), lo, hi);
+                A::store(dst + 2 * k, lo);
+                A::store(dst + 2 * k + L, hi);
+                A::inter(A::rev(A::add(er, xi)), A::rev(A::sub(xr, ei)), lo, hi);
+                F* m = dst + 2 * (H - k - L + 1);
+                A::store(m, lo);
+                A::store(m + L, hi);
+            }
+        }
+    fft::recombine_tail<F, Inv>(s, d, size_t(H), w, size_t(k));
+}
+
+template <class F, bool Inv> zamStatus fft_method(const Hdr<F>* h, const F* src, F* dst, F* v, F* u, uint8_t* work) {
+    const fft::Hdr<F>* f = reinterpret_cast<const fft::Hdr<F>*>(reinterpret_cast<const uint8_t*>(h) + h->inner);
+    const fft::Recomb<F> w = fft::recomb_of(f, h->order);
+    const int n = h->len;
+    if (Inv) {
+        fused<F, true>(h, src, v, w);
+        if (zamStatus s = fft::half_transform<F, true>(f, v, u, work)) return s;
+        unorder(u, dst, n);
+    } else {
+        reorder(src, v, n);
+        if (zamStatus s = fft::half_transform<F, false>(f, v, u, work)) return s;
+        fused<F, false>(h, u, dst, w);
+    }
+    return zamStatusOk;
+}
+
+// The inner real DFT of N, v to u (unscaled, Perm order).
+template <class F, bool Inv> zamStatus inner_dft(const Hdr<F>* h, const F* v, F* u, uint8_t* work) {
+    const dft::Hdr<F>* d = reinterpret_cast<const dft::Hdr<F>*>(reinterpret_cast<const uint8_t*>(h) + h->inner);
     return Inv ? dft::real_inv<F>(d, dft::Fmt::Perm, v, u, work) : dft::real_fwd<F>(d, dft::Fmt::Perm, v, u, work);
 }
 
@@ -240,13 +373,14 @@ template <class F, bool Inv> zamStatus run(const Hdr<F>* h, const F* src, F* dst
     }
     F* u = reinterpret_cast<F*>(work + round64(size_t(n) * sizeof(F)));
     uint8_t* iw = work + 2 * round64(size_t(n) * sizeof(F));
+    if (h->fftOn) return fft_method<F, Inv>(h, src, dst, v, u, iw);
     if (Inv) {
         twiddle_inv(h, src, v);
-        if (zamStatus s = inner<F, true>(h, v, u, iw)) return s;
+        if (zamStatus s = inner_dft<F, true>(h, v, u, iw)) return s;
         unorder(u, dst, n);
     } else {
         reorder(src, v, n);
-        if (zamStatus s = inner<F, false>(h, v, u, iw)) return s;
+        if (zamStatus s = inner_dft<F, false>(h, v, u, iw)) return s;
         twiddle_fwd(h, u, dst);
     }
     return zamStatusOk;

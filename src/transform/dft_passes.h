@@ -97,7 +97,7 @@ template <class F> struct Vec {
 // roots: (cos, sin)(2 pi k / p), k < p, for the odd radices; P is the
 // radix when known at compile time, 0 for any odd p.
 template <class F, class O, bool Inv, int P>
-inline void butterfly(typename O::V* a, typename O::V* A, int p, const F* roots) {
+__attribute__((always_inline)) inline void butterfly(typename O::V* a, typename O::V* A, int p, const F* roots) {
     using V = typename O::V;
     if constexpr (P == 2) {
         A[0] = O::add(a[0], a[1]);

@@ -1,190 +1,11 @@
 // Real FFT into and out of the Perm, Pack and CCS formats, 32-bit and
 // 64-bit floats. N reals are transformed as N/2 complex points (even
 // samples real, odd samples imaginary) and the halves recombined.
-#include "fft_core.h"
+#include "fft_recomb.h"
 
 namespace zams::fft {
-namespace {
 
-enum class Fmt { Perm, Pack, Ccs };
-
-// W^k = exp(-2 pi i k / N) for 0 <= k <= N/4.
-template <class F> struct Recomb {
-    const F* t = nullptr;       // W^k, or the fine factors from order 18
-    const F* coarse = nullptr;  // W^(c 2^fine_bits), from order 18
-    int step = 1;               // up to order 4: index into W_16^m
-    void get(size_t k, F& wr, F& wi) const {
-        if (coarse) {
-            const size_t f = k & ((size_t(1) << fine_bits<F>()) - 1), c = k >> fine_bits<F>();
-            const double ar = t[2 * f], ai = t[2 * f + 1], br = coarse[2 * c], bi = coarse[2 * c + 1];
-            wr = F(ar * br - ai * bi);
-            wi = F(ar * bi + ai * br);
-            return;
-        }
-        wr = t[2 * k * step];
-        wi = t[2 * k * step + 1];
-    }
-};
-
-template <class F> Recomb<F> recomb_of(const Hdr<F>* h, int R) {
-    Recomb<F> r;
-    const uint8_t* base = reinterpret_cast<const uint8_t*>(h);
-    if (h->offRecomb == 0) {
-        if constexpr (sizeof(F) == 4) r.t = kW16_32f;
-        else r.t = kW16_64f;
-        r.step = 16 >> R;
-        return r;
-    }
-    r.t = reinterpret_cast<const F*>(base + h->offRecomb);
-    if (h->offCoarse) r.coarse = reinterpret_cast<const F*>(base + h->offCoarse);
-    return r;
-}
-
-// Recombination of the pairs (k, N/2 - k) for k in [k0, k1): vectors of W
-// values of k against the mirrored vectors, reversed in the register.
-template <class F> inline typename VT<F>::V reverse_cplx(typename VT<F>::V v) {
-    if constexpr (sizeof(F) == 4) {
-        __m256 r = _mm256_permute2f128_ps(v, v, 0x01);
-        return _mm256_shuffle_ps(r, r, 0x4E);
-    } else {
-        return _mm256_permute2f128_pd(v, v, 0x01);
-    }
-}
-template <class F> inline typename VT<F>::V blend_im(typename VT<F>::V re_from, typename VT<F>::V im_from) {
-    if constexpr (sizeof(F) == 4) return _mm256_blend_ps(re_from, im_from, 0xAA);
-    else return _mm256_blend_pd(re_from, im_from, 0xA);
-}
-
-template <class F> inline typename VT<F>::V load_w(const Recomb<F>& w, size_t k) {
-    using T = VT<F>;
-    if (!w.coarse) return T::load(w.t + 2 * k);
-    alignas(32) F t[2 * T::W];
-    for (int i = 0; i < T::W; ++i) w.get(k + i, t[2 * i], t[2 * i + 1]);
-    return T::load(t);
-}
-
-// Two pairs at a time in 128-bit vectors (float), the same operations as
-// the wide loop; the short transforms run most of their pairs here.
-template <bool Inv> size_t recombine_pairs(float* d, size_t H, const float* wt, size_t k) {
-    const __m128 half = _mm_set1_ps(0.5f), imneg = _mm_castsi128_ps(_mm_set_epi32(INT32_MIN, 0, INT32_MIN, 0));
-    const __m128 allneg = _mm_set1_ps(-0.0f);
-    for (; k + 1 < H - (k + 1); k += 2) {
-        float* pa = d + 2 * k;
-        float* pb = d + 2 * (H - k - 1);
-        const __m128 A = _mm_loadu_ps(pa);
-        const __m128 b = _mm_loadu_ps(pb);
-        const __m128 Bc = _mm_xor_ps(_mm_shuffle_ps(b, b, 0x4E), imneg);
-        const __m128 wk = _mm_loadu_ps(wt + 2 * k);
-        const __m128 wr = _mm_moveldup_ps(wk);
-        __m128 wi = _mm_movehdup_ps(wk);
-        __m128 lo, hi;
-        if constexpr (!Inv) {
-            const __m128 E = _mm_mul_ps(_mm_add_ps(A, Bc), half);
-            const __m128 D = _mm_mul_ps(_mm_sub_ps(A, Bc), half);
-            const __m128 O = _mm_xor_ps(_mm_shuffle_ps(D, D, 0xB1), imneg);  // -i D
-            const __m128 WO = _mm_addsub_ps(_mm_mul_ps(O, wr), _mm_mul_ps(_mm_shuffle_ps(O, O, 0xB1), wi));
-            lo = _mm_add_ps(E, WO);
-            hi = _mm_blend_ps(_mm_sub_ps(E, WO), _mm_sub_ps(WO, E), 0xA);
-        } else {
-            wi = _mm_xor_ps(wi, allneg);
-            const __m128 E = _mm_add_ps(A, Bc);
-            const __m128 D = _mm_sub_ps(A, Bc);
-            const __m128 V = _mm_addsub_ps(_mm_mul_ps(D, wr), _mm_mul_ps(_mm_shuffle_ps(D, D, 0xB1), wi));
-            const __m128 iV = _mm_xor_ps(_mm_shuffle_ps(V, V, 0xB1), _mm_xor_ps(imneg, allneg));
-            lo = _mm_add_ps(E, iV);
-            hi = _mm_blend_ps(_mm_sub_ps(E, iV), _mm_sub_ps(iV, E), 0xA);
-        }
-        _mm_storeu_ps(pa, lo);
-        _mm_storeu_ps(pb, _mm_shuffle_ps(hi, hi, 0x4E));
-    }
-    return k;
-}
-
-// Returns the first k left for the scalar loop.
-template <class F, bool Inv> size_t recombine_vec(F* d, size_t H, const Recomb<F>& w) {
-    using T = VT<F>;
-    constexpr size_t W = T::W;
-    if (w.step != 1) return 1;
-    const auto half = T::set1(F(0.5));
-    const auto imneg = T::imsign();
-    size_t k = 1;
-    // pairs k..k+W-1 and H-k-W+1..H-k must not overlap
-    for (; k + W - 1 < H - (k + W - 1); k += W) {
-        F* pa = d + 2 * k;
-        F* pb = d + 2 * (H - k - (W - 1));
-        const auto A = T::load(pa);
-        const auto Bc = T::xor_(reverse_cplx<F>(T::load(pb)), imneg);  // conj, in k order
-        const auto wk = load_w(w, k);
-        typename T::V lo, hi;
-        if constexpr (!Inv) {
-            const auto E = T::mul(T::add(A, Bc), half);
-            const auto D = T::mul(T::sub(A, Bc), half);
-            const auto WO = cmul<F, false>(mul_negi<F>(D), wk);
-            lo = T::add(E, WO);
-            hi = blend_im<F>(T::sub(E, WO), T::sub(WO, E));
-        } else {
-            const auto E = T::add(A, Bc);
-            const auto D = T::sub(A, Bc);
-            const auto V = cmul<F, true>(D, wk);
-            const auto iV = T::xor_(T::swap(V), T::xor_(imneg, T::allsign()));  // (-V.im, V.re)
-            lo = T::add(E, iV);
-            hi = blend_im<F>(T::sub(E, iV), T::sub(iV, E));
-        }
-        T::store(pa, lo);
-        T::store(pb, reverse_cplx<F>(hi));
-    }
-    if constexpr (sizeof(F) == 4)
-        if (!w.coarse) k = recombine_pairs<Inv>(d, H, w.t, k);
-    return k;
-}
-
-// Half-length spectrum Z in d (N/2 complex) to the Perm spectrum, in place.
-template <class F> void recombine_fwd(F* d, size_t N, const Recomb<F>& w) {
-    const F a = d[0], b = d[1];
-    d[0] = a + b;
-    d[1] = a - b;
-    const size_t H = N / 2;
-    for (size_t k = recombine_vec<F, false>(d, H, w); 2 * k <= H; ++k) {
-        const size_t k2 = H - k;
-        const F ar = d[2 * k], ai = d[2 * k + 1], br = d[2 * k2], bi = d[2 * k2 + 1];
-        const F er = (ar + br) * F(0.5), ei = (ai - bi) * F(0.5);
-        const F dr = (ar - br) * F(0.5), di = (ai + bi) * F(0.5);
-        // O = -i D; WO = W^k O
-        const F orr = di, oi = -dr;
-        F wr, wi;
-        w.get(k, wr, wi);
-        const F xr = orr * wr - oi * wi, xi = oi * wr + orr * wi;
-        d[2 * k2] = er - xr;
-        d[2 * k2 + 1] = xi - ei;
-        d[2 * k] = er + xr;
-        d[2 * k + 1] = ei + xi;
-    }
-}
-
-// Perm spectrum in d to the doubled half-length spectrum, in place.
-template <class F> void recombine_inv(F* d, size_t N, const Recomb<F>& w) {
-    const F a = d[0], b = d[1];
-    d[0] = a + b;
-    d[1] = a - b;
-    const size_t H = N / 2;
-    for (size_t k = recombine_vec<F, true>(d, H, w); 2 * k <= H; ++k) {
-        const size_t k2 = H - k;
-        const F ar = d[2 * k], ai = d[2 * k + 1], br = d[2 * k2], bi = d[2 * k2 + 1];
-        const F er = ar + br, ei = ai - bi;
-        const F dr = ar - br, di = ai + bi;
-        F wr, wi;
-        w.get(k, wr, wi);
-        // V = conj(W^k) D; i V = (-V.im, V.re)
-        const F vr = dr * wr + di * wi, vi = di * wr - dr * wi;
-        const F ivr = -vi, ivi = vr;
-        d[2 * k2] = er - ivr;
-        d[2 * k2 + 1] = ivi - ei;
-        d[2 * k] = er + ivr;
-        d[2 * k + 1] = ei + ivi;
-    }
-}
-
-// The complex transform of order M in place or not, with the call's buffer.
+// The complex transform of N/2 points, in place or not, with the call's buffer.
 template <class F, bool Inv> zamStatus half_transform(const Hdr<F>* h, const F* src, F* dst, uint8_t* buf) {
     const int M = h->order - 1;
     if (M <= kSmallMaxOrder && M >= kSmallMinOrder) {
@@ -202,6 +23,15 @@ template <class F, bool Inv> zamStatus half_transform(const Hdr<F>* h, const F* 
     cfft_inter<F, Inv>(pl, src, dst, reinterpret_cast<F*>(wb.p));
     return zamStatusOk;
 }
+
+template zamStatus half_transform<float, false>(const Hdr<float>*, const float*, float*, uint8_t*);
+template zamStatus half_transform<float, true>(const Hdr<float>*, const float*, float*, uint8_t*);
+template zamStatus half_transform<double, false>(const Hdr<double>*, const double*, double*, uint8_t*);
+template zamStatus half_transform<double, true>(const Hdr<double>*, const double*, double*, uint8_t*);
+
+namespace {
+
+enum class Fmt { Perm, Pack, Ccs };
 
 // What both directions read first: the checked spec, the order, the length
 // and the direction's scale (on: scale != 1 applies).
@@ -343,7 +173,7 @@ template <class F, Fmt Out> zamStatus fwd(const F* src, F* dst, const void* spec
         }
     }
     if (zamStatus e = half_transform<F, false>(h, src, dst, buf)) return e;
-    recombine_fwd(dst, N, recomb_of(h, R));
+    recombine<F, false>(Mem<F>{dst}, Mem<F>{dst}, N, recomb_of(h, R));
     if (on) scale_n(dst, N, sc);
     const F nyq = dst[1];
     if (Out == Fmt::Pack) {
@@ -386,7 +216,7 @@ template <class F, Fmt In> zamStatus inv(const F* src, F* dst, const void* spec,
         dst[0] = r0;
         dst[1] = nyq;
     }
-    recombine_inv(dst, N, recomb_of(h, R));
+    recombine<F, true>(Mem<F>{dst}, Mem<F>{dst}, N, recomb_of(h, R));
     half_transform<F, true>(h, dst, dst, b);
     if (on) scale_n(dst, N, sc);
     return zamStatusOk;
