@@ -12,9 +12,8 @@ namespace zams {
 namespace {
 
 constexpr int kStates = 16, kSubsets4 = 8;
-constexpr int kGrid = 128;             // one grid unit in the 16-bit values
-constexpr int kMetricShift = 10;       // a metric unit is 2^10 squared values: 1/16 squared grid unit
-constexpr int kMetricMax = 65535;
+constexpr int kGrid = 128;        // one grid unit in the 16-bit values
+constexpr int kMetricShift = 10;  // a metric unit is 2^10 squared values: 1/16 squared grid unit
 
 // ---- The code: parity-check polynomials (bit k the coefficient of D^k).
 constexpr unsigned kH0 = 023, kH1 = 004, kH2 = 016;
@@ -105,7 +104,7 @@ constexpr Trellis make_trellis() {
 constexpr Trellis kTrellis = make_trellis();
 static_assert(kTrellis.ok, "every state must have four predecessors, one branch each");
 
-constexpr Zam16u add_sat(int a, int b) { return Zam16u(a + b > kMetricMax ? kMetricMax : a + b); }
+inline Zam16u add_sat(Zam16u a, Zam16u b) { return saturate<Zam16u>(int32_t(a) + b); }
 
 // Nearest odd coordinate of class c (mod 4) within [-m, m] to the received
 // value v, in grid units: the multiple-of-4 lattice shifted by c, a tie to the
@@ -169,7 +168,7 @@ zamStatus update_path_metrics(const Zam16u* metric, Zam16u* path, Zam8u* survivo
     for (int k = 0; k < len; ++k) {
         const Zam16u* bm = metric + 8 * k;
         Zam16u next[kStates];
-        Zam16u least = kMetricMax;
+        Zam16u least = traits<Zam16u>::max;
         for (int s = 0; s < kStates; ++s) {
             const Branch* in = kTrellis.into[s];
             Zam16u best = add_sat(pm[in[0].from], bm[in[0].subset]);
