@@ -151,9 +151,10 @@ ZAMSAPI zamStatus zamsFilterMedian_16s_I(Zam16s* pSrcDst, int len, int maskSize)
  *     r  4: 2 0 5 7    r  5: 11 9 12 14   r  6: 3 1 4 6    r  7: 10 8 13 15
  *     r  8: 4 6 3 1    r  9: 13 15 10 8   r 10: 5 7 2 0    r 11: 12 14 11 9
  *     r 12: 6 4 1 3    r 13: 15 13 8 10   r 14: 7 5 0 2    r 15: 14 12 9 11
- * Each state has four successors and four predecessors. Paths that part and
- * meet again are at least 20 squared grid units apart (4 such neighbours), so
- * the code's distance is the 16 between points of one 4D subset. The bits of a
+ * Each state has four successors and four predecessors. Subset sequences
+ * that part and meet again are at least 20 squared grid units apart (four of
+ * them at 20 from any sequence), so the code's distance is the 16 between
+ * points of one 4D subset. The bits of a
  * symbol beyond z1, z2 choose the points inside their 2D subsets; the code
  * is not made invariant to rotations of the constellation.
  *
