@@ -44,13 +44,17 @@
  * so blocks of any sizes and the one-sample filter give the same samples.
  *
  * Accuracy: the 64f and complex kinds run the one-sample step above for
- * every sample, so blocks of any sizes and the one-sample filter give the
- * same bits. The 32f block filter of an AR filter up to order 64 and of
- * a cascade works eight samples at a time from tables made with the taps
- * (its first N samples, 2 a section, and its last few by the one-sample
- * step): the same filter, rounded differently, within single precision
- * of the one-sample filter; the delay line between calls is always the
- * one described above. */
+ * every sample. The 32f block filter of an AR filter up to order 64 and of
+ * a cascade works eight samples at a time from tables made with the taps,
+ * on a grid of blocks fixed by the sample's position since Init, SetTaps
+ * or SetDlyLine (the first N samples, 2 for a cascade, by the one-sample
+ * step): the same filter, rounded differently, within single precision of
+ * the one-sample step. Every kind gives the same bits for a signal
+ * whatever the sizes of the calls it is split into, zamsIIROne included
+ * (for the 32f block filters: finite samples). GetDlyLine reports the
+ * delay line described above at the current sample; a state built from it
+ * continues the filter to single precision (to the bit for the kinds that
+ * run the one-sample step). */
 #ifndef ZAMS_FILTER_H
 #define ZAMS_FILTER_H
 

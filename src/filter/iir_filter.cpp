@@ -19,8 +19,8 @@ void cascade(const S* pSrc, O* pDst, int len, const A* t, A* d, int n, Step step
 }
 
 // Filters len samples through the state (already checked): the 32f AR
-// and cascade states through their tables when the block is long enough,
-// every other case by the one-sample step sample by sample. Sources are
+// and cascade states through their tables (calls of any length), every
+// other case by the one-sample step sample by sample. Sources are
 // the data type, destinations the data type or (integer data) the taps type.
 template <class K, class O> void run(const typename K::data* pSrc, O* pDst, int len, Hdr* h) {
     using A = typename K::A;
@@ -28,8 +28,7 @@ template <class K, class O> void run(const typename K::data* pSrc, O* pDst, int 
     A* d = at<A>(h, h->offDly);
     const int n = h->n;
     if constexpr (K::block) {
-        if (h->tableOk && len >= block_min_len(h))
-            return form_of<K>(h) == Ar ? ar_blocks(pSrc, pDst, len, h) : bq_blocks(pSrc, pDst, len, h);
+        if (h->tableOk) return block_run(pSrc, pDst, len, h);
     }
     switch (form_of<K>(h)) {
         case Ar:
