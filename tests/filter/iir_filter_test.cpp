@@ -91,7 +91,8 @@ TEST(IirFilter, MatchesTheLongDoubleModel) {
 
 // A signal filtered in blocks of random sizes, sample by sample with the
 // one-sample filter, in place, and in one call agree to the bit, the 32f
-// block filters too (their grid is fixed by the position, not the calls).
+// block filters too (their grid is fixed by the position, not the calls),
+// and wherever the buffers lie.
 TEST(IirFilter, BlocksOneSampleAndInPlaceAgree) {
     each_filter_kind([](const auto& api) {
         using Api = std::decay_t<decltype(api)>;
@@ -101,7 +102,7 @@ TEST(IirFilter, BlocksOneSampleAndInPlaceAgree) {
         SCOPED_TRACE(api.name);
         std::mt19937 g(5);
         for (Form f : filter_forms(api))
-            for (int n : {1, 2, 6, 9}) {
+            for (int n : {1, 2, 6, 9, 17}) {
                 SCOPED_TRACE(testing::Message() << "form " << f << " n " << n);
                 const auto taps = random_taps<T>(f, n, 10 * n + f);
                 const auto x = random_signal<D>(1500, n);
@@ -118,6 +119,14 @@ TEST(IirFilter, BlocksOneSampleAndInPlaceAgree) {
                 EXPECT_TRUE(agree(a, b));
                 ASSERT_EQ(api.filtI(c.data(), int(c.size()), inplace), zamStatusOk);
                 EXPECT_TRUE(same_bits(a, c));
+                {  // buffers at other addresses
+                    std::vector<D> xs(x.size() + 1), ys(x.size() + 3);
+                    std::copy(x.begin(), x.end(), xs.begin() + 1);
+                    auto* moved = make(api, f, n, taps, nullptr);
+                    ASSERT_EQ(api.filt(xs.data() + 1, ys.data() + 3, int(x.size()), moved), zamStatusOk);
+                    EXPECT_TRUE(same_bits(a, std::vector<D>(ys.begin() + 3, ys.end())));
+                    api.free(moved);
+                }
                 if (f != Df1) {
                     auto* one = make(api, f, n, taps, nullptr);
                     for (size_t i = 0; i < x.size(); ++i) ASSERT_EQ(api.one(x[i], &c[i], one), zamStatusOk);
