@@ -123,31 +123,24 @@ using zams::design::fir_gen;
 using zams::design::KaiserWindow;
 using zams::design::TableWindow;
 
-ZAMS_FN(zamStatus, zamsFIRGenLowpass_64f)(Zam64f f, Zam64f* t, int len, zamWinType w, int norm) {
-    return fir_gen(zams::design::kLow, f, 0.0, t, len, TableWindow{w}, norm);
-}
-ZAMS_FN(zamStatus, zamsFIRGenHighpass_64f)(Zam64f f, Zam64f* t, int len, zamWinType w, int norm) {
-    return fir_gen(zams::design::kHigh, f, 0.0, t, len, TableWindow{w}, norm);
-}
-ZAMS_FN(zamStatus, zamsFIRGenBandpass_64f)(Zam64f f1, Zam64f f2, Zam64f* t, int len, zamWinType w, int norm) {
-    return fir_gen(zams::design::kPass, f1, f2, t, len, TableWindow{w}, norm);
-}
-ZAMS_FN(zamStatus, zamsFIRGenBandstop_64f)(Zam64f f1, Zam64f f2, Zam64f* t, int len, zamWinType w, int norm) {
-    return fir_gen(zams::design::kStop, f1, f2, t, len, TableWindow{w}, norm);
-}
+// The four responses with a window argument of type WARG made into WINDOW.
+#define ZAMS_FIR_GEN_FNS(SFX, WARG, WINDOW)                                                                      \
+    ZAMS_FN(zamStatus, zamsFIRGenLowpass##SFX)(Zam64f f, Zam64f * t, int len, WARG w, int norm) {                \
+        return fir_gen(zams::design::kLow, f, 0.0, t, len, WINDOW{w}, norm);                                     \
+    }                                                                                                            \
+    ZAMS_FN(zamStatus, zamsFIRGenHighpass##SFX)(Zam64f f, Zam64f * t, int len, WARG w, int norm) {               \
+        return fir_gen(zams::design::kHigh, f, 0.0, t, len, WINDOW{w}, norm);                                    \
+    }                                                                                                            \
+    ZAMS_FN(zamStatus, zamsFIRGenBandpass##SFX)(Zam64f f1, Zam64f f2, Zam64f * t, int len, WARG w, int norm) {   \
+        return fir_gen(zams::design::kPass, f1, f2, t, len, WINDOW{w}, norm);                                    \
+    }                                                                                                            \
+    ZAMS_FN(zamStatus, zamsFIRGenBandstop##SFX)(Zam64f f1, Zam64f f2, Zam64f * t, int len, WARG w, int norm) {   \
+        return fir_gen(zams::design::kStop, f1, f2, t, len, WINDOW{w}, norm);                                    \
+    }
 
-ZAMS_FN(zamStatus, zamsFIRGenLowpassKaiser_64f)(Zam64f f, Zam64f* t, int len, Zam64f beta, int norm) {
-    return fir_gen(zams::design::kLow, f, 0.0, t, len, KaiserWindow{beta}, norm);
-}
-ZAMS_FN(zamStatus, zamsFIRGenHighpassKaiser_64f)(Zam64f f, Zam64f* t, int len, Zam64f beta, int norm) {
-    return fir_gen(zams::design::kHigh, f, 0.0, t, len, KaiserWindow{beta}, norm);
-}
-ZAMS_FN(zamStatus, zamsFIRGenBandpassKaiser_64f)(Zam64f f1, Zam64f f2, Zam64f* t, int len, Zam64f beta, int norm) {
-    return fir_gen(zams::design::kPass, f1, f2, t, len, KaiserWindow{beta}, norm);
-}
-ZAMS_FN(zamStatus, zamsFIRGenBandstopKaiser_64f)(Zam64f f1, Zam64f f2, Zam64f* t, int len, Zam64f beta, int norm) {
-    return fir_gen(zams::design::kStop, f1, f2, t, len, KaiserWindow{beta}, norm);
-}
+ZAMS_FIR_GEN_FNS(_64f, zamWinType, TableWindow)
+ZAMS_FIR_GEN_FNS(Kaiser_64f, Zam64f, KaiserWindow)
+
 ZAMS_FN(zamStatus, zamsFIRKaiserOrder_64f)(Zam64f attenuationDB, Zam64f rTransWidth, int* pTapsLen, Zam64f* pBeta) {
     return zams::design::kaiser_order(attenuationDB, rTransWidth, pTapsLen, pBeta);
 }
