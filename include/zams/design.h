@@ -27,6 +27,23 @@
  * that is, h is divided by sum h[n] cos(2 pi f0 m). doNormal zero leaves
  * the windowed sinc as it is.
  *
+ * Kaiser window (zamsFIRGen*Kaiser_64f): the same designs, arguments,
+ * checks and statuses with the window
+ *     w[n] = I0(beta sqrt(1 - (2n/(L-1) - 1)^2)) / I0(beta)
+ * of shape beta, 0 <= beta <= 700 (zamStatusBadArgument, -5, otherwise,
+ * NaN included), in double precision throughout. It is zamsWinKaiser's
+ * window with alpha = 2 beta / (L - 1) (that function takes alpha in
+ * single precision). zamsFIRKaiserOrder_64f gives the usual empirical
+ * estimates for a stop-band attenuation A dB (8 <= A <= 1000, -5
+ * otherwise) and a transition width w relative to the sampling rate
+ * (0 < w < 0.5, -27 otherwise; pointers first, -8):
+ *     tapsLen = ceil((A - 7.95) / (2.285 * 2 pi w) + 1)
+ *     beta    = 0.1102 (A - 8.7)                           A > 50
+ *               0.5842 (A - 21)^0.4 + 0.07886 (A - 21)     21 < A <= 50
+ *               0                                          A <= 21
+ * (a length past the int range gives -5). The length may be even: a
+ * high-pass or band-stop design needs it made odd.
+ *
  * IIR (zamsIIRGen*_64f): a Butterworth (zamButterworth) or Chebyshev
  * type I (zamChebyshev1, pass-band ripple `ripple` dB, 0 < ripple <= 60)
  * filter of order 1..64 (zamStatusBadFilterOrder, -25, otherwise) with
@@ -73,6 +90,14 @@ ZAMSAPI zamStatus zamsFIRGenBandpass_64f(Zam64f rLowFreq, Zam64f rHighFreq, Zam6
                                          zamWinType winType, int doNormal);
 ZAMSAPI zamStatus zamsFIRGenBandstop_64f(Zam64f rLowFreq, Zam64f rHighFreq, Zam64f* pTaps, int tapsLen,
                                          zamWinType winType, int doNormal);
+
+ZAMSAPI zamStatus zamsFIRGenLowpassKaiser_64f(Zam64f rFreq, Zam64f* pTaps, int tapsLen, Zam64f beta, int doNormal);
+ZAMSAPI zamStatus zamsFIRGenHighpassKaiser_64f(Zam64f rFreq, Zam64f* pTaps, int tapsLen, Zam64f beta, int doNormal);
+ZAMSAPI zamStatus zamsFIRGenBandpassKaiser_64f(Zam64f rLowFreq, Zam64f rHighFreq, Zam64f* pTaps, int tapsLen,
+                                               Zam64f beta, int doNormal);
+ZAMSAPI zamStatus zamsFIRGenBandstopKaiser_64f(Zam64f rLowFreq, Zam64f rHighFreq, Zam64f* pTaps, int tapsLen,
+                                               Zam64f beta, int doNormal);
+ZAMSAPI zamStatus zamsFIRKaiserOrder_64f(Zam64f attenuationDB, Zam64f rTransWidth, int* pTapsLen, Zam64f* pBeta);
 
 ZAMSAPI zamStatus zamsIIRGenLowpass_64f(Zam64f rFreq, Zam64f ripple, int order, Zam64f* pTaps,
                                         zamIIRFilterType filterType);

@@ -35,20 +35,26 @@
  * in every form. The integer-data states (32f_16s, 32fc_16sc, 64f_32s,
  * 64fc_32sc, 64f_16s, 64fc_16sc) hold a filter in the taps' precision
  * for integer samples: taps and delay line are built, set and read as for
- * the floating kinds; the library exports no filtering entry that takes
- * them. The rule for filtering integer samples with them: a sample is
- * converted exactly to the taps type and filtered in it, and an output is
- * scaled by 2^-scaleFactor, rounded to nearest (ties to even) and
- * saturated to the data type, as the integer-data FIR filters do.
+ * the floating kinds. Their filters (zamsIIR<kind>_Sfs, _ISfs and
+ * zamsIIROne<kind>_Sfs) convert each sample exactly to the taps type and
+ * filter it in that precision by the step above; each output is scaled by
+ * 2^-scaleFactor (any int), rounded to nearest (ties to even) and
+ * saturated to the data type (each part of a complex sample alone), as the
+ * integer-data FIR filters do. The delay line keeps the unrounded values,
+ * so blocks of any sizes and the one-sample filter give the same samples.
  *
  * Accuracy: the 64f and complex kinds run the one-sample step above for
- * every sample, so blocks of any sizes and the one-sample filter give the
- * same bits. The 32f block filter of an AR filter up to order 64 and of
- * a cascade works eight samples at a time from tables made with the taps
- * (its first N samples, 2 a section, and its last few by the one-sample
- * step): the same filter, rounded differently, within single precision
- * of the one-sample filter; the delay line between calls is always the
- * one described above. */
+ * every sample. The 32f block filter of an AR filter up to order 64 and of
+ * a cascade works eight samples at a time from tables made with the taps,
+ * on a grid of blocks fixed by the sample's position since Init, SetTaps
+ * or SetDlyLine (the first N samples, 2 for a cascade, by the one-sample
+ * step): the same filter, rounded differently, within single precision of
+ * the one-sample step. Every kind gives the same bits for a signal
+ * whatever the sizes of the calls it is split into, zamsIIROne included
+ * (for the 32f block filters: finite samples). GetDlyLine reports the
+ * delay line described above at the current sample; a state built from it
+ * continues the filter to single precision (to the bit for the kinds that
+ * run the one-sample step). */
 #ifndef ZAMS_FILTER_H
 #define ZAMS_FILTER_H
 
@@ -99,6 +105,9 @@ ZAMSAPI zamStatus zamsIIRFree32f_16s(ZamsIIRState32f_16s* pState);
 ZAMSAPI zamStatus zamsIIRSetTaps32f_16s(const Zam32f* pTaps, ZamsIIRState32f_16s* pState);
 ZAMSAPI zamStatus zamsIIRGetDlyLine32f_16s(Zam32f* pDlyLine, const ZamsIIRState32f_16s* pState);
 ZAMSAPI zamStatus zamsIIRSetDlyLine32f_16s(const Zam32f* pDlyLine, ZamsIIRState32f_16s* pState);
+ZAMSAPI zamStatus zamsIIR32f_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, int len, ZamsIIRState32f_16s* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIR32f_16s_ISfs(Zam16s* pSrcDst, int len, ZamsIIRState32f_16s* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIROne32f_16s_Sfs(Zam16s src, Zam16s* pDstVal, ZamsIIRState32f_16s* pState, int scaleFactor);
 
 /* taps Zam32fc, data Zam16sc */
 ZAMSAPI zamStatus zamsIIRGetStateSize32fc_16sc(int order, int* pSize);
@@ -111,6 +120,9 @@ ZAMSAPI zamStatus zamsIIRFree32fc_16sc(ZamsIIRState32fc_16sc* pState);
 ZAMSAPI zamStatus zamsIIRSetTaps32fc_16sc(const Zam32fc* pTaps, ZamsIIRState32fc_16sc* pState);
 ZAMSAPI zamStatus zamsIIRGetDlyLine32fc_16sc(Zam32fc* pDlyLine, const ZamsIIRState32fc_16sc* pState);
 ZAMSAPI zamStatus zamsIIRSetDlyLine32fc_16sc(const Zam32fc* pDlyLine, ZamsIIRState32fc_16sc* pState);
+ZAMSAPI zamStatus zamsIIR32fc_16sc_Sfs(const Zam16sc* pSrc, Zam16sc* pDst, int len, ZamsIIRState32fc_16sc* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIR32fc_16sc_ISfs(Zam16sc* pSrcDst, int len, ZamsIIRState32fc_16sc* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIROne32fc_16sc_Sfs(Zam16sc src, Zam16sc* pDstVal, ZamsIIRState32fc_16sc* pState, int scaleFactor);
 
 /* taps Zam64f, data Zam64f */
 ZAMSAPI zamStatus zamsIIRGetStateSize_64f(int order, int* pSize);
@@ -180,6 +192,9 @@ ZAMSAPI zamStatus zamsIIRFree64f_32s(ZamsIIRState64f_32s* pState);
 ZAMSAPI zamStatus zamsIIRSetTaps64f_32s(const Zam64f* pTaps, ZamsIIRState64f_32s* pState);
 ZAMSAPI zamStatus zamsIIRGetDlyLine64f_32s(Zam64f* pDlyLine, const ZamsIIRState64f_32s* pState);
 ZAMSAPI zamStatus zamsIIRSetDlyLine64f_32s(const Zam64f* pDlyLine, ZamsIIRState64f_32s* pState);
+ZAMSAPI zamStatus zamsIIR64f_32s_Sfs(const Zam32s* pSrc, Zam32s* pDst, int len, ZamsIIRState64f_32s* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIR64f_32s_ISfs(Zam32s* pSrcDst, int len, ZamsIIRState64f_32s* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIROne64f_32s_Sfs(Zam32s src, Zam32s* pDstVal, ZamsIIRState64f_32s* pState, int scaleFactor);
 
 /* taps Zam64fc, data Zam32sc */
 ZAMSAPI zamStatus zamsIIRGetStateSize64fc_32sc(int order, int* pSize);
@@ -192,6 +207,9 @@ ZAMSAPI zamStatus zamsIIRFree64fc_32sc(ZamsIIRState64fc_32sc* pState);
 ZAMSAPI zamStatus zamsIIRSetTaps64fc_32sc(const Zam64fc* pTaps, ZamsIIRState64fc_32sc* pState);
 ZAMSAPI zamStatus zamsIIRGetDlyLine64fc_32sc(Zam64fc* pDlyLine, const ZamsIIRState64fc_32sc* pState);
 ZAMSAPI zamStatus zamsIIRSetDlyLine64fc_32sc(const Zam64fc* pDlyLine, ZamsIIRState64fc_32sc* pState);
+ZAMSAPI zamStatus zamsIIR64fc_32sc_Sfs(const Zam32sc* pSrc, Zam32sc* pDst, int len, ZamsIIRState64fc_32sc* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIR64fc_32sc_ISfs(Zam32sc* pSrcDst, int len, ZamsIIRState64fc_32sc* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIROne64fc_32sc_Sfs(Zam32sc src, Zam32sc* pDstVal, ZamsIIRState64fc_32sc* pState, int scaleFactor);
 
 /* taps Zam64f, data Zam16s */
 ZAMSAPI zamStatus zamsIIRGetStateSize64f_16s(int order, int* pSize);
@@ -204,6 +222,9 @@ ZAMSAPI zamStatus zamsIIRFree64f_16s(ZamsIIRState64f_16s* pState);
 ZAMSAPI zamStatus zamsIIRSetTaps64f_16s(const Zam64f* pTaps, ZamsIIRState64f_16s* pState);
 ZAMSAPI zamStatus zamsIIRGetDlyLine64f_16s(Zam64f* pDlyLine, const ZamsIIRState64f_16s* pState);
 ZAMSAPI zamStatus zamsIIRSetDlyLine64f_16s(const Zam64f* pDlyLine, ZamsIIRState64f_16s* pState);
+ZAMSAPI zamStatus zamsIIR64f_16s_Sfs(const Zam16s* pSrc, Zam16s* pDst, int len, ZamsIIRState64f_16s* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIR64f_16s_ISfs(Zam16s* pSrcDst, int len, ZamsIIRState64f_16s* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIROne64f_16s_Sfs(Zam16s src, Zam16s* pDstVal, ZamsIIRState64f_16s* pState, int scaleFactor);
 
 /* taps Zam64fc, data Zam16sc */
 ZAMSAPI zamStatus zamsIIRGetStateSize64fc_16sc(int order, int* pSize);
@@ -216,5 +237,8 @@ ZAMSAPI zamStatus zamsIIRFree64fc_16sc(ZamsIIRState64fc_16sc* pState);
 ZAMSAPI zamStatus zamsIIRSetTaps64fc_16sc(const Zam64fc* pTaps, ZamsIIRState64fc_16sc* pState);
 ZAMSAPI zamStatus zamsIIRGetDlyLine64fc_16sc(Zam64fc* pDlyLine, const ZamsIIRState64fc_16sc* pState);
 ZAMSAPI zamStatus zamsIIRSetDlyLine64fc_16sc(const Zam64fc* pDlyLine, ZamsIIRState64fc_16sc* pState);
+ZAMSAPI zamStatus zamsIIR64fc_16sc_Sfs(const Zam16sc* pSrc, Zam16sc* pDst, int len, ZamsIIRState64fc_16sc* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIR64fc_16sc_ISfs(Zam16sc* pSrcDst, int len, ZamsIIRState64fc_16sc* pState, int scaleFactor);
+ZAMSAPI zamStatus zamsIIROne64fc_16sc_Sfs(Zam16sc src, Zam16sc* pDstVal, ZamsIIRState64fc_16sc* pState, int scaleFactor);
 
 #endif /* ZAMS_FILTER_H */

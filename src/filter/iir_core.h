@@ -77,8 +77,9 @@ struct Hdr {
     int32_t dlyLen;  // values in the caller's delay line
     uint32_t offTaps, offDly;
     uint32_t offTable;    // block-recursion tables (32f data), 0: none
-    uint32_t offScratch;  // the AR block filter's copy of its input
+    uint32_t offScratch;  // the block filters' rows and buffers (iir_block.h)
     int32_t tableOk;      // the tables were built and are finite
+    int32_t fill;         // block filters: samples since the last reset, up to W + 7
     int32_t owned;        // 1: made by InitAlloc
 };
 
@@ -92,10 +93,12 @@ inline int64_t dly_count(Form f, int64_t n) { return f == Ar ? n : (f == Bq ? 2 
 
 // The block filters of 32f data run 8 samples at a time from tables
 // (iir_block.h): an AR filter of order N up to kMaxBlockOrder keeps
-// 16 N + 16 floats of them, a cascade 48 floats a section. The AR block
-// filter copies its input through a 4096-byte scratch area.
+// 16 N + 16 floats of them, a cascade 48 floats a section. Their rows and
+// buffers take a work area: 4096 bytes for an AR filter, for a cascade
+// n + 1 rows of 10 floats and two buffers of kBqChunk + 10.
 inline constexpr int kMaxBlockOrder = 64;
 inline constexpr int64_t kScratchBytes = 4096;
+inline constexpr int kBqChunk = 480;
 template <class K> constexpr int64_t recursion_floats(int64_t n) { return K::block ? 16 * n + 16 : 4 * n + 12; }
 template <class K> int64_t table_floats(Form f, int64_t n) {
     if (!K::block || f == Df1) return 0;
@@ -112,7 +115,7 @@ template <class K> Layout layout(Form f, int64_t n) {
     l.dly = l.taps + ru32(taps_count(f, n) * int64_t(sizeof(T)));
     l.table = l.dly + ru32((dly_count(f, n) + 1) * int64_t(sizeof(T)));
     l.scratch = l.table + ru32(table_floats<K>(f, n) * 4);
-    l.end = l.scratch + (K::block && f == Ar ? kScratchBytes : 0);
+    l.end = l.scratch + (!K::block || f == Df1 ? 0 : f == Ar ? kScratchBytes : ru32(4 * (10 * (n + 1) + 2 * (kBqChunk + 10))));
     return l;
 }
 

@@ -1,5 +1,6 @@
 // IIR filtering: the block filter, its in-place and multi-channel forms,
-// and the one-sample filter.
+// and the one-sample filter; for integer data the same with a scale factor.
+#include "fir_generic.h"  // emit_parts: the conversions' scale, rounding and saturation
 #include "iir_block.h"
 #include "iir_kinds.h"
 
@@ -8,34 +9,49 @@ namespace {
 
 // A cascade of n sections sample by sample: each section's taps are 5
 // values, its delay line W.
-template <int W, class A, class D, class Step>
-void cascade(const D* pSrc, D* pDst, int len, const A* t, A* d, int n, Step step) {
+template <int W, class A, class S, class O, class Step>
+void cascade(const S* pSrc, O* pDst, int len, const A* t, A* d, int n, Step step) {
     for (int i = 0; i < len; ++i) {
         A x = load<A>(pSrc[i]);
         for (int s = 0; s < n; ++s) x = step(t + 5 * s, d + W * s, x);
-        pDst[i] = store<D>(x);
+        pDst[i] = store<O>(x);
     }
 }
 
 // Filters len samples through the state (already checked): the 32f AR
-// and cascade states through their tables when the block is long enough,
-// every other case by the one-sample step sample by sample.
-template <class K> void run(const typename K::data* pSrc, typename K::data* pDst, int len, Hdr* h) {
+// and cascade states through their tables (calls of any length), every
+// other case by the one-sample step sample by sample. Sources are
+// the data type, destinations the data type or (integer data) the taps type.
+template <class K, class O> void run(const typename K::data* pSrc, O* pDst, int len, Hdr* h) {
     using A = typename K::A;
-    using D = typename K::data;
     const A* t = at<A>(h, h->offTaps);
     A* d = at<A>(h, h->offDly);
     const int n = h->n;
     if constexpr (K::block) {
-        if (h->tableOk && len >= block_min_len(h))
-            return form_of<K>(h) == Ar ? ar_blocks(pSrc, pDst, len, h) : bq_blocks(pSrc, pDst, len, h);
+        if (h->tableOk) return block_run(pSrc, pDst, len, h);
     }
     switch (form_of<K>(h)) {
         case Ar:
-            for (int i = 0; i < len; ++i) pDst[i] = store<D>(step_ar(t, d, n, load<A>(pSrc[i])));
+            for (int i = 0; i < len; ++i) pDst[i] = store<O>(step_ar(t, d, n, load<A>(pSrc[i])));
             return;
         case Bq: return cascade<2>(pSrc, pDst, len, t, d, n, step_bq<A>);
         case Df1: return cascade<4>(pSrc, pDst, len, t, d, n, step_df1<A>);
+    }
+}
+
+// Integer data: each sample converted exactly to the taps type and
+// filtered in it (the delay line keeps the unrounded values), the outputs
+// scaled by 2^-sf, rounded to nearest (ties to even) and saturated by the
+// library's conversions, in pieces; pSrc may equal pDst.
+template <class K> void run_sfs(const typename K::data* pSrc, typename K::data* pDst, int len, Hdr* h, int sf) {
+    using T = typename K::taps;
+    using Part = std::conditional_t<is_complex_v<T>, part_t<T>, T>;
+    constexpr int kPiece = 256, kParts = is_complex_v<T> ? 2 : 1;
+    T buf[kPiece];
+    for (int i = 0; i < len; i += kPiece) {
+        const int m = len - i < kPiece ? len - i : kPiece;
+        run<K>(pSrc + i, buf, m, h);
+        fir::emit_parts(reinterpret_cast<const Part*>(buf), pDst + i, m * kParts, sf);
     }
 }
 
@@ -52,14 +68,35 @@ template <class K> zamStatus filter(const typename K::data* pSrc, typename K::da
     return zamStatusOk;
 }
 
+template <class K>
+zamStatus filter_sfs(const typename K::data* pSrc, typename K::data* pDst, int len, void* p, int sf) {
+    if (zamStatus s = check_args(len, p, pSrc, pDst)) return s;
+    zamStatus s;
+    Hdr* h = filter_state<K>(p, s);
+    if (s) return s;
+    run_sfs<K>(pSrc, pDst, len, h, sf);
+    return zamStatusOk;
+}
+
 // The one-sample filter takes the AR and cascade states, not the
-// direct-form-I one.
+// direct-form-I one (the integer-data kinds have none).
+template <class K> Hdr* one_state(void* p, zamStatus& s) { return state_of<Hdr>(p, {K::ids[0], K::ids[1]}, s); }
+
 template <class K> zamStatus filter_one(typename K::data src, typename K::data* pDstVal, void* p) {
     if (zamStatus s = check_ptr(p, pDstVal)) return s;
     zamStatus s;
-    Hdr* h = state_of<Hdr>(p, {K::ids[0], K::ids[1]}, s);
+    Hdr* h = one_state<K>(p, s);
     if (s) return s;
     run<K>(&src, pDstVal, 1, h);
+    return zamStatusOk;
+}
+
+template <class K> zamStatus filter_one_sfs(typename K::data src, typename K::data* pDstVal, void* p, int sf) {
+    if (zamStatus s = check_ptr(p, pDstVal)) return s;
+    zamStatus s;
+    Hdr* h = one_state<K>(p, s);
+    if (s) return s;
+    run_sfs<K>(&src, pDstVal, 1, h, sf);
     return zamStatusOk;
 }
 
@@ -99,3 +136,21 @@ ZAMS_FN(zamStatus, zamsIIR_32f_P)(const Zam32f* const* ppSrc, Zam32f* const* ppD
                                   ZamsIIRState_32f* const* ppState) {
     return filter_channels<K32f>(ppSrc, ppDst, len, nChannels, reinterpret_cast<void* const*>(ppState));
 }
+
+#define ZAMS_IIR_SFS_FNS(SFX, STATE, D, K)                                                                    \
+    ZAMS_FN(zamStatus, zamsIIR##SFX##_Sfs)(const D* pSrc, D* pDst, int len, STATE* p, int sf) {               \
+        return filter_sfs<K>(pSrc, pDst, len, p, sf);                                                          \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsIIR##SFX##_ISfs)(D * pSrcDst, int len, STATE* p, int sf) {                         \
+        return filter_sfs<K>(pSrcDst, pSrcDst, len, p, sf);                                                    \
+    }                                                                                                          \
+    ZAMS_FN(zamStatus, zamsIIROne##SFX##_Sfs)(D src, D * pDstVal, STATE * p, int sf) {                        \
+        return filter_one_sfs<K>(src, pDstVal, p, sf);                                                         \
+    }
+
+ZAMS_IIR_SFS_FNS(32f_16s, ZamsIIRState32f_16s, Zam16s, K32f16s)
+ZAMS_IIR_SFS_FNS(64f_16s, ZamsIIRState64f_16s, Zam16s, K64f16s)
+ZAMS_IIR_SFS_FNS(64f_32s, ZamsIIRState64f_32s, Zam32s, K64f32s)
+ZAMS_IIR_SFS_FNS(32fc_16sc, ZamsIIRState32fc_16sc, Zam16sc, K32fc16sc)
+ZAMS_IIR_SFS_FNS(64fc_16sc, ZamsIIRState64fc_16sc, Zam16sc, K64fc16sc)
+ZAMS_IIR_SFS_FNS(64fc_32sc, ZamsIIRState64fc_32sc, Zam32sc, K64fc32sc)

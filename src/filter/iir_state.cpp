@@ -95,6 +95,7 @@ template <class K> zamStatus set_taps(const typename K::taps* pTaps, void* p) {
     zamStatus s;
     Hdr* h = state_of<Hdr>(p, {K::ids[0], K::ids[1], K::ids[2]}, s);
     if (s) return s;
+    if constexpr (K::block) settle_line(h);  // the line the old taps left
     s = put_taps<K>(h, form_of<K>(h), pTaps);
     if constexpr (K::block) build_tables(h);  // from what is stored, a refused call too
     return s;
@@ -105,6 +106,8 @@ template <class K> zamStatus get_dly(typename K::taps* pDly, const void* p) {
     zamStatus s;
     const Hdr* h = state_of<Hdr>(const_cast<void*>(p), {K::ids[0], K::ids[1], K::ids[2]}, s);
     if (s) return s;
+    if constexpr (K::block)
+        if (line_from_rows(h, pDly)) return zamStatusOk;
     std::memcpy(pDly, at<typename K::taps>(h, h->offDly), size_t(h->dlyLen) * sizeof(typename K::taps));
     return zamStatusOk;
 }
@@ -113,6 +116,7 @@ template <class K> zamStatus set_dly(const typename K::taps* pDly, void* p) {
     zamStatus s;
     Hdr* h = state_of<Hdr>(p, {K::ids[0], K::ids[1], K::ids[2]}, s);
     if (s) return s;
+    if constexpr (K::block) h->fill = 0;
     put_dly<K>(h, pDly);
     return zamStatusOk;
 }

@@ -17,11 +17,18 @@ namespace {
 
 using design_ref::kFir;
 using design_ref::kIir;
+using design_ref::kKaiser;
+using design_ref::kKaiserOrder;
 
 using FirFn = zamStatus (*)(Zam64f, Zam64f, Zam64f*, int, zamWinType, int);
 zamStatus low(Zam64f f, Zam64f, Zam64f* t, int n, zamWinType w, int k) { return zamsFIRGenLowpass_64f(f, t, n, w, k); }
 zamStatus high(Zam64f f, Zam64f, Zam64f* t, int n, zamWinType w, int k) { return zamsFIRGenHighpass_64f(f, t, n, w, k); }
 const FirFn kFirFns[] = {low, high, zamsFIRGenBandpass_64f, zamsFIRGenBandstop_64f};
+
+using KaiserFn = zamStatus (*)(Zam64f, Zam64f, Zam64f*, int, Zam64f, int);
+zamStatus lowK(Zam64f f, Zam64f, Zam64f* t, int n, Zam64f b, int k) { return zamsFIRGenLowpassKaiser_64f(f, t, n, b, k); }
+zamStatus highK(Zam64f f, Zam64f, Zam64f* t, int n, Zam64f b, int k) { return zamsFIRGenHighpassKaiser_64f(f, t, n, b, k); }
+const KaiserFn kKaiserFns[] = {lowK, highK, zamsFIRGenBandpassKaiser_64f, zamsFIRGenBandstopKaiser_64f};
 
 using IirFn = zamStatus (*)(Zam64f, Zam64f, int, Zam64f*, zamIIRFilterType);
 const IirFn kArFns[] = {zamsIIRGenLowpass_64f, zamsIIRGenHighpass_64f};
@@ -32,6 +39,13 @@ int sections(int order) { return (order + 1) / 2; }
 std::vector<double> fir(const design_ref::FirCase& c, zamStatus* s = nullptr) {
     std::vector<double> t(c.len);
     zamStatus r = kFirFns[c.kind](c.f1, c.f2, t.data(), c.len, zamWinType(c.win), c.normal);
+    if (s) *s = r;
+    else EXPECT_EQ(r, zamStatusOk);
+    return t;
+}
+std::vector<double> kaiser(const design_ref::KaiserCase& c, zamStatus* s = nullptr) {
+    std::vector<double> t(c.len);
+    zamStatus r = kKaiserFns[c.kind](c.f1, c.f2, t.data(), c.len, c.beta, c.normal);
     if (s) *s = r;
     else EXPECT_EQ(r, zamStatusOk);
     return t;
@@ -58,6 +72,49 @@ TEST(Design, FirMatchesReference) {
         const auto& c = kFir[i];
         expect_close(fir(c), c.taps, c.len, "FIR", int(i));
     }
+}
+
+TEST(Design, KaiserMatchesReference) {
+    for (size_t i = 0; i < std::size(kKaiser); ++i) {
+        const auto& c = kKaiser[i];
+        expect_close(kaiser(c), c.taps, c.len, "Kaiser", int(i));
+    }
+}
+
+// Lengths exactly; shapes to 1e-12 relative (the shape's power in the
+// library's own log and exp).
+TEST(Design, KaiserOrderMatchesReference) {
+    for (const auto& c : kKaiserOrder) {
+        int len = -1;
+        double beta = -1;
+        ASSERT_EQ(zamsFIRKaiserOrder_64f(c.att, c.width, &len, &beta), zamStatusOk) << c.att;
+        EXPECT_EQ(len, c.len) << c.att << " dB, width " << c.width;
+        EXPECT_NEAR(beta, c.beta, 1e-12 * c.beta) << c.att << " dB";
+    }
+}
+
+// A Kaiser window of shape 0 is no window; a designed filter reaches the
+// attenuation its estimate was made for, within the estimate's few dB.
+TEST(Design, KaiserShapeZeroAndEstimateMeetsAttenuation) {
+    for (int kind = 0; kind < 4; ++kind) {
+        std::vector<double> a(31), b(31);
+        ASSERT_EQ(kKaiserFns[kind](0.1, 0.3, a.data(), 31, 0.0, 1), zamStatusOk);
+        ASSERT_EQ(kFirFns[kind](0.1, 0.3, b.data(), 31, zamWinRect, 1), zamStatusOk);
+        EXPECT_EQ(a, b) << kind;
+    }
+    int len = 0;
+    double beta = 0;
+    ASSERT_EQ(zamsFIRKaiserOrder_64f(70.0, 0.05, &len, &beta), zamStatusOk);
+    len |= 1;
+    std::vector<double> t(len);
+    ASSERT_EQ(zamsFIRGenLowpassKaiser_64f(0.2, t.data(), len, beta, 1), zamStatusOk);
+    double worst = 0;  // the stop band starts half a transition width above the cutoff
+    for (double f = 0.225; f < 0.5; f += 0.0005) {
+        std::complex<long double> h = 0;
+        for (int n = 0; n < len; ++n) h += (long double)t[n] * std::polar(1.0L, -2.0L * M_PIl * f * n);
+        worst = std::fmax(worst, double(std::abs(h)));
+    }
+    EXPECT_LT(20 * std::log10(worst), -67.0);  // the estimate is empirical: within a few dB
 }
 
 // The response H(e^jw) of AR taps or of a cascade, in long double.
@@ -151,6 +208,12 @@ TEST(Design, Statuses) {
     auto F = [&](int kind, double f1, double f2, int len, int win, double* p = nullptr) {
         return kFirFns[kind](f1, f2, p ? p : t.data(), len, zamWinType(win), 1);
     };
+    auto K = [&](int kind, double f1, double f2, int len, double beta, double* p = nullptr) {
+        return kKaiserFns[kind](f1, f2, p ? p : t.data(), len, beta, 0);
+    };
+    int len = 7;
+    double beta = 7;
+    auto O = [&](double att, double width, int* pl, double* pb) { return zamsFIRKaiserOrder_64f(att, width, pl, pb); };
     auto I = [&](bool bq, int hp, double f, double rp, int order, int type) {
         return (bq ? kBqFns : kArFns)[hp](f, rp, order, t.data(), zamIIRFilterType(type));
     };
@@ -173,6 +236,21 @@ TEST(Design, Statuses) {
         {F(2, 0.1, 0.6, 21, 0), zamStatusBadRelativeFreq, "upper edge above 0.5"},
         {F(0, 0.1, 0, 21, 5), zamStatusBadArgument, "window 5"},
         {F(0, 0.1, 0, 21, -1), zamStatusBadArgument, "window -1"},
+        {zamsFIRGenLowpassKaiser_64f(0.1, nullptr, 0, nan, 1), zamStatusNullPointer, "Kaiser null before length"},
+        {K(0, 0.1, 0, 2, 1), zamStatusBadTapsLength, "Kaiser 2 taps"},
+        {K(3, 0.1, 0.2, 20, 1), zamStatusBadTapsLength, "Kaiser even band-stop"},
+        {K(2, 0.2, 0.1, 21, nan), zamStatusBadRelativeFreq, "Kaiser frequency before shape"},
+        {K(0, 0.1, 0, 21, -0.5), zamStatusBadArgument, "negative shape"},
+        {K(1, 0.1, 0, 21, nan), zamStatusBadArgument, "shape NaN"},
+        {K(2, 0.1, 0.2, 21, 700.5), zamStatusBadArgument, "shape above 700"},
+        {O(60, 0.1, nullptr, &beta), zamStatusNullPointer, "estimate, null length"},
+        {O(60, 0.1, &len, nullptr), zamStatusNullPointer, "estimate, null shape"},
+        {O(nan, 0.0, &len, &beta), zamStatusBadRelativeFreq, "width before attenuation"},
+        {O(60, 0.5, &len, &beta), zamStatusBadRelativeFreq, "width 0.5"},
+        {O(7.9, 0.1, &len, &beta), zamStatusBadArgument, "attenuation below 8 dB"},
+        {O(nan, 0.1, &len, &beta), zamStatusBadArgument, "attenuation NaN"},
+        {O(1000.5, 0.1, &len, &beta), zamStatusBadArgument, "attenuation above 1000 dB"},
+        {O(1000, 1e-9, &len, &beta), zamStatusBadArgument, "length past the int range"},
         {I(false, 0, 0.1, 1, 0, 0), zamStatusBadFilterOrder, "order 0"},
         {I(true, 1, 0.1, 1, 65, 0), zamStatusBadFilterOrder, "order 65"},
         {I(false, 1, nan, 1, 2, 9), zamStatusBadRelativeFreq, "frequency before type"},
@@ -183,6 +261,7 @@ TEST(Design, Statuses) {
     };
     for (const Row& r : rows) EXPECT_EQ(r.got, r.want) << r.what;
     EXPECT_EQ(t, fresh) << "an error wrote the taps";
+    EXPECT_TRUE(len == 7 && beta == 7) << "an error wrote the estimate";
     // A Butterworth filter does not read the ripple.
     EXPECT_EQ(I(true, 0, 0.1, nan, 3, 0), zamStatusOk);
     EXPECT_TRUE(std::isfinite(t[0]));
@@ -208,6 +287,13 @@ ZAMS_DIGEST(design) {
     }
     for (const auto& c : kIir)
         for (bool bq : {false, true}) d.add(iir(c, bq));
+    for (const auto& c : kKaiser) d.add(kaiser(c));
+    for (const auto& c : kKaiserOrder) {
+        int len = 0;
+        double beta = 0;
+        d.status(zamsFIRKaiserOrder_64f(c.att, c.width, &len, &beta));
+        d.add(std::vector<double>{double(len), beta});
+    }
 }
 
 }  // namespace
