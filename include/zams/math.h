@@ -171,8 +171,6 @@ ZAMSAPI zamStatus zamsMagnitude_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, 
 ZAMSAPI zamStatus zamsMagnitude_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len);
 ZAMSAPI zamStatus zamsMagnitude_16sc_Sfs(const Zam16sc* pSrc, Zam16s* pDst, int len, int scaleFactor);
 ZAMSAPI zamStatus zamsMagnitude_16s_Sfs(const Zam16s* pSrcRe, const Zam16s* pSrcIm, Zam16s* pDst, int len, int scaleFactor);
-/* |z| of integer pairs as float, correctly rounded. */
-ZAMSAPI zamStatus zamsMagnitude_16sc32f(const Zam16sc* pSrc, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsPowerSpectr_32fc(const Zam32fc* pSrc, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsPowerSpectr_64fc(const Zam64fc* pSrc, Zam64f* pDst, int len);
 ZAMSAPI zamStatus zamsPowerSpectr_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len);
@@ -184,8 +182,6 @@ ZAMSAPI zamStatus zamsPhase_32fc(const Zam32fc* pSrc, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsPhase_64fc(const Zam64fc* pSrc, Zam64f* pDst, int len);
 ZAMSAPI zamStatus zamsPhase_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsPhase_64f(const Zam64f* pSrcRe, const Zam64f* pSrcIm, Zam64f* pDst, int len);
-/* atan2(im, re) of integer pairs as float, within an ulp; 0 + i0 gives 0. */
-ZAMSAPI zamStatus zamsPhase_16sc32f(const Zam16sc* pSrc, Zam32f* pDst, int len);
 ZAMSAPI zamStatus zamsCartToPolar_32fc(const Zam32fc* pSrc, Zam32f* pDstMagn, Zam32f* pDstPhase, int len);
 ZAMSAPI zamStatus zamsCartToPolar_64fc(const Zam64fc* pSrc, Zam64f* pDstMagn, Zam64f* pDstPhase, int len);
 ZAMSAPI zamStatus zamsCartToPolar_32f(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDstMagn, Zam32f* pDstPhase, int len);

@@ -1,7 +1,6 @@
 // Complex measures: Magnitude, Phase, CartToPolar and PowerSpectr of
 // complex vectors, given interleaved (32fc, 64fc, 16sc) or as separate real
-// and imaginary parts. 16sc parts are exact in single precision, so the
-// float kernels serve Magnitude_16sc32f and Phase_16sc32f.
+// and imaginary parts.
 #include <immintrin.h>
 
 #include <cstring>
@@ -194,10 +193,6 @@ ZAMS_FN(zamStatus, zamsMagnitude_32fc)(const Zam32fc* pSrc, Zam32f* pDst, int le
 ZAMS_FN(zamStatus, zamsMagnitude_64fc)(const Zam64fc* pSrc, Zam64f* pDst, int len) {
     return zams::magnitude_c(pSrc, pDst, len);
 }
-ZAMS_FN(zamStatus, zamsMagnitude_16sc32f)(const Zam16sc* pSrc, Zam32f* pDst, int len) {
-    return zams::magnitude_c(pSrc, pDst, len);
-}
-ZAMS_FN(zamStatus, zamsPhase_16sc32f)(const Zam16sc* pSrc, Zam32f* pDst, int len) { return zams::phase_c(pSrc, pDst, len); }
 ZAMS_FN(zamStatus, zamsMagnitude_32f)(const Zam32f* pSrcRe, const Zam32f* pSrcIm, Zam32f* pDst, int len) {
     if (zamStatus s = zams::check_args(len, pSrcRe, pSrcIm, pDst)) return s;
     zams::magnitude_parts_slice(pSrcRe, pSrcIm, pDst, len);
