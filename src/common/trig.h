@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cmath>
+#include <cstdint>
 
 namespace zams {
 
@@ -58,6 +59,16 @@ inline void sincospi(double x, double* s, double* c) {
 inline void sincospi_ratio(long long k, long long n, double* s, double* c) {
     // q = floor(2k / n + 1/2), as in sincospi; 2k - q n stays within n/2.
     long long num = 4 * k + n, den = 2 * n;
+    if (num == int32_t(num) && den == int32_t(den)) {
+        // The same integers in 32 bits (i386 divides and converts 64-bit
+        // integers in library calls): 2k - q n fits, so wrapping products
+        // give it exactly.
+        const int32_t nu = int32_t(num), de = int32_t(den);
+        const int32_t q = nu / de - (nu % de != 0 && nu < 0);
+        const int32_t rem = int32_t(uint32_t(2 * k) - uint32_t(q) * uint32_t(n));
+        sincospi_reduced(static_cast<double>(rem) / static_cast<double>(de), q, s, c);
+        return;
+    }
     long long q = num / den - (num % den != 0 && num < 0);
     double r = static_cast<double>(2 * k - q * n) / static_cast<double>(2 * n);
     sincospi_reduced(r, q, s, c);
