@@ -4,7 +4,10 @@
 // and has the same bits on i386 and x86-64. Within 2 ulp.
 #pragma once
 
+#include <immintrin.h>
+
 #include <cmath>
+#include <cstdint>
 
 namespace zams {
 
@@ -53,14 +56,61 @@ inline void sincospi(double x, double* s, double* c) {
     sincospi_reduced(x - q * 0.5, static_cast<long long>(q), s, c);
 }
 
-// s = sin(pi k / n), c = cos(pi k / n) for n > 0, reduced exactly in integers:
-// the table builders' form.
-inline void sincospi_ratio(long long k, long long n, double* s, double* c) {
+// k / n = q / 2 + r with |r| <= 1/4, for n > 0, reduced exactly in
+// integers: returns r and sets q.
+inline double reduce_ratio(long long k, long long n, long long* q) {
     // q = floor(2k / n + 1/2), as in sincospi; 2k - q n stays within n/2.
     long long num = 4 * k + n, den = 2 * n;
-    long long q = num / den - (num % den != 0 && num < 0);
-    double r = static_cast<double>(2 * k - q * n) / static_cast<double>(2 * n);
+    if (num == int32_t(num) && den == int32_t(den)) {
+        // The same integers in 32 bits (i386 divides and converts 64-bit
+        // integers in library calls): 2k - q n fits, so wrapping products
+        // give it exactly.
+        const int32_t nu = int32_t(num), de = int32_t(den);
+        const int32_t q32 = nu / de - (nu % de != 0 && nu < 0);
+        const int32_t rem = int32_t(uint32_t(2 * k) - uint32_t(q32) * uint32_t(n));
+        *q = q32;
+        return static_cast<double>(rem) / static_cast<double>(de);
+    }
+    *q = num / den - (num % den != 0 && num < 0);
+    return static_cast<double>(2 * k - *q * n) / static_cast<double>(den);
+}
+
+// s = sin(pi k / n), c = cos(pi k / n) for n > 0: the table builders' form.
+inline void sincospi_ratio(long long k, long long n, double* s, double* c) {
+    long long q;
+    const double r = reduce_ratio(k, n, &q);
     sincospi_reduced(r, q, s, c);
+}
+
+// cos(pi k[i] / n) for four numerators at once: the operations of
+// sincospi_ratio lane by lane, so every lane has its bits.
+inline __m256d cospi_ratio4(const long long (&k)[4], long long n) {
+    using namespace trig_detail;
+    alignas(32) double r[4];
+    alignas(32) long long sw[4], neg[4];
+    for (int i = 0; i < 4; ++i) {
+        long long q;
+        r[i] = reduce_ratio(k[i], n, &q);
+        const int quarter = int(q & 3);                  // cos after q quarter turns:
+        sw[i] = quarter & 1 ? -1 : 0;                    // sin(pi r) in odd quarters,
+        neg[i] = quarter == 1 || quarter == 2 ? -1 : 0;  // negated in the 2nd and 3rd
+    }
+    const __m256d rv = _mm256_load_pd(r), z = _mm256_mul_pd(rv, rv);
+    auto horner4 = [&](const auto& c) {
+        constexpr size_t N = sizeof(c) / sizeof(c[0]);
+        __m256d p = _mm256_set1_pd(c[N - 1]);
+        for (size_t i = N - 1; i-- > 0;) p = _mm256_add_pd(_mm256_mul_pd(p, z), _mm256_set1_pd(c[i]));
+        return p;
+    };
+    const __m256d sr = _mm256_add_pd(_mm256_mul_pd(rv, _mm256_set1_pd(kPiHi)),
+                                     _mm256_add_pd(_mm256_mul_pd(rv, _mm256_set1_pd(kPiLo)),
+                                                   _mm256_mul_pd(_mm256_mul_pd(rv, z), horner4(kSin))));
+    const __m256d cr = _mm256_add_pd(_mm256_set1_pd(1.0), _mm256_mul_pd(z, horner4(kCos)));
+    const __m256d sign = _mm256_set1_pd(-0.0);
+    __m256d c = _mm256_blendv_pd(cr, sr, _mm256_load_pd(reinterpret_cast<const double*>(sw)));
+    c = _mm256_xor_pd(c, _mm256_and_pd(sign, _mm256_load_pd(reinterpret_cast<const double*>(neg))));
+    // No negative zeros in tables.
+    return _mm256_andnot_pd(_mm256_and_pd(_mm256_cmp_pd(c, _mm256_setzero_pd(), _CMP_EQ_OQ), sign), c);
 }
 
 inline double cospi(double x) {

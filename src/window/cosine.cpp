@@ -25,9 +25,9 @@ void cosines(long long k, long long M, int n0, int cnt, int period, double* out)
     };
     const __m256d twice_c4 = _mm256_set1_pd(2.0 * cosine(4));
     for (int i = 0; i < cnt; i += 4 * period) {
-        long long n = n0 + i;
-        __m256d prev = _mm256_setr_pd(cosine(n - 4), cosine(n - 3), cosine(n - 2), cosine(n - 1));
-        __m256d cur = _mm256_setr_pd(cosine(n), cosine(n + 1), cosine(n + 2), cosine(n + 3));
+        const long long n = n0 + i, m = 2 * k;
+        __m256d prev = cospi_ratio4({m * (n - 4), m * (n - 3), m * (n - 2), m * (n - 1)}, M);
+        __m256d cur = cospi_ratio4({m * n, m * (n + 1), m * (n + 2), m * (n + 3)}, M);
         int end = cnt < i + 4 * period ? cnt : i + 4 * period;
         int j = i;
         for (; j + 4 <= end; j += 4) {

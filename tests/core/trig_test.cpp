@@ -1,4 +1,6 @@
 // The library's own sin(pi x) and cos(pi x), which every table is built from.
+#include <immintrin.h>
+
 #include <cmath>
 #include <utility>
 
@@ -17,9 +19,9 @@ double ulps(double got, long double want) {
 TEST(Trig, RatioFormWithinTwoUlp) {
     const long double pi = 3.141592653589793238462643383279502884L;
     double worst = 0;
-    for (int n : {3, 8, 12, 64, 1000, 4096, 1 << 20}) {
-        int step = n > 5000 ? 97 : 1;
-        for (int k = -n; k <= 2 * n; k += step) {
+    for (long long n : {3LL, 8LL, 12LL, 64LL, 1000LL, 4096LL, 1LL << 20, 3000000019LL}) {
+        long long step = n > 5000 ? 97 + n / 8192 : 1;
+        for (long long k = -n; k <= 2 * n; k += step) {
             double s, c;
             zams::sincospi_ratio(k, n, &s, &c);
             if ((n & (n - 1)) == 0) {  // k / n exact: the double form agrees
@@ -42,6 +44,24 @@ TEST(Trig, RatioFormWithinTwoUlp) {
         }
     }
     EXPECT_LE(worst, 2.0);
+}
+
+// The four-lane cosine gives the scalar form's bits in every lane: negative
+// numerators, every quarter (zeros included), and operands beyond 32 bits.
+TEST(Trig, FourLaneCosineMatchesScalar) {
+    for (long long n : {3LL, 8LL, 1000LL, 4095LL, 3000000019LL}) {
+        const long long step = n > 5000 ? n / 1013 : 1;
+        for (long long k = -2 * n; k <= 3 * n; k += 4 * step) {
+            const long long ks[4] = {k, k + step, k + 2 * step, k + 3 * step};
+            alignas(32) double got[4];
+            _mm256_store_pd(got, zams::cospi_ratio4(ks, n));
+            for (int i = 0; i < 4; ++i) {
+                double s, c;
+                zams::sincospi_ratio(ks[i], n, &s, &c);
+                ASSERT_EQ(zt::bits(got[i]), zt::bits(c)) << ks[i] << "/" << n;
+            }
+        }
+    }
 }
 
 TEST(Trig, ExactAtQuarterTurns) {
