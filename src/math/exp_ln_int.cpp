@@ -27,11 +27,7 @@ template <class T> T round_pair(Pair v, int64_t e) {
     if (top > 40) return traits<T>::max;
     if (top < -3) return T(0);  // below a quarter
     v = ddm::scale_pair(v, int(e));
-    double r = round_even(v.hi);
-    double rest = (v.hi - r) + v.lo;  // v.hi - r is exact
-    if (rest > 0.5) r += 1;
-    else if (rest < -0.5) r -= 1;
-    return saturate<T>(int64_t(r));
+    return saturate<T>(int64_t(dd::round_even(v)));
 }
 
 // e^x for an integer x as M 2^*k: x = n ln2 + r, |r| <= ln2/2, with n ln2

@@ -6,6 +6,8 @@
 
 #include <immintrin.h>
 
+#include "../round.h"
+
 namespace zams::dd {
 
 struct Pair {
@@ -15,6 +17,15 @@ struct Pair {
 inline Pair two_sum(double a, double b) {
     double s = a + b, bb = s - a;
     return {s, (a - (s - bb)) + (b - bb)};
+}
+// The integer nearest the pair's value, ties to even; |hi| below 2^52. hi - r
+// is exact, so the rest decides the cases hi alone rounds the wrong way.
+inline double round_even(Pair v) {
+    double r = zams::round_even(v.hi);
+    const double rest = (v.hi - r) + v.lo;
+    if (rest > 0.5) r += 1;
+    else if (rest < -0.5) r -= 1;
+    return r;
 }
 inline Pair fast_two_sum(double a, double b) {  // |a| >= |b|
     double s = a + b;
