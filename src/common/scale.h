@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "round.h"
 #include "types.h"
 
 namespace zams {
@@ -46,6 +47,14 @@ template <class T, class W> constexpr T shl_saturate(W r, int sf) {
 template <class T, class W> constexpr T scale_round_sat(W r, int sf) {
     if (sf > 0) return saturate<T>(shr_round_even(r, sf));
     return shl_saturate<T>(r, sf);
+}
+
+// A double rounded to nearest, ties to even, and saturated to the integer
+// type T (at most 32 bits); not-a-number gives `nan`.
+template <class T> inline T round_sat(double v, T nan = T(0)) {
+    if (v != v) return nan;
+    const double r = round_even(v);
+    return saturate<T>(int64_t(r < -0x1p62 ? -0x1p62 : r > 0x1p62 ? 0x1p62 : r));
 }
 
 // The rule with a divisor: the exact quotient r / (d 2^sf) rounded half to

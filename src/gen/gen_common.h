@@ -8,7 +8,7 @@
 #include <cstring>
 #include <type_traits>
 
-#include "../common/round.h"
+#include "../common/scale.h"
 #include "../common/spec.h"
 #include "../common/types.h"
 
@@ -68,7 +68,7 @@ template <class P> inline P phase_out(double next) {
 // lower bound).
 template <class T> inline T round_to(double v) {
     if constexpr (std::is_floating_point_v<T>) return T(v);
-    else return saturate<T>(int64_t(std::fmin(std::fmax(round_even(v), -0x1p62), 0x1p62)));
+    else return round_sat<T>(v, traits<T>::min);
 }
 
 // The fractional part of f * n, for 0 <= f < 1 and 0 <= n < 2^63, with the

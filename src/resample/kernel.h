@@ -9,7 +9,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "../common/round.h"
+#include "../common/scale.h"
 #include "../common/types.h"
 
 namespace zams::resample {
@@ -79,10 +79,7 @@ template <class T> inline float dot2(const T* x, const float* r0, const float* r
 // even, and saturated (not-a-number gives 0).
 template <class T> inline T to_sample(float v) {
     if constexpr (std::is_same_v<T, float>) return v;
-    else {
-        const double r = round_even(double(v));
-        return r != r ? T(0) : saturate<T>(int64_t(std::fmin(std::fmax(r, -65536.0), 65536.0)));
-    }
+    else return round_sat<T>(double(v));
 }
 
 }  // namespace zams::resample

@@ -92,13 +92,4 @@ template <class T> T scale_wide(I128 v, int sf) {
     return saturate<T>(int64_t(q.lo));
 }
 
-// A double rounded to nearest even and saturated to the integer type T.
-template <class T> T round_sat(double v) {
-    if (v != v) return T(0);
-    v = round_even(v);
-    if (v >= double(traits<T>::max)) return traits<T>::max;
-    if (v <= double(traits<T>::min)) return traits<T>::min;
-    return static_cast<T>(v);
-}
-
 }  // namespace zams::red

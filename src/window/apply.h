@@ -10,20 +10,15 @@
 #include <algorithm>
 #include <type_traits>
 
-#include "../common/round.h"
+#include "../common/scale.h"
 #include "../common/types.h"
 
 namespace zams::win {
 
-inline Zam16s to_16s(double v) {
-    v = round_even(v);
-    return static_cast<Zam16s>(v > 32767.0 ? 32767 : (v < -32768.0 ? -32768 : int(v)));
-}
-
 // One element times w, in the element's type; `scale` is 2^-sf for the
 // scaled integer form (1 otherwise).
 template <class P> inline P times(P x, double w, double scale) {
-    if constexpr (std::is_same_v<P, Zam16s>) return to_16s(double(x) * w * scale);
+    if constexpr (std::is_same_v<P, Zam16s>) return round_sat<Zam16s>(double(x) * w * scale);
     else return static_cast<P>(double(x) * w);
 }
 template <class T> inline T mul(const T& x, double w, double scale) {
