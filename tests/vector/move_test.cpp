@@ -101,10 +101,7 @@ TEST(Move, ComplexParts) {
     ASSERT_EQ(zamsImag_16sc(z, i2, 4), zamStatusOk);
     EXPECT_EQ(std::memcmp(r2, re, sizeof re), 0);
     EXPECT_EQ(std::memcmp(i2, im, sizeof im), 0);
-    ASSERT_EQ(zamsConj_16sc(z, cj, 4), zamStatusOk);
-    EXPECT_EQ(cj[0].im, 2);
-    EXPECT_EQ(cj[1].im, 32767);  // saturated
-    EXPECT_EQ(cj[2].im, -32767);
+    ASSERT_EQ(zamsConj_16sc(z, cj, 4), zamStatusOk);  // its saturation: FloatComplexPartsKeepBits
     ASSERT_EQ(zamsConjFlip_16sc(z, cf, 4), zamStatusOk);
     for (int i = 0; i < 4; ++i) EXPECT_EQ(std::memcmp(&cf[i], &cj[3 - i], sizeof(Zam16sc)), 0);
 
