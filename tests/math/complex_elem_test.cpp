@@ -297,10 +297,6 @@ TEST(ElementaryComplex, PowSpecialValues) {
     ASSERT_EQ(zamsPowx_64fc_I(-2.5, io64.data(), 200), zamStatusOk);
     for (int i = 0; i < 200; ++i) ASSERT_TRUE(mt::same(io32[i], p32[i]) && mt::same(io64[i], p64[i])) << i;
     EXPECT_TRUE(mt::same(io32[200], z32[200]) && mt::same(io64[200], z64[200]));
-    EXPECT_EQ(zamsPow_64fc(z64.data(), nullptr, p64.data(), 3), zamStatusNullPointer);
-    EXPECT_EQ(zamsPow_32fc(z32.data(), e32.data(), p32.data(), 0), zamStatusBadLength);
-    EXPECT_EQ(zamsPowx_64fc(z64.data(), 2.0, nullptr, 3), zamStatusNullPointer);
-    EXPECT_EQ(zamsPowx_32fc(z32.data(), 2.0f, p32.data(), -1), zamStatusBadLength);
 }
 
 TEST(ElementaryComplex, InPlaceAndChecks) {
@@ -315,8 +311,6 @@ TEST(ElementaryComplex, InPlaceAndChecks) {
         ASSERT_EQ(r.f64i(io64.data() + 1, 200), zamStatusOk);
         EXPECT_TRUE(mt::same(io32[0], z32[0]) && mt::same(io64[0], z64[0]));
         for (int i = 1; i < 201; ++i) ASSERT_TRUE(mt::same(io32[i], w32[i]) && mt::same(io64[i], w64[i])) << r.name << i;
-        EXPECT_EQ(r.f64(z64.data(), nullptr, 3), zamStatusNullPointer);
-        EXPECT_EQ(r.f32i(io32.data(), 0), zamStatusBadLength);
     }
 }
 

@@ -81,16 +81,6 @@ TEST(Cubrt, BothPrecisions) {
     cube_roots<Zam32f>(zamsCubrt_32f, zamsCubrt_32f_I, x);
 }
 
-TEST(Cubrt, Arguments) {
-    Zam64f v[1] = {8.0};
-    EXPECT_EQ(zamsCubrt_64f(nullptr, v, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsCubrt_64f(v, nullptr, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsCubrt_64f_I(nullptr, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsCubrt_64f(v, v, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsCubrt_64f_I(v, -3), zamStatusBadLength);
-    EXPECT_EQ(v[0], 8.0);
-}
-
 ZAMS_DIGEST(cubrt64) {
     auto x = samples(3000, 3);
     std::vector<Zam64f> y(x.size());

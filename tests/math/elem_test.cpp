@@ -88,8 +88,6 @@ TEST(Elementary, SpecialValues) {
     EXPECT_EQ(mt::ok(zamsLn_32f_I(f, 1), f[0]), -103.27893f);
     ASSERT_EQ(zamsExp_32f_I(f + 1, 2), zamStatusOk);
     EXPECT_EQ(mt::first(f + 1, 2), (std::vector<Zam32f>{INFINITY, 0.0f}));
-    EXPECT_EQ(zamsArctan_64f_I(nullptr, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsLn_32f(f, f, 0), zamStatusBadLength);
 }
 
 // Vector groups, scalar steps and groups holding an argument outside the
@@ -116,7 +114,7 @@ TEST(Elementary, VectorAndScalarStepsAgree) {
     for (auto* v : {&d, &e})
         for (auto [fn, name] : {std::pair{&zamsExp_64f, "exp64"}, {&zamsArctan_64f, "atan64"}}) mt::steps_agree<Zam64f>(fn, *v, 9, name);
     // in place from an odd start gives the out-of-place bits
-    for (auto [fn, fn_i] : {std::pair{&zamsExp_64f, &zamsExp_64f_I}, {&zamsLn_64f, &zamsLn_64f_I}}) {
+    for (auto [fn, fn_i] : {std::pair{&zamsExp_64f, &zamsExp_64f_I}, {&zamsLn_64f, &zamsLn_64f_I}, {&zamsArctan_64f, &zamsArctan_64f_I}}) {
         std::vector<Zam64f> wd(600), iod = e;
         ASSERT_EQ(fn(e.data(), wd.data(), 600), zamStatusOk);
         ASSERT_EQ(fn_i(iod.data() + 1, 599), zamStatusOk);
@@ -293,10 +291,6 @@ TEST(IntegerExp, InPlaceSaturationAndLnWarnings) {
     EXPECT_EQ(mt::first(r, 3), (std::vector<Zam32s>{1687618, INT_MIN, INT_MIN}));  // 2^20 ln 5 = 1687617.97
     EXPECT_EQ(zamsLn_32s_ISfs(b, 3, 0), zamStatusWarnLnNegative);
     EXPECT_EQ(b[0], 2);
-    EXPECT_EQ(zamsExp_32s_Sfs(nullptr, r, 3, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsExp_16s_ISfs(e16, 0, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsLn_32s_Sfs(a, nullptr, 3, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsLn_32s_ISfs(a, -1, 0), zamStatusBadLength);
 }
 
 ZAMS_DIGEST(elementary) {

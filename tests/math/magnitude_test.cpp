@@ -51,10 +51,6 @@ TEST(Magnitude, SpecialValues) {
     ASSERT_EQ(zamsMagnitude_64fc(xd, yd, 2), zamStatusOk);
     EXPECT_EQ(yd[0], INFINITY);
     EXPECT_NEAR(yd[1] / 1e300, std::sqrt(2.0), 1e-15);
-    EXPECT_EQ(zamsMagnitude_32f(nullptr, y, y, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsMagnitude_16sc_Sfs(reinterpret_cast<Zam16sc*>(x), nullptr, 0, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsMagnitude_16s_Sfs(reinterpret_cast<Zam16s*>(x), reinterpret_cast<Zam16s*>(x),
-                                    reinterpret_cast<Zam16s*>(y), 0, 0), zamStatusBadLength);
 }
 
 // Integer magnitudes: exact round(|z| 2^-sf), checked by bracketing with
@@ -92,8 +88,6 @@ TEST(PowerSpectr, SumsOfSquares) {
     Zam64f yd[1], rd[1] = {2}, id[1] = {-1};
     EXPECT_EQ(mt::ok(zamsPowerSpectr_64fc(xd, yd, 1), yd[0]), 25.0);
     EXPECT_EQ(mt::ok(zamsPowerSpectr_64f(rd, id, yd, 1), yd[0]), 5.0);
-    EXPECT_EQ(zamsPowerSpectr_64f(rd, nullptr, yd, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsPowerSpectr_32fc(x, y, -1), zamStatusBadLength);
 }
 
 #ifdef ZAMS_TEST_MPFR
@@ -136,8 +130,7 @@ TEST(Phase, SpecialValuesAndCartToPolar) {
     }
     Zam64fc n{NAN, 1};
     Zam64f y;
-    zamsPhase_64fc(&n, &y, 1);
-    EXPECT_TRUE(std::isnan(y));
+    EXPECT_TRUE(std::isnan(mt::ok(zamsPhase_64fc(&n, &y, 1), y)));
 
     // CartToPolar gives what Magnitude and Phase give.
     auto p = zt::random_reals<Zam32f>(600, 7);
@@ -155,11 +148,6 @@ TEST(Phase, SpecialValuesAndCartToPolar) {
     agree(Zam32f{}, zamsCartToPolar_32f, zamsMagnitude_32f, zamsPhase_32f, &p[0], &p[300]);
     agree(Zam64f{}, zamsCartToPolar_64fc, zamsMagnitude_64fc, zamsPhase_64fc, cd);
     agree(Zam64f{}, zamsCartToPolar_64f, zamsMagnitude_64f, zamsPhase_64f, &pd[0], &pd[300]);
-    std::vector<Zam32f> m(300);
-    std::vector<Zam64f> md(300);
-    EXPECT_EQ(zamsCartToPolar_32fc(c, m.data(), nullptr, 300), zamStatusNullPointer);
-    EXPECT_EQ(zamsCartToPolar_64f(pd.data(), pd.data(), md.data(), md.data(), 0), zamStatusBadLength);
-    EXPECT_EQ(zamsPhase_32fc(c, nullptr, 3), zamStatusNullPointer);
 }
 
 ZAMS_DIGEST(magnitude) {

@@ -134,7 +134,7 @@ TEST(PolarToCart, AgreesWithLongDouble) {
 }
 
 // Special values; bad arguments are rejected before anything is written.
-TEST(PolarToCart, SpecialValuesAndArguments) {
+TEST(PolarToCart, SpecialValues) {
     const double inf = INFINITY, nan = NAN;
     Zam64f m[8] = {2, 2, 2, -3, 0, inf, 5, 1e-320};
     Zam64f p[8] = {inf, -inf, nan, 0, -1, 0, -0.0, 0.5};
@@ -149,17 +149,6 @@ TEST(PolarToCart, SpecialValuesAndArguments) {
     EXPECT_TRUE(std::isnan(re[0]) && std::isnan(im[0]) && std::isnan(re[1]) && std::isnan(im[1]));
     EXPECT_EQ(re[2], -4.0f);
     EXPECT_EQ(im[2], Zam32f(4 * std::sin((long double)3.14159265f)));
-    Zam64f v[2] = {1, 2}, w[2] = {7, 7};
-    Zam64fc c[1] = {{7, 7}};
-    EXPECT_EQ(zamsPolarToCart_64f(nullptr, v, w, w, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, nullptr, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_64fc(v, nullptr, c, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_32fc(nullptr, nullptr, nullptr, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsPolarToCart_64f(v, v, w, w, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsPolarToCart_64fc(v, v, c, -1), zamStatusBadLength);
-    Zam32f f[2] = {1, 1};
-    EXPECT_EQ(zamsPolarToCart_32f(f, f, f, f, -5), zamStatusBadLength);
-    EXPECT_TRUE(w[0] == 7.0 && c[0].re == 7.0 && f[0] == 1.0f);  // nothing written
 }
 
 // Four-lane steps, element steps and groups the vector step declines (a

@@ -26,14 +26,14 @@ TEST(Sqrt, FloatMatchesIeee) {
     std::vector<Zam32f> io = f;
     ASSERT_EQ(zamsSqrt_32f_I(io.data(), 300), zamStatusOk);
     EXPECT_EQ(io[7], Zam32f(std::sqrt(double(f[7]))));
+    std::vector<Zam64f> iod = g;
+    ASSERT_EQ(zamsSqrt_64f_I(iod.data(), 300), zamStatusOk);
+    EXPECT_EQ(iod[9], std::sqrt(g[9]));
     const float inf = INFINITY;
     Zam32f x[] = {-0.0f, 0.0f, -1.0f, inf, -inf, NAN, 1e-45f, 4.0f}, y[8];
     const Zam32f want[] = {-0.0f, 0.0f, NAN, inf, NAN, NAN, std::sqrt(1e-45f), 2.0f};
     ASSERT_EQ(zamsSqrt_32f(x, y, 8), zamStatusOk);
     for (int i = 0; i < 8; ++i) EXPECT_TRUE(mt::same(y[i], want[i])) << x[i];
-    EXPECT_EQ(zamsSqrt_32f(x, nullptr, 8), zamStatusNullPointer);
-    EXPECT_EQ(zamsSqrt_64f_I(nullptr, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsSqrt_64f(reinterpret_cast<Zam64f*>(x), reinterpret_cast<Zam64f*>(y), 0), zamStatusBadLength);
 }
 
 // Every 16-bit source at every useful scale factor.

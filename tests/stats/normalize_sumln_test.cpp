@@ -223,26 +223,16 @@ TEST(Normalize, ChecksAndZeroDivisor) {
 
     EXPECT_EQ(zamsNormalize_32f(sf, df, 4, 0, 0.0f), zamStatusDivideByZero);
     EXPECT_EQ(zamsNormalize_32f(sf, df, 4, 0, -0.0f), zamStatusDivideByZero);
-    EXPECT_EQ(zamsNormalize_32f(nullptr, df, 4, 0, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsNormalize_32f(sf, df, 0, 0, 0), zamStatusBadLength);
     EXPECT_EQ(zamsNormalize_32f_I(df, 4, 1, 0), zamStatusDivideByZero);
-    EXPECT_EQ(zamsNormalize_32f_I(nullptr, -1, 1, 0), zamStatusNullPointer);
     EXPECT_EQ(zamsNormalize_64f(sr, dr, 4, 0, 0.0), zamStatusDivideByZero);
-    EXPECT_EQ(zamsNormalize_64f(sr, nullptr, 0, 0, 1), zamStatusNullPointer);
-    EXPECT_EQ(zamsNormalize_64f_I(dr, -2, 0, 0), zamStatusBadLength);
     EXPECT_EQ(zamsNormalize_32fc(reinterpret_cast<const Zam32fc*>(src), reinterpret_cast<Zam32fc*>(d), 4, {1, 1}, {0, -0.0f}), zamStatusDivideByZero);
     EXPECT_EQ(zamsNormalize_32fc_I(reinterpret_cast<Zam32fc*>(d), 4, {}, {}), zamStatusDivideByZero);
-    EXPECT_EQ(zamsNormalize_32fc_I(nullptr, 0, {}, {}), zamStatusNullPointer);
     EXPECT_EQ(zamsNormalize_64fc(src, d, 4, {}, {0, 0}), zamStatusDivideByZero);
-    EXPECT_EQ(zamsNormalize_64fc(src, d, 0, {}, {0, 0}), zamStatusBadLength);
     EXPECT_EQ(zamsNormalize_64fc_I(d, 4, {}, {}), zamStatusDivideByZero);
     EXPECT_EQ(zamsNormalize_16s_Sfs(ss, ds, 4, 0, 0, 0), zamStatusDivideByZero);
-    EXPECT_EQ(zamsNormalize_16s_Sfs(ss, nullptr, 4, 0, 0, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsNormalize_16s_ISfs(ds, 0, 0, 0, 0), zamStatusBadLength);
     EXPECT_EQ(zamsNormalize_16s_ISfs(ds, 4, 0, 0, 3), zamStatusDivideByZero);
     EXPECT_EQ(zamsNormalize_16sc_Sfs(reinterpret_cast<const Zam16sc*>(src), reinterpret_cast<Zam16sc*>(d), 4, {}, 0, 0), zamStatusDivideByZero);
     EXPECT_EQ(zamsNormalize_16sc_ISfs(reinterpret_cast<Zam16sc*>(d), 4, {}, 0, -1), zamStatusDivideByZero);
-    EXPECT_EQ(zamsNormalize_16sc_ISfs(nullptr, 4, {}, 0, -1), zamStatusNullPointer);
     EXPECT_TRUE(buf.guards_intact());
 }
 
