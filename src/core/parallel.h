@@ -89,26 +89,18 @@ template <class Step, class Then> void run_steps(int len, int threshold, Step&& 
 
 // Length at or above which each parallel operation splits its vector.
 namespace threshold {
-// Starting the team costs about 1 us on x86-64 and 20 us on i386 (its
-// OpenMP runtime wakes the second thread far more slowly); the crossovers
-// measured for each target.
-inline constexpr int per_target(int x86_64, int i386) {
-#if defined(__x86_64__)
-    (void)i386;
-    return x86_64;
-#else
-    (void)x86_64;
-    return i386;
-#endif
-}
-inline constexpr int Div_32f = per_target(4096, 262144), DivCRev_32f = 4096;
+// The lengths are part of the interface. Below them a team's start-up costs
+// more than the arithmetic; on i386 the OpenMP runtime wakes the second
+// thread far more slowly (about 8 us against 0.5 us on x86-64), so there the
+// shortest forked calls run slower than on one thread.
+inline constexpr int Div_32f = 4096, DivCRev_32f = 4096;
 inline constexpr int Div_32fc = 1024, Div_64f = 1024, Div_64fc = 1024;
 inline constexpr int Div_Round_16s = 1024, Div_Round_16u = 1024, Div_Round_8u = 512;
 inline constexpr int DivCRev_16u = 2048;
-inline constexpr int Div_8u = 1024, Div_16s = per_target(1024, 65536), Div_32s = 1024, Div_32s16s = 1024, DivC_16sc = 1024;
+inline constexpr int Div_8u = 1024, Div_16s = 1024, Div_32s = 1024, Div_32s16s = 1024, DivC_16sc = 1024;
 inline constexpr int Div_16sc = 256;
 inline constexpr int DivC_16s = 4096, DivC_8u = 4096;
-inline constexpr int Sqrt_32f = per_target(16384, 262144);
+inline constexpr int Sqrt_32f = 4096;
 inline constexpr int Sqrt_8u = 2048, Sqrt_16s = 2048, Sqrt_16u = 2048;
 inline constexpr int Sqrt_32s16s = 1024;
 inline constexpr int Sqrt_32fc = 512, Sqrt_64f = 512, Sqrt_64s16s = 512;
@@ -117,7 +109,7 @@ inline constexpr int Sqrt_64fc = 64;
 inline constexpr int Threshold_LTInv_32f = 8192;
 inline constexpr int Threshold_LTInv_32fc = 2048, Threshold_LTInv_64f = 2048;
 inline constexpr int Threshold_LTInv_64fc = 512;
-inline constexpr int Magnitude_16s = 2048, Magnitude_16sc = 2048, Magnitude_32fc = per_target(2048, 65536);
+inline constexpr int Magnitude_16s = 2048, Magnitude_16sc = 2048, Magnitude_32fc = 2048;
 inline constexpr int SortRadix_32 = 8192, SortRadix_64f = 4096;
 }  // namespace threshold
 
