@@ -123,25 +123,6 @@ TEST(Fir32f, BlocksOfRandomSizesEqualOneCall) {
     }
 }
 
-TEST(Fir32f, NeighbouringPathsAgree) {
-    // 31 taps (broadcast kernel) and the same taps with a zero 32nd (copies kernel).
-    auto t31 = fm::rand_f(31, 1), x = fm::rand_f(777, 2);
-    auto t32 = t31;
-    t32.push_back(0.0f);
-    State a(t31), b(t32);
-    std::vector<float> ya(x.size()), yb(x.size());
-    ASSERT_EQ(zamsFIR_32f(x.data(), ya.data(), 777, a.p), 0);
-    ASSERT_EQ(zamsFIR_32f(x.data(), yb.data(), 777, b.p), 0);
-    for (size_t i = 0; i < x.size(); ++i) ASSERT_NEAR(ya[i], yb[i], 2e-6f * 8) << i;
-    // 100 taps: 511 samples directly, 512 through the FFT; the first 511 agree.
-    auto t = fm::rand_f(100, 3), z = fm::rand_f(512, 4);
-    State c(t), d(t);
-    std::vector<float> yc(512), yd(512);
-    ASSERT_EQ(zamsFIR_32f(z.data(), yc.data(), 511, c.p), 0);
-    ASSERT_EQ(zamsFIR_32f(z.data(), yd.data(), 512, d.p), 0);
-    for (int i = 0; i < 511; ++i) ASSERT_NEAR(yc[size_t(i)], yd[size_t(i)], 1e-5f) << i;
-}
-
 TEST(Fir32f, TwoThreadsGiveTheBitsOfOne) {
     auto taps = fm::rand_f(1024, 9);
     auto x = fm::rand_f(50000, 10);
@@ -215,19 +196,6 @@ TEST(Fir32f, DirectFormIsItsStatedArithmetic) {
             ASSERT_EQ(zamsFIROne_Direct_32f_I(&v, taps.data(), L, dl.data(), &i2), 0);
             ASSERT_EQ(idx, (midx + 1) % L);
         }
-    }
-}
-
-// The state form equals the Direct form up to rounding.
-TEST(Fir32f, StateFormEqualsDirectForm) {
-    for (int L : {5, 40, 200}) {
-        auto taps = fm::rand_f(L, 1), x = fm::rand_f(2000, 2);
-        State st(taps);
-        std::vector<float> dl(size_t(2 * L), 0.0f), a(x.size()), b(x.size());
-        int idx = 0;
-        ASSERT_EQ(zamsFIR_32f(x.data(), a.data(), 2000, st.p), 0);
-        ASSERT_EQ(zamsFIR_Direct_32f(x.data(), b.data(), 2000, taps.data(), L, dl.data(), &idx), 0);
-        for (size_t i = 0; i < x.size(); ++i) ASSERT_NEAR(a[i], b[i], 2e-5f) << i;
     }
 }
 

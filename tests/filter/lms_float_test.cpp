@@ -73,14 +73,6 @@ TEST(LmsDirect32f, MatchesTheStepModelBitForBit) {
     }
 }
 
-TEST(LmsDirect32f, TapsLenOne) {
-    float tap = 0.5f, line[2] = {0, 0}, y = 0;
-    int idx = 0;
-    ASSERT_EQ(zamsFIRLMSOne_Direct_32f(2.f, 3.f, &y, &tap, 1, 0.25f, line, &idx), 0);
-    EXPECT_EQ(y, 1.f);                               // 0.5 x 2
-    EXPECT_EQ(tap, 0.5f + 2.f * (2 * 0.25f) * 2.f);  // + src x 2 mu (ref - y)
-}
-
 // A delay-line index outside [0, tapsLen) is refused; nothing changes.
 TEST(LmsDirect32f, BadIndexRefused) {
     float t[4] = {1, 2, 3, 4}, l[8] = {}, y = -7;
