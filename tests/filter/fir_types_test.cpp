@@ -2,7 +2,8 @@
 // against a long double sum (floating data) or to the bit against a model
 // of the sum and the conversion rules (integer data), blocks against one
 // call, in place, one sample at a time, the Direct forms against the state
-// forms, taps and delay line round trips, and foreign states.
+// forms and each other, taps and delay line round trips, and the float-taps
+// integer states against their integer-taps siblings.
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -20,8 +21,9 @@ using fm::same;
 using fm::vec;
 
 // One pair's exports behind one signature each (factor and scale factor
-// passed where the pair takes them).
-#define PAIR(NAME, SUF, ST, TT, DT, RUN, ONE, F, FA, FV, SA, SV, DIRECT)                                          \
+// passed where the pair takes them): the state forms and the Direct forms.
+#define PAIR(...) PAIR_DEF(__VA_ARGS__)  // lets DIRECTS(...) expand to its four names first
+#define PAIR_DEF(NAME, SUF, ST, TT, DT, RUN, RUN_I, ONE, F, FA, SV, DIR, DIR_I, DONE, DONE_I)                     \
     struct NAME {                                                                                               \
         using T = TT;                                                                                           \
         using D = DT;                                                                                           \
@@ -29,67 +31,88 @@ using fm::vec;
         static constexpr const char* name = #SUF;                                                               \
         static constexpr bool factor = F;                                                                       \
         static zamStatus size(int n, int* s) { return zamsFIRGetStateSize##SUF(n, s); }                         \
-        static zamStatus init(S** p, const T* t, int n, int f, const D* d, Zam8u* b) {                          \
-            (void)f;                                                                                            \
-            return zamsFIRInit##SUF(p, t, n FA, d, b);                                                          \
+        static zamStatus init(S** p, const T* t, int n, [[maybe_unused]] int f, const D* d, Zam8u* b) {         \
+            return zamsFIRInit##SUF(p, t, n FA(), d, b);                                                          \
         }                                                                                                       \
-        static zamStatus init_alloc(S** p, const T* t, int n, int f, const D* d) {                              \
-            (void)f;                                                                                            \
-            return zamsFIRInitAlloc##SUF(p, t, n FA, d);                                                        \
+        static zamStatus init_alloc(S** p, const T* t, int n, [[maybe_unused]] int f, const D* d) {             \
+            return zamsFIRInitAlloc##SUF(p, t, n FA(), d);                                                        \
         }                                                                                                       \
         static zamStatus free(S* p) { return zamsFIRFree##SUF(p); }                                             \
-        static zamStatus set_taps(const T* t, S* p, int f) {                                                    \
-            (void)f;                                                                                            \
-            return zamsFIRSetTaps##SUF(t, p FA);                                                                \
+        static zamStatus set_taps(const T* t, S* p, [[maybe_unused]] int f) {                                   \
+            return zamsFIRSetTaps##SUF(t, p FA());                                                                \
         }                                                                                                       \
         static zamStatus get_taps(const S* p, T* t) { return zamsFIRGetTaps##SUF(p, t); }                       \
         static zamStatus set_dly(S* p, const D* d) { return zamsFIRSetDlyLine##SUF(p, d); }                     \
         static zamStatus get_dly(const S* p, D* d) { return zamsFIRGetDlyLine##SUF(p, d); }                     \
-        static zamStatus run(const D* s, D* d, int n, S* p, int sf) {                                           \
-            (void)sf;                                                                                           \
-            return RUN(s, d, n, p SV);                                                                          \
+        static zamStatus run(const D* s, D* d, int n, S* p, [[maybe_unused]] int sf) { return RUN(s, d, n, p SV()); } \
+        static zamStatus run_i(D* sd, int n, S* p, [[maybe_unused]] int sf) { return RUN_I(sd, n, p SV()); }      \
+        static zamStatus one(D x, D* y, S* p, [[maybe_unused]] int sf) { return ONE(x, y, p SV()); }              \
+        static zamStatus direct(const D* s, D* d, int n, const T* t, int L, [[maybe_unused]] int f, D* dl, int* ix, \
+                                [[maybe_unused]] int sf) {                                                      \
+            return DIR(s, d, n, t, L FA(), dl, ix SV());                                                            \
         }                                                                                                       \
-        static zamStatus one(D x, D* y, S* p, int sf) {                                                         \
-            (void)sf;                                                                                           \
-            return ONE(x, y, p SV);                                                                             \
+        static zamStatus direct_i(D* sd, int n, const T* t, int L, [[maybe_unused]] int f, D* dl, int* ix,      \
+                                  [[maybe_unused]] int sf) {                                                    \
+            return DIR_I(sd, n, t, L FA(), dl, ix SV());                                                            \
         }                                                                                                       \
-        static zamStatus direct(const D* s, D* d, int n, const T* t, int L, int f, D* dl, int* ix, int sf) {    \
-            (void)f;                                                                                            \
-            (void)sf;                                                                                           \
-            return DIRECT(s, d, n, t, L FA, dl, ix SV);                                                         \
+        static zamStatus one_direct(D s, D* d, const T* t, int L, [[maybe_unused]] int f, D* dl, int* ix,       \
+                                    [[maybe_unused]] int sf) {                                                  \
+            return DONE(s, d, t, L FA(), dl, ix SV());                                                              \
+        }                                                                                                       \
+        static zamStatus one_direct_i(D* sd, const T* t, int L, [[maybe_unused]] int f, D* dl, int* ix,         \
+                                      [[maybe_unused]] int sf) {                                                \
+            return DONE_I(sd, t, L FA(), dl, ix SV());                                                              \
         }                                                                                                       \
     };
-#define NOF
-#define WF , f
-#define NOS
-#define WS , sf
+// The factor and scale-factor arguments, as macros called in PAIR_DEF.
+#define NOF()
+#define WF() , f
+#define NOS()
+#define WS() , sf
 
 // A one-sample form for pairs that have none: a one-sample block.
 #define ONE_BY_BLOCK(RUN)                                                                                       \
     [](auto x, auto* y, auto* p, auto... sf) { return RUN(&x, y, 1, p, sf...); }
 
-// The 32s taps with a factor through the Direct form with double taps.
-zamStatus direct_32s(const Zam32s* s, Zam32s* d, int n, const Zam32s* t, int L, int f, Zam32s* dl, int* ix, int sf) {
+// The 32s taps with a factor go through the Direct forms with double taps.
+std::vector<double> taps64(const Zam32s* t, int L, int f) {
     std::vector<double> td(t, t + L);
     for (auto& v : td) v = std::ldexp(v, -f);
-    return zamsFIR64f_Direct_32s_Sfs(s, d, n, td.data(), L, dl, ix, sf);
+    return td;
+}
+zamStatus d32s(const Zam32s* s, Zam32s* d, int n, const Zam32s* t, int L, int f, Zam32s* dl, int* ix, int sf) {
+    return zamsFIR64f_Direct_32s_Sfs(s, d, n, taps64(t, L, f).data(), L, dl, ix, sf);
+}
+zamStatus d32s_i(Zam32s* sd, int n, const Zam32s* t, int L, int f, Zam32s* dl, int* ix, int sf) {
+    return zamsFIR64f_Direct_32s_ISfs(sd, n, taps64(t, L, f).data(), L, dl, ix, sf);
+}
+zamStatus d32s_one(Zam32s s, Zam32s* d, const Zam32s* t, int L, int f, Zam32s* dl, int* ix, int sf) {
+    return zamsFIROne64f_Direct_32s_Sfs(s, d, taps64(t, L, f).data(), L, dl, ix, sf);
+}
+zamStatus d32s_one_i(Zam32s* sd, const Zam32s* t, int L, int f, Zam32s* dl, int* ix, int sf) {
+    return zamsFIROne64f_Direct_32s_ISfs(sd, taps64(t, L, f).data(), L, dl, ix, sf);
 }
 
-PAIR(P32fc, _32fc, ZamsFIRState_32fc, Zam32fc, Zam32fc, zamsFIR_32fc, ONE_BY_BLOCK(zamsFIR_32fc), false, NOF, 0, , NOS, zamsFIR_Direct_32fc)
-PAIR(P64f, _64f, ZamsFIRState_64f, Zam64f, Zam64f, zamsFIR_64f, zamsFIROne_64f, false, NOF, 0, , NOS, zamsFIR_Direct_64f)
-PAIR(P64fc, _64fc, ZamsFIRState_64fc, Zam64fc, Zam64fc, zamsFIR_64fc, ONE_BY_BLOCK(zamsFIR_64fc), false, NOF, 0, , NOS, zamsFIR_Direct_64fc)
-PAIR(P32s, _32s, ZamsFIRState64f_32s, Zam32s, Zam32s, zamsFIR_32s_Sfs, ONE_BY_BLOCK(zamsFIR_32s_Sfs), true, WF, f, , WS, direct_32s)
-PAIR(P32fc16sc, 32fc_16sc, ZamsFIRState32fc_16sc, Zam32fc, Zam16sc, zamsFIR32fc_16sc_Sfs, zamsFIROne32fc_16sc_Sfs, false, NOF, 0, , WS, zamsFIR32fc_Direct_16sc_Sfs)
-PAIR(P32s16s, 32s_16s, ZamsFIRState32s_16s, Zam32s, Zam16s, zamsFIR32s_16s_Sfs, zamsFIROne32s_16s_Sfs, true, WF, f, , WS, zamsFIR32s_Direct_16s_Sfs)
-PAIR(P32sc16sc, 32sc_16sc, ZamsFIRState32sc_16sc, Zam32sc, Zam16sc, zamsFIR32sc_16sc_Sfs, ONE_BY_BLOCK(zamsFIR32sc_16sc_Sfs), true, WF, f, , WS, zamsFIR32sc_Direct_16sc_Sfs)
-PAIR(P64f16s, 64f_16s, ZamsFIRState64f_16s, Zam64f, Zam16s, zamsFIR64f_16s_Sfs, zamsFIROne64f_16s_Sfs, false, NOF, 0, , WS, zamsFIR64f_Direct_16s_Sfs)
-PAIR(P64f32s, 64f_32s, ZamsFIRState64f_32s, Zam64f, Zam32s, zamsFIR64f_32s_Sfs, ONE_BY_BLOCK(zamsFIR64f_32s_Sfs), false, NOF, 0, , WS, zamsFIR64f_Direct_32s_Sfs)
-PAIR(P64f32f, 64f_32f, ZamsFIRState64f_32f, Zam64f, Zam32f, zamsFIR64f_32f, ONE_BY_BLOCK(zamsFIR64f_32f), false, NOF, 0, , NOS, zamsFIR64f_Direct_32f)
-PAIR(P64fc16sc, 64fc_16sc, ZamsFIRState64fc_16sc, Zam64fc, Zam16sc, zamsFIR64fc_16sc_Sfs, zamsFIROne64fc_16sc_Sfs, false, NOF, 0, , WS, zamsFIR64fc_Direct_16sc_Sfs)
-PAIR(P64fc32sc, 64fc_32sc, ZamsFIRState64fc_32sc, Zam64fc, Zam32sc, zamsFIR64fc_32sc_Sfs, ONE_BY_BLOCK(zamsFIR64fc_32sc_Sfs), false, NOF, 0, , WS, zamsFIR64fc_Direct_32sc_Sfs)
-PAIR(P64fc32fc, 64fc_32fc, ZamsFIRState64fc_32fc, Zam64fc, Zam32fc, zamsFIR64fc_32fc, ONE_BY_BLOCK(zamsFIR64fc_32fc), false, NOF, 0, , NOS, zamsFIR64fc_Direct_32fc)
-PAIR(P16s, _16s, ZamsFIRState_16s, Zam16s, Zam16s, zamsFIR_16s_Sfs, ONE_BY_BLOCK(zamsFIR_16s_Sfs), true, WF, f, , WS, zamsFIR_Direct_16s_Sfs)
-PAIR(P32f16s, 32f_16s, ZamsFIRState32f_16s, Zam32f, Zam16s, zamsFIR32f_16s_Sfs, zamsFIROne32f_16s_Sfs, false, NOF, 0, , WS, zamsFIR32f_Direct_16s_Sfs)
+// The Direct forms of a pair named PFX_Direct_SUF: block, in place, one sample, one sample in place.
+#define DIRECTS(PFX, SUF, OUT, IN)                                                                              \
+    zamsFIR##PFX##_Direct_##SUF##OUT, zamsFIR##PFX##_Direct_##SUF##IN, zamsFIROne##PFX##_Direct_##SUF##OUT,     \
+        zamsFIROne##PFX##_Direct_##SUF##IN
+
+PAIR(P32fc, _32fc, ZamsFIRState_32fc, Zam32fc, Zam32fc, zamsFIR_32fc, zamsFIR_32fc_I, ONE_BY_BLOCK(zamsFIR_32fc), false, NOF, NOS, DIRECTS(, 32fc, , _I))
+PAIR(P64f, _64f, ZamsFIRState_64f, Zam64f, Zam64f, zamsFIR_64f, zamsFIR_64f_I, zamsFIROne_64f, false, NOF, NOS, DIRECTS(, 64f, , _I))
+PAIR(P64fc, _64fc, ZamsFIRState_64fc, Zam64fc, Zam64fc, zamsFIR_64fc, zamsFIR_64fc_I, ONE_BY_BLOCK(zamsFIR_64fc), false, NOF, NOS, DIRECTS(, 64fc, , _I))
+PAIR(P32s, _32s, ZamsFIRState64f_32s, Zam32s, Zam32s, zamsFIR_32s_Sfs, zamsFIR_32s_ISfs, ONE_BY_BLOCK(zamsFIR_32s_Sfs), true, WF, WS, d32s, d32s_i, d32s_one, d32s_one_i)
+PAIR(P32fc16sc, 32fc_16sc, ZamsFIRState32fc_16sc, Zam32fc, Zam16sc, zamsFIR32fc_16sc_Sfs, zamsFIR32fc_16sc_ISfs, zamsFIROne32fc_16sc_Sfs, false, NOF, WS, DIRECTS(32fc, 16sc, _Sfs, _ISfs))
+PAIR(P32s16s, 32s_16s, ZamsFIRState32s_16s, Zam32s, Zam16s, zamsFIR32s_16s_Sfs, zamsFIR32s_16s_ISfs, zamsFIROne32s_16s_Sfs, true, WF, WS, DIRECTS(32s, 16s, _Sfs, _ISfs))
+PAIR(P32sc16sc, 32sc_16sc, ZamsFIRState32sc_16sc, Zam32sc, Zam16sc, zamsFIR32sc_16sc_Sfs, zamsFIR32sc_16sc_ISfs, ONE_BY_BLOCK(zamsFIR32sc_16sc_Sfs), true, WF, WS, DIRECTS(32sc, 16sc, _Sfs, _ISfs))
+PAIR(P64f16s, 64f_16s, ZamsFIRState64f_16s, Zam64f, Zam16s, zamsFIR64f_16s_Sfs, zamsFIR64f_16s_ISfs, zamsFIROne64f_16s_Sfs, false, NOF, WS, DIRECTS(64f, 16s, _Sfs, _ISfs))
+PAIR(P64f32s, 64f_32s, ZamsFIRState64f_32s, Zam64f, Zam32s, zamsFIR64f_32s_Sfs, zamsFIR64f_32s_ISfs, ONE_BY_BLOCK(zamsFIR64f_32s_Sfs), false, NOF, WS, DIRECTS(64f, 32s, _Sfs, _ISfs))
+PAIR(P64f32f, 64f_32f, ZamsFIRState64f_32f, Zam64f, Zam32f, zamsFIR64f_32f, zamsFIR64f_32f_I, ONE_BY_BLOCK(zamsFIR64f_32f), false, NOF, NOS, DIRECTS(64f, 32f, , _I))
+PAIR(P64fc16sc, 64fc_16sc, ZamsFIRState64fc_16sc, Zam64fc, Zam16sc, zamsFIR64fc_16sc_Sfs, zamsFIR64fc_16sc_ISfs, zamsFIROne64fc_16sc_Sfs, false, NOF, WS, DIRECTS(64fc, 16sc, _Sfs, _ISfs))
+PAIR(P64fc32sc, 64fc_32sc, ZamsFIRState64fc_32sc, Zam64fc, Zam32sc, zamsFIR64fc_32sc_Sfs, zamsFIR64fc_32sc_ISfs, ONE_BY_BLOCK(zamsFIR64fc_32sc_Sfs), false, NOF, WS, DIRECTS(64fc, 32sc, _Sfs, _ISfs))
+PAIR(P64fc32fc, 64fc_32fc, ZamsFIRState64fc_32fc, Zam64fc, Zam32fc, zamsFIR64fc_32fc, zamsFIR64fc_32fc_I, ONE_BY_BLOCK(zamsFIR64fc_32fc), false, NOF, NOS, DIRECTS(64fc, 32fc, , _I))
+PAIR(P16s, _16s, ZamsFIRState_16s, Zam16s, Zam16s, zamsFIR_16s_Sfs, zamsFIR_16s_ISfs, ONE_BY_BLOCK(zamsFIR_16s_Sfs), true, WF, WS, DIRECTS(, 16s, _Sfs, _ISfs))
+PAIR(P32f16s, 32f_16s, ZamsFIRState32f_16s, Zam32f, Zam16s, zamsFIR32f_16s_Sfs, zamsFIR32f_16s_ISfs, zamsFIROne32f_16s_Sfs, false, NOF, WS, DIRECTS(32f, 16s, _Sfs, _ISfs))
 
 // The model of a pair's output n: the sum of reversed taps against the span
 // oldest first, in the accumulator of the pair, written by the rule of its
@@ -199,7 +222,7 @@ TYPED_TEST(FirTypes, FiltersByItsRulesInAnyBlocks) {
                 for (size_t i = 0; i < n; ++i) ASSERT_EQ(P::one(x[done + i], &y[done + i], st, sf), 0);
             } else if (n % 2) {
                 std::vector<D> io(x.begin() + long(done), x.begin() + long(done + n));
-                ASSERT_EQ(P::run(io.data(), io.data(), int(n), st, sf), 0);
+                ASSERT_EQ(P::run_i(io.data(), int(n), st, sf), 0);
                 std::copy(io.begin(), io.end(), y.begin() + long(done));
             } else {
                 ASSERT_EQ(P::run(x.data() + done, y.data() + done, int(n), st, sf), 0);
@@ -265,14 +288,25 @@ TYPED_TEST(FirTypes, SetTapsAndLineEqualAFreshState) {
     }
 }
 
+// A delay line of 2L samples with every sample at i and i + L.
+template <class P> std::vector<typename P::D> line(int L, uint32_t seed) {
+    auto h = vec<typename P::D>(size_t(L), seed, data_lim<P>());
+    std::vector<typename P::D> dl(h);
+    dl.insert(dl.end(), h.begin(), h.end());
+    return dl;
+}
+
 // The Direct forms give the state forms' outputs (to the bit where they
-// share the arithmetic; 16-bit taps' states keep their taps exactly here).
-TYPED_TEST(FirTypes, DirectFormEqualsStateForm) {
+// share the arithmetic; 16-bit taps' states keep their taps exactly here);
+// from equal delay lines and indices, the in-place block (in uneven
+// pieces), the one-sample form and the in-place one-sample form give the
+// block form's outputs to the bit and leave the same delay line and index.
+TYPED_TEST(FirTypes, DirectFormsEqualTheStateFormAndEachOther) {
     using P = TypeParam;
     using T = typename P::T;
     using D = typename P::D;
-    for (int L : {1, 9, 40}) {
-        const int f = P::factor ? 1 : 0, sf = is_int_v<D> ? 1 : 0;
+    for (int L : {1, 5, 16, 40}) {
+        const int f = P::factor ? 1 : 0, sf = is_int_v<D> ? (L % 2 ? 14 : 1) : 0;  // 14 keeps the 16-bit-taps sums in range
         auto taps = vec<T>(L, uint32_t(L), is_int_v<T> ? 30000 : 1);
         auto x = vec<D>(300, 9, data_lim<P>());
         typename P::S* st = nullptr;
@@ -287,6 +321,26 @@ TYPED_TEST(FirTypes, DirectFormEqualsStateForm) {
             ASSERT_LE(std::abs(d), tol) << P::name << " L=" << L << " n=" << n;
         }
         ASSERT_EQ(P::free(st), 0);
+        // the other forms against one block call from a random line
+        const auto dl0 = line<P>(L, uint32_t(L + 1));
+        const int ix0 = (3 * L) / 4;
+        std::vector<D> want(x.size()), dlw(dl0), got(x), dl1(dl0), dl2(dl0), dl3(dl0);
+        int ixw = ix0, ix1 = ix0, ix2 = ix0, ix3 = ix0;
+        ASSERT_EQ(P::direct(x.data(), want.data(), int(x.size()), taps.data(), L, f, dlw.data(), &ixw, sf), 0);
+        for (size_t done = 0, n = 1; done < x.size(); done += n) {
+            n = std::min(x.size() - done, n * 3);
+            ASSERT_EQ(P::direct_i(got.data() + done, int(n), taps.data(), L, f, dl1.data(), &ix1, sf), 0);
+        }
+        EXPECT_TRUE(same(want, got)) << P::name << " in place L=" << L;
+        for (size_t n = 0; n < x.size(); ++n) {
+            D y{}, z = x[n];
+            ASSERT_EQ(P::one_direct(x[n], &y, taps.data(), L, f, dl2.data(), &ix2, sf), 0);
+            ASSERT_EQ(P::one_direct_i(&z, taps.data(), L, f, dl3.data(), &ix3, sf), 0);
+            ASSERT_EQ(0, std::memcmp(&y, &want[n], sizeof(D))) << P::name << " one L=" << L << " n=" << n;
+            ASSERT_EQ(0, std::memcmp(&z, &want[n], sizeof(D))) << P::name << " one_i L=" << L << " n=" << n;
+        }
+        EXPECT_TRUE(same(dlw, dl1) && same(dlw, dl2) && same(dlw, dl3)) << P::name << " L=" << L;
+        EXPECT_TRUE(ix1 == ixw && ix2 == ixw && ix3 == ixw) << P::name << " L=" << L;
     }
 }
 
@@ -310,10 +364,13 @@ TYPED_TEST(FirTypes, InitAtEveryMisalignmentAndBadIndex) {
     }
     // Direct forms: an index outside [0, tapsLen) is refused before anything is written.
     T t2[2] = {};
-    D v[4] = {}, line[4] = {}, out[2] = {};
+    D v[4] = {}, dl[4] = {}, out[2] = {};
     for (int bad : {-1, 2, 1 << 30}) {
         int ix = bad;
-        EXPECT_EQ(P::direct(v, out, 2, t2, 2, 0, line, &ix, 0), zamStatusBadDelayIndex);
+        EXPECT_EQ(P::direct(v, out, 2, t2, 2, 0, dl, &ix, 0), zamStatusBadDelayIndex);
+        EXPECT_EQ(P::direct_i(v, 2, t2, 2, 0, dl, &ix, 0), zamStatusBadDelayIndex);
+        EXPECT_EQ(P::one_direct(v[0], out, t2, 2, 0, dl, &ix, 0), zamStatusBadDelayIndex);
+        EXPECT_EQ(P::one_direct_i(v, t2, 2, 0, dl, &ix, 0), zamStatusBadDelayIndex);
         EXPECT_EQ(ix, bad);
     }
     std::vector<uint8_t> zero(8192, 0);  // the length is checked before the identifier
@@ -359,12 +416,6 @@ TEST(FirTypes32s16s, ShiftRuleAt32766) {
     ASSERT_EQ(zamsFIRSetTaps32s_16s(small, st, 0), 0);
     ASSERT_EQ(zamsFIR32s_16s_Sfs(x, y, 1, st, 0), 0);
     EXPECT_EQ(y[0], fm::scale16(32766 * 1000 - 4 * 7, 0));
-    int size = 0;
-    for (int L = 1; L <= 300; ++L) {
-        ASSERT_EQ(zamsFIRGetStateSize32s_16s(L, &size), 0);
-        const int P = (L + 11) & ~7;
-        ASSERT_EQ(size, ((4 * L + 15) & ~15) + ((2 * (P + 2 * L) + 8 + 15) & ~15) + 8 * P + 16992);
-    }
 }
 
 // 16-bit taps at -32768 against samples at -32768: every pair of products
@@ -378,6 +429,115 @@ TEST(FirTypes16s, ExtremeTapsAndSamplesSumExactly) {
         ASSERT_EQ(zamsFIR_16s_Sfs(x.data(), y.data(), 200, st, 20), 0);
         for (int n = 0; n < 200; ++n) ASSERT_EQ(y[size_t(n)], fm::scale16(int64_t(std::min(n + 1, 40)) * top * -32768, 15)) << n;
         ASSERT_EQ(zamsFIRFree_16s(st), 0);
+    }
+}
+
+// ---- float taps over the integer states: the integer-taps sibling ----
+
+// Float taps k 2^-e with the largest |k| in (16383, 32766] are kept exactly
+// as the integer taps k with factor e: the two states filter to the bit alike.
+// A float-taps integer state (SUF) and its integer-taps sibling (SIB).
+#define LIFE(NAME, SUF, SIB, FT, IT, DT, ST)                                                                   \
+    struct NAME {                                                                                               \
+        using F = FT;                                                                                           \
+        using I = IT;                                                                                           \
+        using D = DT;                                                                                           \
+        using S = ST;                                                                                           \
+        static constexpr const char* name = #SUF;                                                               \
+        static zamStatus size(int n, int* s) { return zamsFIRGetStateSize##SUF(n, s); }                         \
+        static zamStatus init(S** p, const F* t, int n, const D* d, Zam8u* b) { return zamsFIRInit##SUF(p, t, n, d, b); } \
+        static zamStatus alloc(S** p, const F* t, int n, const D* d) { return zamsFIRInitAlloc##SUF(p, t, n, d); } \
+        static zamStatus free(S* p) { return zamsFIRFree##SUF(p); }                                             \
+        static zamStatus set_taps(const F* t, S* p) { return zamsFIRSetTaps##SUF(t, p); }                       \
+        static zamStatus get_taps(const S* p, F* t) { return zamsFIRGetTaps##SUF(p, t); }                       \
+        static zamStatus set_dly(S* p, const D* d) { return zamsFIRSetDlyLine##SUF(p, d); }                     \
+        static zamStatus get_dly(const S* p, D* d) { return zamsFIRGetDlyLine##SUF(p, d); }                     \
+        static zamStatus sib_alloc(S** p, const I* t, int n, int f, const D* d) { return zamsFIRInitAlloc##SIB(p, t, n, f, d); } \
+        static zamStatus sib_free(S* p) { return zamsFIRFree##SIB(p); }                                         \
+        static zamStatus run(const D* s, D* d, int n, S* p, int sf) { return zamsFIR##SIB##_Sfs(s, d, n, p, sf); } \
+    };
+LIFE(Life32s, 32s_16s32f, 32s_16s, Zam32f, Zam32s, Zam16s, ZamsFIRState32s_16s)
+LIFE(Life32sc, 32sc_16sc32fc, 32sc_16sc, Zam32fc, Zam32sc, Zam16sc, ZamsFIRState32sc_16sc)
+Zam32f to_float(Zam32s k, int e) { return std::ldexp(float(k), -e); }
+Zam32fc to_float(Zam32sc k, int e) { return {std::ldexp(float(k.re), -e), std::ldexp(float(k.im), -e)}; }
+
+template <class P> class FirFloatTapsLife : public ::testing::Test {};
+using LifePairs = ::testing::Types<Life32s, Life32sc>;
+TYPED_TEST_SUITE(FirFloatTapsLife, LifePairs);
+
+// Integer taps whose largest magnitude is exactly `top`.
+template <class I> std::vector<I> int_taps(int L, uint32_t seed, int top) {
+    auto t = vec<I>(size_t(L), seed, top - 1);
+    if constexpr (std::is_same_v<I, Zam32sc>) t[size_t(L / 2)].im = -top;
+    else t[size_t(L / 2)] = top;
+    return t;
+}
+
+TYPED_TEST(FirFloatTapsLife, MatchesIntegerTapsSiblingAndRoundTrips) {
+    using P = TypeParam;
+    using F = typename P::F;
+    using I = typename P::I;
+    using D = typename P::D;
+    for (int L : {1, 6, 33}) {
+        for (int e : {0, 9, 20}) {
+            const auto ki = int_taps<I>(L, uint32_t(L + e), 20000 + 300 * L);
+            std::vector<F> tf;
+            for (auto k : ki) tf.push_back(to_float(k, e));
+            const auto dly = vec<D>(size_t(L), uint32_t(L * 5), 20000);
+            const auto x = vec<D>(500, uint32_t(L * 7 + e), 20000);
+            const int sf = 16 - e;
+            // the sibling's outputs
+            typename P::S* sib = nullptr;
+            ASSERT_EQ(P::sib_alloc(&sib, ki.data(), L, e, dly.data()), 0);
+            std::vector<D> want(x.size());
+            ASSERT_EQ(P::run(x.data(), want.data(), int(x.size()), sib, sf), 0);
+            // the same through a state in caller memory and an allocated one
+            int size = 0;
+            ASSERT_EQ(P::size(L, &size), 0);
+            ASSERT_GT(size, 0);
+            zt::Guarded<uint8_t> mem(size_t(size), size_t(L % 16));
+            typename P::S *a = nullptr, *b = nullptr;
+            ASSERT_EQ(P::init(&a, tf.data(), L, dly.data(), mem.data()), 0);
+            ASSERT_EQ(P::alloc(&b, tf.data(), L, dly.data()), 0);
+            std::vector<D> ya(x.size()), yb(x.size());
+            ASSERT_EQ(P::run(x.data(), ya.data(), int(x.size()), a, sf), 0);
+            ASSERT_EQ(P::run(x.data(), yb.data(), int(x.size()), b, sf), 0);
+            ASSERT_TRUE(mem.guards_intact()) << P::name << " L=" << L;
+            EXPECT_TRUE(same(want, ya)) << P::name << " Init L=" << L << " e=" << e;
+            EXPECT_TRUE(same(want, yb)) << P::name << " InitAlloc L=" << L << " e=" << e;
+            // taps and delay line round trips
+            std::vector<F> tg(static_cast<size_t>(L));
+            ASSERT_EQ(P::get_taps(a, tg.data()), 0);
+            EXPECT_TRUE(same(tf, tg)) << P::name;
+            std::vector<D> dg(static_cast<size_t>(L));
+            ASSERT_EQ(P::get_dly(b, dg.data()), 0);
+            std::vector<D> last(x.rbegin(), x.rbegin() + L);
+            EXPECT_TRUE(same(last, dg)) << P::name << " delay line after filtering";
+            const auto dnew = vec<D>(size_t(L), uint32_t(L + 99), 30000);
+            ASSERT_EQ(P::set_dly(b, dnew.data()), 0);
+            ASSERT_EQ(P::get_dly(b, dg.data()), 0);
+            EXPECT_TRUE(same(dnew, dg)) << P::name;
+            // new taps (reversed) and a zero delay line: a fresh sibling's outputs
+            std::vector<F> tr(tf.rbegin(), tf.rend());
+            std::vector<I> kr(ki.rbegin(), ki.rend());
+            ASSERT_EQ(P::set_taps(tr.data(), a), 0);
+            ASSERT_EQ(P::get_taps(a, tg.data()), 0);
+            EXPECT_TRUE(same(tr, tg)) << P::name;
+            ASSERT_EQ(P::set_dly(a, nullptr), 0);
+            ASSERT_EQ(P::get_dly(a, dg.data()), 0);
+            EXPECT_TRUE(same(std::vector<D>(size_t(L)), dg)) << P::name << " null delay line is zeros";
+            typename P::S* sib2 = nullptr;
+            ASSERT_EQ(P::sib_alloc(&sib2, kr.data(), L, e, nullptr), 0);
+            ASSERT_EQ(P::run(x.data(), want.data(), int(x.size()), sib2, sf), 0);
+            ASSERT_EQ(P::run(x.data(), ya.data(), int(x.size()), a, sf), 0);
+            EXPECT_TRUE(same(want, ya)) << P::name << " after SetTaps L=" << L << " e=" << e;
+            ASSERT_TRUE(mem.guards_intact());
+            // Free: allocated and in caller memory (a no-op) alike
+            EXPECT_EQ(P::free(a), 0);
+            EXPECT_EQ(P::free(b), 0);
+            ASSERT_EQ(P::sib_free(sib), 0);
+            ASSERT_EQ(P::sib_free(sib2), 0);
+        }
     }
 }
 

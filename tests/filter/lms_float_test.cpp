@@ -1,6 +1,7 @@
 // Float LMS filters: the Direct forms bit for bit against a scalar model of
 // the step, the states against the Direct forms sample by sample, mu = 0 as
-// a fixed FIR, identification of an unknown 16-tap system, every status.
+// a fixed FIR, identification of an unknown 16-tap system, the deliberate
+// statuses.
 #include <cmath>
 #include <cstring>
 #include <gtest/gtest.h>
@@ -72,27 +73,12 @@ TEST(LmsDirect32f, MatchesTheStepModelBitForBit) {
     }
 }
 
-TEST(LmsDirect32f, TapsLenOne) {
-    float tap = 0.5f, line[2] = {0, 0}, y = 0;
-    int idx = 0;
-    ASSERT_EQ(zamsFIRLMSOne_Direct_32f(2.f, 3.f, &y, &tap, 1, 0.25f, line, &idx), 0);
-    EXPECT_EQ(y, 1.f);                               // 0.5 x 2
-    EXPECT_EQ(tap, 0.5f + 2.f * (2 * 0.25f) * 2.f);  // + src x 2 mu (ref - y)
-}
-
-// Statuses of the Direct forms; nothing changes on an error.
-TEST(LmsDirect32f, Statuses) {
+// A delay-line index outside [0, tapsLen) is refused; nothing changes.
+TEST(LmsDirect32f, BadIndexRefused) {
     float t[4] = {1, 2, 3, 4}, l[8] = {}, y = -7;
     Zam16s l16[8] = {}, y16 = -7;
     Zam32s tq[4] = {};
     int idx = 0;
-    EXPECT_EQ(zamsFIRLMSOne_Direct_32f(1, 1, nullptr, t, 4, 0.1f, l, &idx), -8);
-    EXPECT_EQ(zamsFIRLMSOne_Direct_32f(1, 1, &y, nullptr, 4, 0.1f, l, &idx), -8);
-    EXPECT_EQ(zamsFIRLMSOne_Direct_32f(1, 1, &y, t, 4, 0.1f, nullptr, &idx), -8);
-    EXPECT_EQ(zamsFIRLMSOne_Direct_32f(1, 1, &y, t, 4, 0.1f, l, nullptr), -8);
-    EXPECT_EQ(zamsFIRLMSOne_Direct_32f(1, 1, &y, t, 0, 0.1f, l, &idx), -6);
-    EXPECT_EQ(zamsFIRLMSOne_Direct32f_16s(1, 1, &y16, t, -1, 0.1f, l16, &idx), -6);
-    EXPECT_EQ(zamsFIRLMSOne_DirectQ15_16s(1, 1, &y16, tq, 0, 100, l16, &idx), -6);
     for (int bad : {-1, 4}) {
         idx = bad;
         EXPECT_EQ(zamsFIRLMSOne_Direct_32f(1, 1, &y, t, 4, 0.1f, l, &idx), -24);
@@ -188,10 +174,11 @@ TEST(Lms32f, IdentifiesA16TapSystem) {
     EXPECT_LT(10 * std::log10(err / ref), -60.0);
 }
 
-TEST(Lms32f, Statuses) {
+// The deliberate statuses: length 0, a state too large, Free of null;
+// null taps and line start at zero.
+TEST(Lms32f, StatusesAndNullStart) {
     ZamsFIRLMSState_32f* p = nullptr;
     const float t[3] = {1, 2, 3};
-    EXPECT_EQ(zamsFIRLMSInitAlloc_32f(nullptr, t, 3, nullptr, 0), -8);
     EXPECT_EQ(zamsFIRLMSInitAlloc_32f(&p, t, 0, nullptr, 0), -6);  // -6, not the fixed filters' -26
     EXPECT_EQ(p, nullptr);
     EXPECT_EQ(zamsFIRLMSInitAlloc_32f(&p, t, 1 << 29, nullptr, 0), -9);
@@ -204,30 +191,6 @@ TEST(Lms32f, Statuses) {
     ASSERT_EQ(zamsFIRLMSGetDlyLine_32f(p, got), 0);
     EXPECT_EQ(got[0], 0);
     EXPECT_EQ(got[2], 1);
-    EXPECT_EQ(zamsFIRLMS_32f(nullptr, x, y, 4, 0.1f, p), -8);
-    EXPECT_EQ(zamsFIRLMS_32f(x, nullptr, y, 4, 0.1f, p), -8);
-    EXPECT_EQ(zamsFIRLMS_32f(x, x, nullptr, 4, 0.1f, p), -8);
-    EXPECT_EQ(zamsFIRLMS_32f(x, x, y, 4, 0.1f, nullptr), -8);
-    EXPECT_EQ(zamsFIRLMS_32f(x, x, y, 0, 0.1f, p), -6);
-    EXPECT_EQ(zamsFIRLMSGetTaps_32f(p, nullptr), -8);
-    EXPECT_EQ(zamsFIRLMSGetDlyLine_32f(nullptr, got), -8);
-    // Another kind's state, a zeroed and a random block: -17, nothing freed or written.
-    ZamsFIRLMSState32f_16s* q = nullptr;
-    ASSERT_EQ(zamsFIRLMSInitAlloc32f_16s(&q, t, 3, nullptr, 0), 0);
-    alignas(64) unsigned char junk[2][256];
-    std::memset(junk[0], 0, sizeof junk[0]);
-    auto rnd = zt::random_ints<Zam8u>(256, 1);
-    std::memcpy(junk[1], rnd.data(), 256);
-    for (void* bad : {static_cast<void*>(q), static_cast<void*>(junk[0]), static_cast<void*>(junk[1])}) {
-        auto* b = static_cast<ZamsFIRLMSState_32f*>(bad);
-        EXPECT_EQ(zamsFIRLMS_32f(x, x, y, 4, 0.1f, b), -17);
-        EXPECT_EQ(zamsFIRLMSGetTaps_32f(b, got), -17);
-        EXPECT_EQ(zamsFIRLMSGetDlyLine_32f(b, got), -17);
-        EXPECT_EQ(zamsFIRLMSFree_32f(b), -17);
-    }
-    EXPECT_EQ(y[1], 9);
-    EXPECT_EQ(zamsFIRLMSFree32f_16s(reinterpret_cast<ZamsFIRLMSState32f_16s*>(p)), -17);
-    EXPECT_EQ(zamsFIRLMSFree32f_16s(q), 0);
     EXPECT_EQ(zamsFIRLMSFree_32f(p), 0);
 }
 
@@ -261,9 +224,6 @@ TEST(Lms32f16s, DirectModelAndState) {
         ASSERT_EQ(zamsFIRLMSSetDlyLine32f_16s(s, dl.data()), 0);
         ASSERT_EQ(zamsFIRLMSGetDlyLine32f_16s(s, back.data()), 0);
         EXPECT_EQ(back, dl);
-        EXPECT_EQ(zamsFIRLMSSetDlyLine32f_16s(s, nullptr), -8);
-        EXPECT_EQ(zamsFIRLMS32f_16s(x.data(), r.data(), nullptr, 4, mu, s), -8);
-        EXPECT_EQ(zamsFIRLMS32f_16s(x.data(), r.data(), y.data(), -1, mu, s), -6);
         EXPECT_EQ(zamsFIRLMSFree32f_16s(s), 0);
     }
 }

@@ -95,21 +95,6 @@ TEST(Emphasis, Q15ExactRoundingScaleAndPieces) {
     }
 }
 
-TEST(Emphasis, Statuses) {
-    float f[2] = {1, 2}, m = 3;
-    Zam16s s[2] = {1, 2}, ms = 3;
-    EXPECT_EQ(zamsPreemphasize_32f(f, f, 2, 0.5f, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsPreemphasize_32f(nullptr, f, 0, 0.5f, &m), zamStatusNullPointer);
-    EXPECT_EQ(zamsPreemphasize_32f_I(f, 0, 0.5f, &m), zamStatusBadLength);
-    EXPECT_EQ(zamsDeemphasize_32f(f, nullptr, 2, 0.5f, &m), zamStatusNullPointer);
-    EXPECT_EQ(zamsDeemphasize_32f_I(f, -1, 0.5f, &m), zamStatusBadLength);
-    EXPECT_EQ(zamsPreemphasize_16s_Sfs(s, s, 2, 1, nullptr, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsPreemphasize_16s_ISfs(s, 0, 1, &ms, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsDeemphasize_16s_Sfs(nullptr, s, 2, 1, &ms, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsDeemphasize_16s_ISfs(s, 0, 1, &ms, 0), zamStatusBadLength);
-    EXPECT_TRUE(f[0] == 1 && f[1] == 2 && m == 3 && s[0] == 1 && s[1] == 2 && ms == 3);
-}
-
 ZAMS_DIGEST(emphasis) {
     const auto x = zt::random_reals<float>(500, 6, -1.0f, 1.0f);
     std::vector<float> y(500);

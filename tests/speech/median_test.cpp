@@ -66,9 +66,6 @@ void check_median(zamStatus (*fn)(const T*, T*, int, int), zamStatus (*ip)(T*, i
     T a[4] = {T(1), T(2), T(3), T(4)}, b[4] = {T(5), T(5), T(5), T(5)};
     EXPECT_EQ(fn(a, b, 4, 2), zamStatusBadArgument);
     EXPECT_EQ(fn(a, b, 4, 0), zamStatusBadLength);
-    EXPECT_EQ(fn(a, b, 0, 3), zamStatusBadLength);
-    EXPECT_EQ(fn(a, nullptr, 0, 3), zamStatusNullPointer);
-    EXPECT_EQ(ip(nullptr, 4, 3), zamStatusNullPointer);
     EXPECT_EQ(ip(a, 4, -3), zamStatusBadLength);
     EXPECT_EQ(ip(a, 4, 4), zamStatusBadArgument);
     EXPECT_TRUE(a[0] == T(1) && a[3] == T(4) && b[0] == T(5) && b[3] == T(5));

@@ -56,15 +56,6 @@ TEST(FindNearest, AgainstLinearScanWithTiesAndDuplicates) {
     check_nearest(zamsFindNearest_32f, std::vector<float>{-1.0f, 1.0f, 2.0f}, std::vector<float>{0.0f, 1.5f});
 }
 
-TEST(FindNearest, Statuses) {
-    Zam16u t[2] = {1, 5}, x[1] = {2}, d[1] = {9};
-    int ix[1] = {-3};
-    EXPECT_EQ(zamsFindNearest_16u(x, d, nullptr, 1, t, 2), zamStatusNullPointer);
-    EXPECT_EQ(zamsFindNearest_16u(x, d, ix, 1, t, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsFindNearest_32f(nullptr, nullptr, ix, 1, nullptr, -1), zamStatusNullPointer);
-    EXPECT_TRUE(d[0] == 9 && ix[0] == -3);
-}
-
 // ------------------------------------------------------------ bit packing
 
 template <class T> struct BitFns {
@@ -109,10 +100,7 @@ template <class T> void check_bits(BitFns<T> f) {
         EXPECT_EQ(f.pack(s, b, off, 2, nb), zamStatusBadArgument);
         EXPECT_EQ(f.unpack(b, off, s, 2, nb), zamStatusBadArgument);
     }
-    EXPECT_EQ(f.pack(nullptr, b, 0, 0, 1), zamStatusNullPointer);
-    EXPECT_EQ(f.unpack(b, 0, nullptr, 2, 1), zamStatusNullPointer);
-    EXPECT_EQ(f.pack(s, b, 9, 0, 1), zamStatusBadLength);
-    EXPECT_EQ(f.unpack(b, 0, s, -1, 1), zamStatusBadLength);
+    EXPECT_EQ(f.pack(s, b, 9, 0, 1), zamStatusBadLength);  // the length before the offset
     EXPECT_TRUE(b[0] == 0x11 && b[1] == 0x22 && s[0] == 1 && s[1] == 2);
 }
 
@@ -153,8 +141,6 @@ template <class S> void check_update(zamStatus (*fn)(const S*, int, Zam32s*, Zam
     Zam32s a = 5;
     EXPECT_EQ(fn(x.data(), 3, &a, Zam16s(-1), 0), zamStatusBadArgument);
     EXPECT_EQ(fn(x.data(), 0, &a, Zam16s(-1), 0), zamStatusBadLength);
-    EXPECT_EQ(fn(x.data(), 3, nullptr, 0, 0), zamStatusNullPointer);
-    EXPECT_EQ(fn(nullptr, 3, &a, 0, 0), zamStatusNullPointer);
     EXPECT_EQ(a, 5);
 }
 
