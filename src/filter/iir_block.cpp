@@ -52,21 +52,74 @@ inline void input_part(const float* x, const float* tab, __m256& a0, __m256& a1)
 }
 
 // Blocks of a section: nb blocks of inputs x (the two before at x[-2],
-// x[-1]) into outputs y (likewise); the history kept in registers.
+// x[-1]) into outputs y (likewise). The recursion carries only the last
+// two outputs, broadcast: each is computed on its own as its lane of the
+// block's sum (the same operations in the same order, so the same bits),
+// from the inputs' part (a shuffle of it) and the broadcast table values,
+// which keeps the shuffles and the store off the recursion's path: one
+// multiply and two adds a block. The block is written out instruction by
+// instruction so that the compiler does not hold table rows or input
+// broadcasts across blocks: with eight vector registers (i386) it spilled
+// them, and the recursion with them.
+//   y = s + (y1 Y1 + y2 Y2),  s = ((x0 H0 + x2 H2 + x4 H4 + x6 H6) + x-1 X1)
+//                                + ((x1 H1 + x3 H3 + x5 H5 + x7 H7) + x-2 X2)
+//   y1' = bcast(s[7]) + (y1 Y1[7] + y2 Y2[7]),  y2' likewise with lane 6.
 void section_blocks(const float* tab, const float* x, float* y, int nb) {
-    __m256 xm1 = bcast(x - 1), xm2 = bcast(x - 2), ym1 = bcast(y - 1), ym2 = bcast(y - 2);
-    for (int b = 0; b < nb; ++b, x += 8, y += 8) {
-        __m256 a0, a1;
-        input_part(x, tab, a0, a1);
-        a0 = add(a0, mul(xm1, _mm256_loadu_ps(tab + 16)));
-        a1 = add(a1, mul(xm2, _mm256_loadu_ps(tab + 24)));
-        xm1 = bcast(x + 7), xm2 = bcast(x + 6);
-        const __m256 r = add(mul(ym1, _mm256_loadu_ps(tab + 32)), mul(ym2, _mm256_loadu_ps(tab + 40)));
-        const __m256 v = add(add(a0, a1), r);
-        _mm256_storeu_ps(y, v);
-        const __m256 hi = _mm256_permute2f128_ps(v, v, 0x11);
-        ym1 = _mm256_permute_ps(hi, 0xFF), ym2 = _mm256_permute_ps(hi, 0xAA);
-    }
+    __m256 y1 = bcast(y - 1), y2 = bcast(y - 2);
+    for (int b = 0; b < nb; ++b, x += 8, y += 8)
+        asm volatile(
+            "vbroadcastss (%[x]), %%ymm0\n\t"
+            "vmulps 32(%[t]), %%ymm0, %%ymm0\n\t"
+            "vbroadcastss 4(%[x]), %%ymm1\n\t"
+            "vmulps 28(%[t]), %%ymm1, %%ymm1\n\t"
+            "vbroadcastss 8(%[x]), %%ymm2\n\t"
+            "vmulps 24(%[t]), %%ymm2, %%ymm2\n\t"
+            "vaddps %%ymm2, %%ymm0, %%ymm0\n\t"
+            "vbroadcastss 12(%[x]), %%ymm3\n\t"
+            "vmulps 20(%[t]), %%ymm3, %%ymm3\n\t"
+            "vaddps %%ymm3, %%ymm1, %%ymm1\n\t"
+            "vbroadcastss 16(%[x]), %%ymm2\n\t"
+            "vmulps 16(%[t]), %%ymm2, %%ymm2\n\t"
+            "vaddps %%ymm2, %%ymm0, %%ymm0\n\t"
+            "vbroadcastss 20(%[x]), %%ymm3\n\t"
+            "vmulps 12(%[t]), %%ymm3, %%ymm3\n\t"
+            "vaddps %%ymm3, %%ymm1, %%ymm1\n\t"
+            "vbroadcastss 24(%[x]), %%ymm2\n\t"
+            "vmulps 8(%[t]), %%ymm2, %%ymm2\n\t"
+            "vaddps %%ymm2, %%ymm0, %%ymm0\n\t"
+            "vbroadcastss 28(%[x]), %%ymm3\n\t"
+            "vmulps 4(%[t]), %%ymm3, %%ymm3\n\t"
+            "vaddps %%ymm3, %%ymm1, %%ymm1\n\t"
+            "vbroadcastss -4(%[x]), %%ymm2\n\t"
+            "vmulps 64(%[t]), %%ymm2, %%ymm2\n\t"
+            "vaddps %%ymm2, %%ymm0, %%ymm0\n\t"
+            "vbroadcastss -8(%[x]), %%ymm3\n\t"
+            "vmulps 96(%[t]), %%ymm3, %%ymm3\n\t"
+            "vaddps %%ymm3, %%ymm1, %%ymm1\n\t"
+            "vaddps %%ymm1, %%ymm0, %%ymm0\n\t"  // s
+            "vmulps 128(%[t]), %[y1], %%ymm1\n\t"
+            "vmulps 160(%[t]), %[y2], %%ymm2\n\t"
+            "vaddps %%ymm2, %%ymm1, %%ymm1\n\t"
+            "vaddps %%ymm1, %%ymm0, %%ymm1\n\t"
+            "vmovups %%ymm1, (%[y])\n\t"
+            "vbroadcastss 156(%[t]), %%ymm1\n\t"  // Y1[7]
+            "vmulps %[y1], %%ymm1, %%ymm1\n\t"
+            "vbroadcastss 188(%[t]), %%ymm2\n\t"  // Y2[7]
+            "vmulps %[y2], %%ymm2, %%ymm2\n\t"
+            "vaddps %%ymm2, %%ymm1, %%ymm1\n\t"
+            "vbroadcastss 152(%[t]), %%ymm3\n\t"  // Y1[6]
+            "vmulps %[y1], %%ymm3, %%ymm3\n\t"
+            "vbroadcastss 184(%[t]), %%ymm4\n\t"  // Y2[6]
+            "vmulps %[y2], %%ymm4, %%ymm4\n\t"
+            "vaddps %%ymm4, %%ymm3, %%ymm3\n\t"
+            "vperm2f128 $0x11, %%ymm0, %%ymm0, %%ymm0\n\t"
+            "vpermilps $0xFF, %%ymm0, %%ymm4\n\t"
+            "vaddps %%ymm1, %%ymm4, %[y1]\n\t"
+            "vpermilps $0xAA, %%ymm0, %%ymm5\n\t"
+            "vaddps %%ymm3, %%ymm5, %[y2]\n\t"
+            : [y1] "+x"(y1), [y2] "+x"(y2)
+            : [x] "r"(x), [t] "r"(tab), [y] "r"(y)
+            : "xmm0", "xmm1", "xmm2", "xmm3", "xmm4", "xmm5", "memory");
 }
 
 // The products of the newest outputs (k = 1..m, m <= 8) summed as a tree.
@@ -97,19 +150,24 @@ void ar_blocks(const float* tab, int N, const float* x, float* y, int nb) {
     }
 }
 
-// Where a state's rows and buffers lie in its work area: rows of W + 8
-// values (unit u's inputs are row u, its outputs row u + 1), then two
-// buffers of W + cap + 8 values (cap inputs a pass, a multiple of 8).
+// Where a state's rows and buffers lie in its work area (floats values
+// from base, which is 32-byte aligned): two buffers of W + cap + 8 values
+// (cap inputs a pass, a multiple of 8) placed so that the blocks start on
+// 32 bytes (whole-vector stores, no split lines), then rows of W + 8
+// values (unit u's inputs are row u, its outputs row u + 1).
 struct Rows {
-    int W, U, cap;
+    int W, U, cap, lead, stride;
     float* base;
-    float* row(int u) const { return base + u * (W + 8); }
-    float* buf(int k) const { return base + (U + 1) * (W + 8) + k * (W + cap + 8); }
+    float* buf(int k) const { return base + lead + k * stride; }
+    float* row(int u) const { return buf(2) + u * (W + 8); }
 };
 Rows rows_of(const Hdr* h) {
     float* base = const_cast<float*>(at<float>(h, h->offScratch));
-    if (h->form == Ar) return {h->n, 1, (int(kScratchBytes / 4) - 4 * h->n - 32) / 2 / 8 * 8, base};
-    return {2, h->n, kBqChunk, base};
+    const bool ar = h->form == Ar;
+    const int W = ar ? h->n : 2, U = ar ? 1 : h->n;
+    const int floats = ar ? int(kScratchBytes / 4) : 10 * (U + 1) + 2 * (kBqChunk + 10);
+    const int lead = (8 - W % 8) % 8, stride = (floats - lead - (U + 1) * (W + 8)) / 2 / 8 * 8;
+    return {W, U, (stride - W - 8) / 8 * 8, lead, stride, base};
 }
 
 // The one-sample step of every unit, the rows keeping its input and outputs.
@@ -147,7 +205,11 @@ void block_run(const float* pSrc, float* pDst, int len, Hdr* h) {
             std::memset(in + W + total, 0, size_t(8 * nb - total) * 4);  // a block's missing inputs
             std::memcpy(out, r.row(u + 1), size_t(W) * 4);
             if (h->form == Ar) ar_blocks(tab, W, in + W, out + W, nb);
-            else section_blocks(tab + 48 * u, in + W, out + W, nb);
+            else {
+                alignas(64) float sec[48];  // the section's table on whole lines: no split loads
+                std::memcpy(sec, tab + 48 * u, sizeof sec);
+                section_blocks(sec, in + W, out + W, nb);
+            }
             std::memcpy(r.row(u), in + done, size_t(W + rest) * 4);
             std::swap(in, out);
         }
