@@ -7,10 +7,12 @@
 
 #include <immintrin.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <type_traits>
 
 #include "../common/types.h"
+#include "zamcore.h"
 
 namespace zams::corr {
 
@@ -26,25 +28,133 @@ template <> struct Acc<Zam32fc> { using type = CAcc; };
 template <> struct Acc<Zam64fc> { using type = CAcc; };
 template <class T> using acc_t = typename Acc<T>::type;
 
-// Four double lanes over float or double data.
-template <class T> inline double dot_real(const T* a, const T* b, int64_t n) {
-    auto load = [](const T* p) {
-        if constexpr (std::is_same_v<T, float>) return _mm256_cvtps_pd(_mm_loadu_ps(p));
-        else return _mm256_loadu_pd(p);
-    };
+// Loads four values as doubles.
+inline __m256d load4(const float* p) { return _mm256_cvtps_pd(_mm_loadu_ps(p)); }
+inline __m256d load4(const double* p) { return _mm256_loadu_pd(p); }
+
+// The floating sum of n products a[i] b[i], in double, its order fixed by
+// the term positions alone: the first 4 floor(n/4) terms go to eight
+// partial sums by i mod 8, each added in sequence; the partials combine as
+// q_l = p_l + p_{l+4} (l < 4), then (q_0 + q_1) + (q_2 + q_3); the last
+// n mod 4 terms are added to that in sequence.
+template <class A, class B> inline double dot_real(const A* a, const B* b, int64_t n) {
     __m256d s0 = _mm256_setzero_pd(), s1 = s0;
     int64_t i = 0;
     for (; i + 8 <= n; i += 8) {
-        s0 = _mm256_add_pd(s0, _mm256_mul_pd(load(a + i), load(b + i)));
-        s1 = _mm256_add_pd(s1, _mm256_mul_pd(load(a + i + 4), load(b + i + 4)));
+        s0 = _mm256_add_pd(s0, _mm256_mul_pd(load4(a + i), load4(b + i)));
+        s1 = _mm256_add_pd(s1, _mm256_mul_pd(load4(a + i + 4), load4(b + i + 4)));
     }
-    for (; i + 4 <= n; i += 4) s0 = _mm256_add_pd(s0, _mm256_mul_pd(load(a + i), load(b + i)));
+    for (; i + 4 <= n; i += 4) s0 = _mm256_add_pd(s0, _mm256_mul_pd(load4(a + i), load4(b + i)));
     alignas(32) double l[4];
     _mm256_store_pd(l, _mm256_add_pd(s0, s1));
     double s = (l[0] + l[1]) + (l[2] + l[3]);
     for (; i < n; ++i) s += double(a[i]) * double(b[i]);
     return s;
 }
+
+// Outputs a step of the many-output kernel: 4 x kVecs, each tap broadcast
+// once to all of them (four vectors need 8 of the 16 registers of x86-64,
+// i386 has 8).
+#if defined(__x86_64__)
+inline constexpr int kVecs = 2;
+#else
+inline constexpr int kVecs = 1;
+#endif
+
+// Four taps a[0..3] into the partials p[0..3] of the outputs at b.
+template <class B> inline void taps4(const double* a, const B* b, __m256d (&p)[4][kVecs]) {
+    for (int r = 0; r < 4; ++r) {
+        const __m256d t = _mm256_broadcast_sd(a + r);
+        for (int v = 0; v < kVecs; ++v) p[r][v] = _mm256_add_pd(p[r][v], _mm256_mul_pd(t, load4(b + r + 4 * v)));
+    }
+}
+
+// out[i] = dot_real(a, b + i, n) rounded to B, for i < count: the same sums
+// in the same order, the outputs in the lanes. Two passes over the taps
+// (those at i mod 8 < 4 with the last whole four, then the rest) keep the
+// partials of one pass in registers.
+inline void dot_many_d(const double* a, int64_t n, const double* b, double* out, int64_t count) {
+    constexpr int64_t step = 4 * kVecs;
+    const int64_t n8 = n & ~int64_t(7), n4 = n & ~int64_t(3);
+    for (int64_t i = 0; i + step <= count; i += step) {
+        const double* bi = b + i;
+        __m256d lo[4][kVecs], hi[4][kVecs];
+        for (auto& r : lo)
+            for (auto& v : r) v = _mm256_setzero_pd();
+        for (auto& r : hi)
+            for (auto& v : r) v = _mm256_setzero_pd();
+        for (int64_t j = 0; j < n8; j += 8) taps4(a + j, bi + j, lo);
+        if (n4 > n8) taps4(a + n8, bi + n8, lo);
+        for (int64_t j = 4; j < n8; j += 8) taps4(a + j, bi + j, hi);
+        for (int v = 0; v < kVecs; ++v) {
+            __m256d q[4];
+            for (int r = 0; r < 4; ++r) q[r] = _mm256_add_pd(lo[r][v], hi[r][v]);
+            __m256d s = _mm256_add_pd(_mm256_add_pd(q[0], q[1]), _mm256_add_pd(q[2], q[3]));
+            for (int64_t j = n4; j < n; ++j)
+                s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), _mm256_loadu_pd(bi + j + 4 * v)));
+            _mm256_storeu_pd(out + i + 4 * v, s);
+        }
+    }
+}
+
+// Outputs a pass of dot_many over float data.
+inline constexpr int64_t kChunk = 256;
+
+// dot_many_d over any real data: float data converted to double a chunk of
+// outputs at a time into scratch (kChunk + n - 1 + kChunk doubles), the
+// outputs that do not fill a step one at a time.
+template <class B>
+inline void dot_many(const double* a, int64_t n, const B* b, B* out, int64_t count, double* scratch) {
+    constexpr int64_t step = 4 * kVecs;
+    const int64_t whole = count - count % step;
+    if constexpr (std::is_same_v<B, double>) {
+        dot_many_d(a, n, b, out, whole);
+    } else {
+        double* x = scratch;
+        double* y = scratch + kChunk + n - 1;
+        for (int64_t i = 0; i < whole; i += kChunk) {
+            const int64_t c = std::min(kChunk, whole - i), len = c + n - 1;
+            int64_t k = 0;
+            for (; k + 4 <= len; k += 4) _mm256_storeu_pd(x + k, load4(b + i + k));
+            for (; k < len; ++k) x[k] = double(b[i + k]);
+            dot_many_d(a, n, x, y, c);
+            for (k = 0; k < c; k += 4) _mm_storeu_ps(out + i + k, _mm256_cvtpd_ps(_mm256_loadu_pd(y + k)));
+        }
+    }
+    for (int64_t i = whole; i < count; ++i) out[i] = B(dot_real(a, b + i, n));
+}
+
+// The taps of a direct path in double (the many-output kernel broadcasts
+// them), a[0], a[step], ... for n values (a itself when it is double and
+// in order), and the scratch of dot_many. ok() is false when memory could
+// not be had.
+template <class T> class DoubleTaps {
+public:
+    DoubleTaps(const T* a, int64_t n, int64_t step) {
+        const bool direct = std::is_same_v<T, double> && step == 1;
+        const int64_t size = (direct ? 0 : n) + (std::is_same_v<T, float> ? 2 * kChunk + n : 0);
+        own_ = size == 0 ? nullptr : size < INT32_MAX / 8 ? zamsMalloc_64f(int(size)) : nullptr;
+        if (size > 0 && !own_) return;
+        if (direct) {
+            p_ = reinterpret_cast<const double*>(a);
+        } else {
+            for (int64_t j = 0; j < n; ++j) own_[j] = double(a[j * step]);
+            p_ = own_;
+        }
+        scratch_ = own_ ? own_ + (direct ? 0 : n) : nullptr;
+    }
+    ~DoubleTaps() { zamsFree(own_); }
+    DoubleTaps(const DoubleTaps&) = delete;
+    DoubleTaps& operator=(const DoubleTaps&) = delete;
+    bool ok() const { return p_ != nullptr; }
+    const double* get() const { return p_; }
+    double* scratch() const { return scratch_; }
+
+private:
+    const double* p_ = nullptr;
+    double* own_ = nullptr;
+    double* scratch_ = nullptr;
+};
 
 template <class T> inline acc_t<T> lag_sum(const T* a, const T* b, int64_t n) {
     if constexpr (std::is_same_v<T, Zam16s>) {
