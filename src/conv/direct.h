@@ -61,38 +61,55 @@ inline constexpr int kVecs = 2;
 inline constexpr int kVecs = 1;
 #endif
 
-// Four taps a[0..3] into the partials p[0..3] of the outputs at b.
-template <class B> inline void taps4(const double* a, const B* b, __m256d (&p)[4][kVecs]) {
+// Four taps a[0..3] into the partials p[0..3] of the outputs at b: added,
+// or the first of each partial (First) stored.
+template <bool First, class B> inline void taps4(const double* a, const B* b, __m256d (&p)[4][kVecs]) {
     for (int r = 0; r < 4; ++r) {
         const __m256d t = _mm256_broadcast_sd(a + r);
-        for (int v = 0; v < kVecs; ++v) p[r][v] = _mm256_add_pd(p[r][v], _mm256_mul_pd(t, load4(b + r + 4 * v)));
+        for (int v = 0; v < kVecs; ++v) {
+            const __m256d m = _mm256_mul_pd(t, load4(b + r + 4 * v));
+            p[r][v] = First ? m : _mm256_add_pd(p[r][v], m);
+        }
     }
 }
 
-// out[i] = dot_real(a, b + i, n) rounded to B, for i < count: the same sums
-// in the same order, the outputs in the lanes. Two passes over the taps
-// (those at i mod 8 < 4 with the last whole four, then the rest) keep the
-// partials of one pass in registers.
+// out[i] = dot_real(a, b + i, n), for i < count: the same sums in the same
+// order, the outputs in the lanes. Two passes over the taps (those at
+// i mod 8 < 4 with the last whole four, then the rest) keep the partials
+// of one pass in registers. A partial starts at its first product where
+// dot_real adds that to +0: the two differ only in the sign of a zero, and
+// only while every term so far is zero, so they can differ only in a sum
+// that is zero, which the final + 0 makes +0 in every rounding mode where
+// dot_real's is (and leaves -0 where dot_real's is -0).
 inline void dot_many_d(const double* a, int64_t n, const double* b, double* out, int64_t count) {
     constexpr int64_t step = 4 * kVecs;
     const int64_t n8 = n & ~int64_t(7), n4 = n & ~int64_t(3);
+    const __m256d zero = _mm256_setzero_pd();
     for (int64_t i = 0; i + step <= count; i += step) {
         const double* bi = b + i;
         __m256d lo[4][kVecs], hi[4][kVecs];
-        for (auto& r : lo)
-            for (auto& v : r) v = _mm256_setzero_pd();
-        for (auto& r : hi)
-            for (auto& v : r) v = _mm256_setzero_pd();
-        for (int64_t j = 0; j < n8; j += 8) taps4(a + j, bi + j, lo);
-        if (n4 > n8) taps4(a + n8, bi + n8, lo);
-        for (int64_t j = 4; j < n8; j += 8) taps4(a + j, bi + j, hi);
+        if (n4 > 0) {
+            taps4<true>(a, bi, lo);
+        } else {
+            for (auto& r : lo)
+                for (auto& v : r) v = zero;
+        }
+        for (int64_t j = 8; j < n8; j += 8) taps4<false>(a + j, bi + j, lo);
+        if (n4 > n8 && n8 > 0) taps4<false>(a + n8, bi + n8, lo);
+        if (n8 > 0) {
+            taps4<true>(a + 4, bi + 4, hi);
+        } else {
+            for (auto& r : hi)
+                for (auto& v : r) v = zero;
+        }
+        for (int64_t j = 12; j < n8; j += 8) taps4<false>(a + j, bi + j, hi);
         for (int v = 0; v < kVecs; ++v) {
             __m256d q[4];
             for (int r = 0; r < 4; ++r) q[r] = _mm256_add_pd(lo[r][v], hi[r][v]);
             __m256d s = _mm256_add_pd(_mm256_add_pd(q[0], q[1]), _mm256_add_pd(q[2], q[3]));
             for (int64_t j = n4; j < n; ++j)
                 s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), _mm256_loadu_pd(bi + j + 4 * v)));
-            _mm256_storeu_pd(out + i + 4 * v, s);
+            _mm256_storeu_pd(out + i + 4 * v, _mm256_add_pd(s, zero));
         }
     }
 }
