@@ -161,10 +161,10 @@ zamStatus crosscorr(const T* a, int la, const T* b, int lb, O* dst, int dstLen, 
         else if constexpr (kInt<T>) out[n] = scale_round_sat<O>(s, sf);
         else out[n] = round_to<T>(s);
     };
-    // Real floating data: the lags 0 .. lb - la, where the first source
-    // lies wholly inside the second, several a step.
+    // Floating data: the lags 0 .. lb - la, where the first source lies
+    // wholly inside the second, several a step.
     int64_t full0 = count, full1 = count;
-    if constexpr (std::is_floating_point_v<T>) {
+    if constexpr (!kInt<T>) {
         full0 = std::clamp<int64_t>(-start, 0, count);
         full1 = std::clamp<int64_t>(int64_t(lb) - la - start + 1, full0, count);
         if (full1 - full0 >= 4 * kVecs) {

@@ -52,6 +52,40 @@ template <class A, class B> inline double dot_real(const A* a, const B* b, int64
     return s;
 }
 
+// The lag sum of n terms; the taps a are of the data's type, or double
+// (pairs for complex data) where the many-output kernels hold them so.
+template <class A, class T> inline acc_t<T> lag_sum(const A* a, const T* b, int64_t n) {
+    if constexpr (std::is_same_v<T, Zam16s>) {
+        int64_t s = 0;
+        for (int64_t i = 0; i < n; ++i) s += int32_t(a[i]) * int32_t(b[i]);
+        return s;
+    } else if constexpr (is_complex_v<T>) {
+        // conj(a) b = (ar br + ai bi) + i (ar bi - ai br)
+        double r0 = 0, r1 = 0, i0 = 0, i1 = 0;
+        for (int64_t k = 0; k < n; ++k) {
+            const double ar = double(a[k].re), ai = double(a[k].im), br = double(b[k].re), bi = double(b[k].im);
+            r0 += ar * br;
+            r1 += ai * bi;
+            i0 += ar * bi;
+            i1 += ai * br;
+        }
+        return CAcc{r0 + r1, i0 - i1};
+    } else {
+        return dot_real(a, b, n);
+    }
+}
+
+// The sum rounded to the element type (16-bit data: scaled and saturated).
+template <class T> inline T round_to(const acc_t<T>& s) {
+    if constexpr (is_complex_v<T>) return T{part_t<T>(s.re), part_t<T>(s.im)};
+    else return T(s);
+}
+
+template <class T> inline T conj_of(const T& v) {
+    if constexpr (is_complex_v<T>) return T{v.re, part_t<T>(-v.im)};
+    else return v;
+}
+
 // Outputs a step of the many-output kernel: 4 x kVecs, each tap broadcast
 // once to all of them (four vectors need 8 of the 16 registers of x86-64,
 // i386 has 8).
@@ -114,12 +148,43 @@ inline void dot_many_d(const double* a, int64_t n, const double* b, double* out,
     }
 }
 
+// Complex data: outRe[i] + i outIm[i] = lag_sum(a, b + i, n) for i < count,
+// its four sums in sequence from +0 as there, the outputs in the lanes. a
+// holds the taps as double pairs (re, im); re and im the parts of the
+// signal in double.
+inline void cdot_many_d(const double* a, int64_t n, const double* re, const double* im, double* outRe, double* outIm,
+                        int64_t count) {
+    constexpr int64_t step = 4 * kVecs;
+    for (int64_t i = 0; i + step <= count; i += step) {
+        __m256d r0[kVecs], r1[kVecs], i0[kVecs], i1[kVecs];
+        for (int v = 0; v < kVecs; ++v) r0[v] = r1[v] = i0[v] = i1[v] = _mm256_setzero_pd();
+        for (int64_t k = 0; k < n; ++k) {
+            const __m256d ar = _mm256_broadcast_sd(a + 2 * k), ai = _mm256_broadcast_sd(a + 2 * k + 1);
+            for (int v = 0; v < kVecs; ++v) {
+                const __m256d br = _mm256_loadu_pd(re + i + k + 4 * v), bi = _mm256_loadu_pd(im + i + k + 4 * v);
+                r0[v] = _mm256_add_pd(r0[v], _mm256_mul_pd(ar, br));
+                r1[v] = _mm256_add_pd(r1[v], _mm256_mul_pd(ai, bi));
+                i0[v] = _mm256_add_pd(i0[v], _mm256_mul_pd(ar, bi));
+                i1[v] = _mm256_add_pd(i1[v], _mm256_mul_pd(ai, br));
+            }
+        }
+        for (int v = 0; v < kVecs; ++v) {
+            _mm256_storeu_pd(outRe + i + 4 * v, _mm256_add_pd(r0[v], r1[v]));
+            _mm256_storeu_pd(outIm + i + 4 * v, _mm256_sub_pd(i0[v], i1[v]));
+        }
+    }
+}
+
 // Outputs a pass of dot_many over float data.
 inline constexpr int64_t kChunk = 256;
 
-// dot_many_d over any real data: float data converted to double a chunk of
-// outputs at a time into scratch (kChunk + n - 1 + kChunk doubles), the
-// outputs that do not fill a step one at a time.
+// The many-output kernels over any floating data: out[i] = the lag sum of
+// a (n taps in double, pairs for complex data) against b + i, for
+// i < count. Float and complex data are converted (and split into parts)
+// a chunk of outputs at a time into scratch (kParts (2 kChunk + n)
+// doubles); the outputs that do not fill a step go one at a time.
+template <class B> inline constexpr int kParts = is_complex_v<B> ? 2 : 1;
+
 template <class B>
 inline void dot_many(const double* a, int64_t n, const B* b, B* out, int64_t count, double* scratch) {
     constexpr int64_t step = 4 * kVecs;
@@ -127,38 +192,60 @@ inline void dot_many(const double* a, int64_t n, const B* b, B* out, int64_t cou
     if constexpr (std::is_same_v<B, double>) {
         dot_many_d(a, n, b, out, whole);
     } else {
-        double* x = scratch;
-        double* y = scratch + kChunk + n - 1;
+        constexpr int P = kParts<B>;
+        double* x = scratch;                   // P runs of kChunk + n - 1
+        double* y = scratch + P * (kChunk + n - 1);  // P runs of kChunk
         for (int64_t i = 0; i < whole; i += kChunk) {
             const int64_t c = std::min(kChunk, whole - i), len = c + n - 1;
-            int64_t k = 0;
-            for (; k + 4 <= len; k += 4) _mm256_storeu_pd(x + k, load4(b + i + k));
-            for (; k < len; ++k) x[k] = double(b[i + k]);
-            dot_many_d(a, n, x, y, c);
-            for (k = 0; k < c; k += 4) _mm_storeu_ps(out + i + k, _mm256_cvtpd_ps(_mm256_loadu_pd(y + k)));
+            if constexpr (P == 1) {
+                int64_t k = 0;
+                for (; k + 4 <= len; k += 4) _mm256_storeu_pd(x + k, load4(b + i + k));
+                for (; k < len; ++k) x[k] = double(b[i + k]);
+                dot_many_d(a, n, x, y, c);
+                for (k = 0; k < c; k += 4) _mm_storeu_ps(out + i + k, _mm256_cvtpd_ps(_mm256_loadu_pd(y + k)));
+            } else {
+                double* xi = x + len;
+                for (int64_t k = 0; k < len; ++k) {
+                    x[k] = double(b[i + k].re);
+                    xi[k] = double(b[i + k].im);
+                }
+                cdot_many_d(a, n, x, xi, y, y + c, c);
+                for (int64_t k = 0; k < c; ++k) out[i + k] = B{part_t<B>(y[k]), part_t<B>(y[c + k])};
+            }
         }
     }
-    for (int64_t i = whole; i < count; ++i) out[i] = B(dot_real(a, b + i, n));
+    for (int64_t i = whole; i < count; ++i) {
+        if constexpr (is_complex_v<B>) out[i] = round_to<B>(lag_sum(reinterpret_cast<const Zam64fc*>(a), b + i, n));
+        else out[i] = B(dot_real(a, b + i, n));
+    }
 }
 
-// The taps of a direct path in double (the many-output kernel broadcasts
-// them), a[0], a[step], ... for n values (a itself when it is double and
-// in order), and the scratch of dot_many. ok() is false when memory could
+// The taps of a direct path in double (the many-output kernels broadcast
+// them), a[0], a[step], ... for n values (pairs for complex data; a itself
+// when it is double and in order), and the scratch of dot_many. ok() is false when memory could
 // not be had.
 template <class T> class DoubleTaps {
 public:
     DoubleTaps(const T* a, int64_t n, int64_t step) {
+        constexpr int P = kParts<T>;
         const bool direct = std::is_same_v<T, double> && step == 1;
-        const int64_t size = (direct ? 0 : n) + (std::is_same_v<T, float> ? 2 * kChunk + n : 0);
+        const int64_t size = (direct ? 0 : P * n) + (std::is_same_v<T, double> ? 0 : P * (2 * kChunk + n));
         own_ = size == 0 ? nullptr : size < INT32_MAX / 8 ? zamsMalloc_64f(int(size)) : nullptr;
         if (size > 0 && !own_) return;
         if (direct) {
             p_ = reinterpret_cast<const double*>(a);
         } else {
-            for (int64_t j = 0; j < n; ++j) own_[j] = double(a[j * step]);
+            for (int64_t j = 0; j < n; ++j) {
+                if constexpr (P == 2) {
+                    own_[2 * j] = double(a[j * step].re);
+                    own_[2 * j + 1] = double(a[j * step].im);
+                } else {
+                    own_[j] = double(a[j * step]);
+                }
+            }
             p_ = own_;
         }
-        scratch_ = own_ ? own_ + (direct ? 0 : n) : nullptr;
+        scratch_ = own_ ? own_ + (direct ? 0 : P * n) : nullptr;
     }
     ~DoubleTaps() { zamsFree(own_); }
     DoubleTaps(const DoubleTaps&) = delete;
@@ -172,37 +259,5 @@ private:
     double* own_ = nullptr;
     double* scratch_ = nullptr;
 };
-
-template <class T> inline acc_t<T> lag_sum(const T* a, const T* b, int64_t n) {
-    if constexpr (std::is_same_v<T, Zam16s>) {
-        int64_t s = 0;
-        for (int64_t i = 0; i < n; ++i) s += int32_t(a[i]) * int32_t(b[i]);
-        return s;
-    } else if constexpr (is_complex_v<T>) {
-        // conj(a) b = (ar br + ai bi) + i (ar bi - ai br)
-        double r0 = 0, r1 = 0, i0 = 0, i1 = 0;
-        for (int64_t k = 0; k < n; ++k) {
-            const double ar = a[k].re, ai = a[k].im, br = b[k].re, bi = b[k].im;
-            r0 += ar * br;
-            r1 += ai * bi;
-            i0 += ar * bi;
-            i1 += ai * br;
-        }
-        return CAcc{r0 + r1, i0 - i1};
-    } else {
-        return dot_real(a, b, n);
-    }
-}
-
-// The sum rounded to the element type (16-bit data: scaled and saturated).
-template <class T> inline T round_to(const acc_t<T>& s) {
-    if constexpr (is_complex_v<T>) return T{part_t<T>(s.re), part_t<T>(s.im)};
-    else return T(s);
-}
-
-template <class T> inline T conj_of(const T& v) {
-    if constexpr (is_complex_v<T>) return T{v.re, part_t<T>(-v.im)};
-    else return v;
-}
 
 }  // namespace zams::corr
