@@ -162,18 +162,19 @@ zamStatus crosscorr(const T* a, int la, const T* b, int lb, O* dst, int dstLen, 
         else out[n] = round_to<T>(s);
     };
     // Floating data: the lags 0 .. lb - la, where the first source lies
-    // wholly inside the second, several a step.
+    // wholly inside the second, several a step (one at a time, the same
+    // bits, when the kernel's buffer cannot be had).
     int64_t full0 = count, full1 = count;
     if constexpr (!kInt<T>) {
         full0 = std::clamp<int64_t>(-start, 0, count);
         full1 = std::clamp<int64_t>(int64_t(lb) - la - start + 1, full0, count);
+        bool many = false;
         if (full1 - full0 >= 4 * kVecs) {
             const DoubleTaps<T> ad(a, la, 1);
-            if (!ad.ok()) return zamStatusNoMemory;
-            dot_many(ad.get(), la, b + start + full0, out + full0, full1 - full0, ad.scratch());
-        } else {
-            full0 = full1 = count;
+            many = ad.ok();
+            if (many) dot_many(ad.get(), la, b + start + full0, out + full0, full1 - full0, ad.scratch());
         }
+        if (!many) full0 = full1 = count;
     }
     for (int64_t n = 0; n < full0; ++n) one(n);
     for (int64_t n = full1; n < count; ++n) one(n);
