@@ -98,8 +98,10 @@ inline constexpr int kVecs = 1;
 // Four taps a[0..3] into the partials p[0..3] of the outputs at b: added,
 // or the first of each partial (First) stored.
 template <bool First, class B> inline void taps4(const double* a, const B* b, __m256d (&p)[4][kVecs]) {
+    #pragma GCC unroll 8
     for (int r = 0; r < 4; ++r) {
         const __m256d t = _mm256_broadcast_sd(a + r);
+        #pragma GCC unroll 8
         for (int v = 0; v < kVecs; ++v) {
             const __m256d m = _mm256_mul_pd(t, load4(b + r + 4 * v));
             p[r][v] = First ? m : _mm256_add_pd(p[r][v], m);
@@ -125,7 +127,9 @@ inline void dot_many_d(const double* a, int64_t n, const double* b, double* out,
         if (n4 > 0) {
             taps4<true>(a, bi, lo);
         } else {
+            #pragma GCC unroll 8
             for (auto& r : lo)
+                #pragma GCC unroll 8
                 for (auto& v : r) v = zero;
         }
         for (int64_t j = 8; j < n8; j += 8) taps4<false>(a + j, bi + j, lo);
@@ -133,12 +137,16 @@ inline void dot_many_d(const double* a, int64_t n, const double* b, double* out,
         if (n8 > 0) {
             taps4<true>(a + 4, bi + 4, hi);
         } else {
+            #pragma GCC unroll 8
             for (auto& r : hi)
+                #pragma GCC unroll 8
                 for (auto& v : r) v = zero;
         }
         for (int64_t j = 12; j < n8; j += 8) taps4<false>(a + j, bi + j, hi);
+        #pragma GCC unroll 8
         for (int v = 0; v < kVecs; ++v) {
             __m256d q[4];
+            #pragma GCC unroll 8
             for (int r = 0; r < 4; ++r) q[r] = _mm256_add_pd(lo[r][v], hi[r][v]);
             __m256d s = _mm256_add_pd(_mm256_add_pd(q[0], q[1]), _mm256_add_pd(q[2], q[3]));
             for (int64_t j = n4; j < n; ++j)
@@ -157,9 +165,11 @@ inline void cdot_many_d(const double* a, int64_t n, const double* re, const doub
     constexpr int64_t step = 4 * kVecs;
     for (int64_t i = 0; i + step <= count; i += step) {
         __m256d r0[kVecs], r1[kVecs], i0[kVecs], i1[kVecs];
+        #pragma GCC unroll 8
         for (int v = 0; v < kVecs; ++v) r0[v] = r1[v] = i0[v] = i1[v] = _mm256_setzero_pd();
         for (int64_t k = 0; k < n; ++k) {
             const __m256d ar = _mm256_broadcast_sd(a + 2 * k), ai = _mm256_broadcast_sd(a + 2 * k + 1);
+            #pragma GCC unroll 8
             for (int v = 0; v < kVecs; ++v) {
                 const __m256d br = _mm256_loadu_pd(re + i + k + 4 * v), bi = _mm256_loadu_pd(im + i + k + 4 * v);
                 r0[v] = _mm256_add_pd(r0[v], _mm256_mul_pd(ar, br));
@@ -168,6 +178,7 @@ inline void cdot_many_d(const double* a, int64_t n, const double* re, const doub
                 i1[v] = _mm256_add_pd(i1[v], _mm256_mul_pd(ai, br));
             }
         }
+        #pragma GCC unroll 8
         for (int v = 0; v < kVecs; ++v) {
             _mm256_storeu_pd(outRe + i + 4 * v, _mm256_add_pd(r0[v], r1[v]));
             _mm256_storeu_pd(outIm + i + 4 * v, _mm256_sub_pd(i0[v], i1[v]));
