@@ -1,5 +1,7 @@
 // Direct sums of correlation and convolution: sum over i of conj(a[i]) b[i]
-// (conj only for complex data), the one kernel every direct path runs.
+// (conj only for complex data), each in one order fixed by the positions of
+// its terms (dot_real, lag_sum); the many-output kernels (dot_many) give
+// the same bits for runs of outputs whose sums have the same length.
 //
 // Float products accumulate in double, double products in double, 16-bit
 // products exactly in 64 bits; each sum is rounded once to its result.
