@@ -111,6 +111,19 @@ template <bool First, class B> inline void taps4(const double* a, const B* b, __
     }
 }
 
+// A pass's partials started at the four taps at a, or at +0 when the pass
+// has none.
+inline void start4(bool any, const double* a, const double* b, __m256d (&p)[4][kVecs]) {
+    if (any) {
+        taps4<true>(a, b, p);
+        return;
+    }
+    #pragma GCC unroll 8
+    for (auto& r : p)
+        #pragma GCC unroll 8
+        for (auto& v : r) v = _mm256_setzero_pd();
+}
+
 // out[i] = dot_real(a, b + i, n), for i < count: the same sums in the same
 // order, the outputs in the lanes. Two passes over the taps (those at
 // i mod 8 < 4 with the last whole four, then the rest) keep the partials
@@ -126,24 +139,10 @@ inline void dot_many_d(const double* a, int64_t n, const double* b, double* out,
     for (int64_t i = 0; i + step <= count; i += step) {
         const double* bi = b + i;
         __m256d lo[4][kVecs], hi[4][kVecs];
-        if (n4 > 0) {
-            taps4<true>(a, bi, lo);
-        } else {
-            #pragma GCC unroll 8
-            for (auto& r : lo)
-                #pragma GCC unroll 8
-                for (auto& v : r) v = zero;
-        }
+        start4(n4 > 0, a, bi, lo);
         for (int64_t j = 8; j < n8; j += 8) taps4<false>(a + j, bi + j, lo);
         if (n4 > n8 && n8 > 0) taps4<false>(a + n8, bi + n8, lo);
-        if (n8 > 0) {
-            taps4<true>(a + 4, bi + 4, hi);
-        } else {
-            #pragma GCC unroll 8
-            for (auto& r : hi)
-                #pragma GCC unroll 8
-                for (auto& v : r) v = zero;
-        }
+        start4(n8 > 0, a + 4, bi + 4, hi);
         for (int64_t j = 12; j < n8; j += 8) taps4<false>(a + j, bi + j, hi);
         #pragma GCC unroll 8
         for (int v = 0; v < kVecs; ++v) {
