@@ -52,10 +52,11 @@ inline int order_at_least(int64_t n) {
     return m;
 }
 
-// The section order for a kernel of `taps` values and `outputs` outputs:
-// the order whose cost per output, N log N / (N - taps + 1), is least
-// among the orders that hold the kernel at least twice, and not longer
-// than the call needs.
+// The section order of one call (run_once) for a kernel of `taps` values
+// and `outputs` outputs: the order whose cost, the transforms of the
+// sections and the kernel plus the specification's build, is least among
+// the orders that hold the kernel at least twice, and not longer than the
+// call needs.
 int section_order(int64_t taps, int64_t outputs);
 
 template <class D> struct Kernel {

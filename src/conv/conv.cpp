@@ -30,19 +30,29 @@ template <class T> zamStatus conv_range(const T* a, int la, const T* b, int lb, 
             return st < 0 ? st : zamStatusOk;
         }
     }
-    // Direct: the shorter source reversed, then one lag sum an output.
-    T* ar = reinterpret_cast<T*>(zamsMalloc_8u(int(int64_t(la) * sizeof(T))));
-    if (!ar) return zamStatusNoMemory;
-    for (int j = 0; j < la; ++j) ar[j] = a[la - 1 - j];
-    for (int64_t i = 0; i < count; ++i) {
-        const int64_t n = first + i;
-        const int64_t k0 = std::max<int64_t>(0, n - lb + 1), k1 = std::min<int64_t>(la - 1, n);
-        const int64_t j0 = la - 1 - k1;  // ar[j0 ..] against b[n - k1 ..]
-        const auto s = lag_sum(ar + j0, b + (n - k1), k1 - k0 + 1);
-        if constexpr (kInt<T>) out[i] = scale_round_sat<T>(s, sf);
-        else out[i] = round_to<T>(s);
+    // Direct: one lag sum an output against the shorter source reversed;
+    // the outputs where it lies wholly inside the longer, several a step.
+    if constexpr (kInt<T>) {
+        for (int64_t i = 0; i < count; ++i) {
+            const int64_t n = first + i;
+            const int64_t k0 = std::max<int64_t>(0, n - lb + 1), k1 = std::min<int64_t>(la - 1, n);
+            int64_t s = 0;
+            for (int64_t k = k0; k <= k1; ++k) s += int32_t(a[k]) * int32_t(b[n - k]);
+            out[i] = scale_round_sat<T>(s, sf);
+        }
+    } else {
+        const DoubleTaps<T> ar(a + la - 1, la, -1);
+        if (!ar.ok()) return zamStatusNoMemory;
+        const int64_t full0 = std::clamp<int64_t>(la - 1, first, first + count);
+        const int64_t full1 = std::clamp<int64_t>(lb, full0, first + count);
+        auto edge = [&](int64_t n) {
+            const int64_t k0 = std::max<int64_t>(0, n - lb + 1), k1 = std::min<int64_t>(la - 1, n);
+            out[n - first] = T(dot_real(ar.get() + (la - 1 - k1), b + (n - k1), k1 - k0 + 1));
+        };
+        for (int64_t n = first; n < full0; ++n) edge(n);
+        dot_many(ar.get(), la, b + (full0 - la + 1), out + (full0 - first), full1 - full0, ar.scratch());
+        for (int64_t n = full1; n < first + count; ++n) edge(n);
     }
-    zamsFree(ar);
     return zamStatusOk;
 }
 

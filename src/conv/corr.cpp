@@ -153,14 +153,31 @@ zamStatus crosscorr(const T* a, int la, const T* b, int lb, O* dst, int dstLen, 
             return st < 0 ? st : zamStatusOk;
         }
     }
-    for (int64_t n = 0; n < count; ++n) {
+    auto one = [&](int64_t n) {
         const int64_t lag = start + n;
         const int64_t k0 = std::max<int64_t>(0, -lag), k1 = std::min<int64_t>(la, lb - lag);
         const auto s = lag_sum(a + k0, b + k0 + lag, k1 - k0);
         if constexpr (std::is_same_v<O, Zam64s>) out[n] = s;
         else if constexpr (kInt<T>) out[n] = scale_round_sat<O>(s, sf);
         else out[n] = round_to<T>(s);
+    };
+    // Floating data: the lags 0 .. lb - la, where the first source lies
+    // wholly inside the second, several a step (one at a time, the same
+    // bits, when the kernel's buffer cannot be had).
+    int64_t full0 = count, full1 = count;
+    if constexpr (!kInt<T>) {
+        full0 = std::clamp<int64_t>(-start, 0, count);
+        full1 = std::clamp<int64_t>(int64_t(lb) - la - start + 1, full0, count);
+        bool many = false;
+        if (full1 - full0 >= 4 * kVecs) {
+            const DoubleTaps<T> ad(a, la, 1);
+            many = ad.ok();
+            if (many) dot_many(ad.get(), la, b + start + full0, out + full0, full1 - full0, ad.scratch());
+        }
+        if (!many) full0 = full1 = count;
     }
+    for (int64_t n = 0; n < full0; ++n) one(n);
+    for (int64_t n = full1; n < count; ++n) one(n);
     return zamStatusOk;
 }
 

@@ -1,5 +1,7 @@
 // Direct sums of correlation and convolution: sum over i of conj(a[i]) b[i]
-// (conj only for complex data), the one kernel every direct path runs.
+// (conj only for complex data), each in one order fixed by the positions of
+// its terms (dot_real, lag_sum); the many-output kernels (dot_many) give
+// the same bits for runs of outputs whose sums have the same length.
 //
 // Float products accumulate in double, double products in double, 16-bit
 // products exactly in 64 bits; each sum is rounded once to its result.
@@ -7,10 +9,12 @@
 
 #include <immintrin.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <type_traits>
 
 #include "../common/types.h"
+#include "zamcore.h"
 
 namespace zams::corr {
 
@@ -26,19 +30,23 @@ template <> struct Acc<Zam32fc> { using type = CAcc; };
 template <> struct Acc<Zam64fc> { using type = CAcc; };
 template <class T> using acc_t = typename Acc<T>::type;
 
-// Four double lanes over float or double data.
-template <class T> inline double dot_real(const T* a, const T* b, int64_t n) {
-    auto load = [](const T* p) {
-        if constexpr (std::is_same_v<T, float>) return _mm256_cvtps_pd(_mm_loadu_ps(p));
-        else return _mm256_loadu_pd(p);
-    };
+// Loads four values as doubles.
+inline __m256d load4(const float* p) { return _mm256_cvtps_pd(_mm_loadu_ps(p)); }
+inline __m256d load4(const double* p) { return _mm256_loadu_pd(p); }
+
+// The floating sum of n products a[i] b[i], in double, its order fixed by
+// the term positions alone: the first 4 floor(n/4) terms go to eight
+// partial sums by i mod 8, each added in sequence; the partials combine as
+// q_l = p_l + p_{l+4} (l < 4), then (q_0 + q_1) + (q_2 + q_3); the last
+// n mod 4 terms are added to that in sequence.
+template <class A, class B> inline double dot_real(const A* a, const B* b, int64_t n) {
     __m256d s0 = _mm256_setzero_pd(), s1 = s0;
     int64_t i = 0;
     for (; i + 8 <= n; i += 8) {
-        s0 = _mm256_add_pd(s0, _mm256_mul_pd(load(a + i), load(b + i)));
-        s1 = _mm256_add_pd(s1, _mm256_mul_pd(load(a + i + 4), load(b + i + 4)));
+        s0 = _mm256_add_pd(s0, _mm256_mul_pd(load4(a + i), load4(b + i)));
+        s1 = _mm256_add_pd(s1, _mm256_mul_pd(load4(a + i + 4), load4(b + i + 4)));
     }
-    for (; i + 4 <= n; i += 4) s0 = _mm256_add_pd(s0, _mm256_mul_pd(load(a + i), load(b + i)));
+    for (; i + 4 <= n; i += 4) s0 = _mm256_add_pd(s0, _mm256_mul_pd(load4(a + i), load4(b + i)));
     alignas(32) double l[4];
     _mm256_store_pd(l, _mm256_add_pd(s0, s1));
     double s = (l[0] + l[1]) + (l[2] + l[3]);
@@ -46,7 +54,9 @@ template <class T> inline double dot_real(const T* a, const T* b, int64_t n) {
     return s;
 }
 
-template <class T> inline acc_t<T> lag_sum(const T* a, const T* b, int64_t n) {
+// The lag sum of n terms; the taps a are of the data's type, or double
+// (pairs for complex data) where the many-output kernels hold them so.
+template <class A, class T> inline acc_t<T> lag_sum(const A* a, const T* b, int64_t n) {
     if constexpr (std::is_same_v<T, Zam16s>) {
         int64_t s = 0;
         for (int64_t i = 0; i < n; ++i) s += int32_t(a[i]) * int32_t(b[i]);
@@ -55,7 +65,7 @@ template <class T> inline acc_t<T> lag_sum(const T* a, const T* b, int64_t n) {
         // conj(a) b = (ar br + ai bi) + i (ar bi - ai br)
         double r0 = 0, r1 = 0, i0 = 0, i1 = 0;
         for (int64_t k = 0; k < n; ++k) {
-            const double ar = a[k].re, ai = a[k].im, br = b[k].re, bi = b[k].im;
+            const double ar = double(a[k].re), ai = double(a[k].im), br = double(b[k].re), bi = double(b[k].im);
             r0 += ar * br;
             r1 += ai * bi;
             i0 += ar * bi;
@@ -77,5 +87,189 @@ template <class T> inline T conj_of(const T& v) {
     if constexpr (is_complex_v<T>) return T{v.re, part_t<T>(-v.im)};
     else return v;
 }
+
+// Outputs a step of the many-output kernel: 4 x kVecs, each tap broadcast
+// once to all of them (four vectors need 8 of the 16 registers of x86-64,
+// i386 has 8).
+#if defined(__x86_64__)
+inline constexpr int kVecs = 2;
+#else
+inline constexpr int kVecs = 1;
+#endif
+
+// Four taps a[0..3] into the partials p[0..3] of the outputs at b: added,
+// or the first of each partial (First) stored.
+template <bool First, class B> inline void taps4(const double* a, const B* b, __m256d (&p)[4][kVecs]) {
+    #pragma GCC unroll 8
+    for (int r = 0; r < 4; ++r) {
+        const __m256d t = _mm256_broadcast_sd(a + r);
+        #pragma GCC unroll 8
+        for (int v = 0; v < kVecs; ++v) {
+            const __m256d m = _mm256_mul_pd(t, load4(b + r + 4 * v));
+            p[r][v] = First ? m : _mm256_add_pd(p[r][v], m);
+        }
+    }
+}
+
+// A pass's partials started at the four taps at a, or at +0 when the pass
+// has none.
+inline void start4(bool any, const double* a, const double* b, __m256d (&p)[4][kVecs]) {
+    if (any) {
+        taps4<true>(a, b, p);
+        return;
+    }
+    #pragma GCC unroll 8
+    for (auto& r : p)
+        #pragma GCC unroll 8
+        for (auto& v : r) v = _mm256_setzero_pd();
+}
+
+// out[i] = dot_real(a, b + i, n), for i < count: the same sums in the same
+// order, the outputs in the lanes. Two passes over the taps (those at
+// i mod 8 < 4 with the last whole four, then the rest) keep the partials
+// of one pass in registers. A partial starts at its first product where
+// dot_real adds that to +0: the two differ only in the sign of a zero, and
+// only while every term so far is zero, so they can differ only in a sum
+// that is zero, which the final + 0 makes +0 in every rounding mode where
+// dot_real's is (and leaves -0 where dot_real's is -0).
+inline void dot_many_d(const double* a, int64_t n, const double* b, double* out, int64_t count) {
+    constexpr int64_t step = 4 * kVecs;
+    const int64_t n8 = n & ~int64_t(7), n4 = n & ~int64_t(3);
+    const __m256d zero = _mm256_setzero_pd();
+    for (int64_t i = 0; i + step <= count; i += step) {
+        const double* bi = b + i;
+        __m256d lo[4][kVecs], hi[4][kVecs];
+        start4(n4 > 0, a, bi, lo);
+        for (int64_t j = 8; j < n8; j += 8) taps4<false>(a + j, bi + j, lo);
+        if (n4 > n8 && n8 > 0) taps4<false>(a + n8, bi + n8, lo);
+        start4(n8 > 0, a + 4, bi + 4, hi);
+        for (int64_t j = 12; j < n8; j += 8) taps4<false>(a + j, bi + j, hi);
+        #pragma GCC unroll 8
+        for (int v = 0; v < kVecs; ++v) {
+            __m256d q[4];
+            #pragma GCC unroll 8
+            for (int r = 0; r < 4; ++r) q[r] = _mm256_add_pd(lo[r][v], hi[r][v]);
+            __m256d s = _mm256_add_pd(_mm256_add_pd(q[0], q[1]), _mm256_add_pd(q[2], q[3]));
+            for (int64_t j = n4; j < n; ++j)
+                s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), _mm256_loadu_pd(bi + j + 4 * v)));
+            _mm256_storeu_pd(out + i + 4 * v, _mm256_add_pd(s, zero));
+        }
+    }
+}
+
+// Complex data: outRe[i] + i outIm[i] = lag_sum(a, b + i, n) for i < count,
+// its four sums in sequence from +0 as there, the outputs in the lanes. a
+// holds the taps as double pairs (re, im); re and im the parts of the
+// signal in double.
+inline void cdot_many_d(const double* a, int64_t n, const double* re, const double* im, double* outRe, double* outIm,
+                        int64_t count) {
+    constexpr int64_t step = 4 * kVecs;
+    for (int64_t i = 0; i + step <= count; i += step) {
+        __m256d r0[kVecs], r1[kVecs], i0[kVecs], i1[kVecs];
+        #pragma GCC unroll 8
+        for (int v = 0; v < kVecs; ++v) r0[v] = r1[v] = i0[v] = i1[v] = _mm256_setzero_pd();
+        for (int64_t k = 0; k < n; ++k) {
+            const __m256d ar = _mm256_broadcast_sd(a + 2 * k), ai = _mm256_broadcast_sd(a + 2 * k + 1);
+            #pragma GCC unroll 8
+            for (int v = 0; v < kVecs; ++v) {
+                const __m256d br = _mm256_loadu_pd(re + i + k + 4 * v), bi = _mm256_loadu_pd(im + i + k + 4 * v);
+                r0[v] = _mm256_add_pd(r0[v], _mm256_mul_pd(ar, br));
+                r1[v] = _mm256_add_pd(r1[v], _mm256_mul_pd(ai, bi));
+                i0[v] = _mm256_add_pd(i0[v], _mm256_mul_pd(ar, bi));
+                i1[v] = _mm256_add_pd(i1[v], _mm256_mul_pd(ai, br));
+            }
+        }
+        #pragma GCC unroll 8
+        for (int v = 0; v < kVecs; ++v) {
+            _mm256_storeu_pd(outRe + i + 4 * v, _mm256_add_pd(r0[v], r1[v]));
+            _mm256_storeu_pd(outIm + i + 4 * v, _mm256_sub_pd(i0[v], i1[v]));
+        }
+    }
+}
+
+// Outputs a pass of dot_many over float data.
+inline constexpr int64_t kChunk = 256;
+
+// The many-output kernels over any floating data: out[i] = the lag sum of
+// a (n taps in double, pairs for complex data) against b + i, for
+// i < count. Float and complex data are converted (and split into parts)
+// a chunk of outputs at a time into scratch (kParts (2 kChunk + n)
+// doubles); the outputs that do not fill a step go one at a time.
+template <class B> inline constexpr int kParts = is_complex_v<B> ? 2 : 1;
+
+template <class B>
+inline void dot_many(const double* a, int64_t n, const B* b, B* out, int64_t count, double* scratch) {
+    constexpr int64_t step = 4 * kVecs;
+    const int64_t whole = count - count % step;
+    if constexpr (std::is_same_v<B, double>) {
+        dot_many_d(a, n, b, out, whole);
+    } else {
+        constexpr int P = kParts<B>;
+        double* x = scratch;                   // P runs of kChunk + n - 1
+        double* y = scratch + P * (kChunk + n - 1);  // P runs of kChunk
+        for (int64_t i = 0; i < whole; i += kChunk) {
+            const int64_t c = std::min(kChunk, whole - i), len = c + n - 1;
+            if constexpr (P == 1) {
+                int64_t k = 0;
+                for (; k + 4 <= len; k += 4) _mm256_storeu_pd(x + k, load4(b + i + k));
+                for (; k < len; ++k) x[k] = double(b[i + k]);
+                dot_many_d(a, n, x, y, c);
+                for (k = 0; k < c; k += 4) _mm_storeu_ps(out + i + k, _mm256_cvtpd_ps(_mm256_loadu_pd(y + k)));
+            } else {
+                double* xi = x + len;
+                for (int64_t k = 0; k < len; ++k) {
+                    x[k] = double(b[i + k].re);
+                    xi[k] = double(b[i + k].im);
+                }
+                cdot_many_d(a, n, x, xi, y, y + c, c);
+                for (int64_t k = 0; k < c; ++k) out[i + k] = B{part_t<B>(y[k]), part_t<B>(y[c + k])};
+            }
+        }
+    }
+    for (int64_t i = whole; i < count; ++i) {
+        if constexpr (is_complex_v<B>) out[i] = round_to<B>(lag_sum(reinterpret_cast<const Zam64fc*>(a), b + i, n));
+        else out[i] = B(dot_real(a, b + i, n));
+    }
+}
+
+// The taps of a direct path in double (the many-output kernels broadcast
+// them), a[0], a[step], ... for n values (pairs for complex data; a itself
+// when it is double and in order), and the scratch of dot_many. ok() is false when memory could
+// not be had.
+template <class T> class DoubleTaps {
+public:
+    DoubleTaps(const T* a, int64_t n, int64_t step) {
+        constexpr int P = kParts<T>;
+        const bool direct = std::is_same_v<T, double> && step == 1;
+        const int64_t size = (direct ? 0 : P * n) + (std::is_same_v<T, double> ? 0 : P * (2 * kChunk + n));
+        own_ = size == 0 ? nullptr : size < INT32_MAX / 8 ? zamsMalloc_64f(int(size)) : nullptr;
+        if (size > 0 && !own_) return;
+        if (direct) {
+            p_ = reinterpret_cast<const double*>(a);
+        } else {
+            for (int64_t j = 0; j < n; ++j) {
+                if constexpr (P == 2) {
+                    own_[2 * j] = double(a[j * step].re);
+                    own_[2 * j + 1] = double(a[j * step].im);
+                } else {
+                    own_[j] = double(a[j * step]);
+                }
+            }
+            p_ = own_;
+        }
+        scratch_ = own_ ? own_ + (direct ? 0 : P * n) : nullptr;
+    }
+    ~DoubleTaps() { zamsFree(own_); }
+    DoubleTaps(const DoubleTaps&) = delete;
+    DoubleTaps& operator=(const DoubleTaps&) = delete;
+    bool ok() const { return p_ != nullptr; }
+    const double* get() const { return p_; }
+    double* scratch() const { return scratch_; }
+
+private:
+    const double* p_ = nullptr;
+    double* own_ = nullptr;
+    double* scratch_ = nullptr;
+};
 
 }  // namespace zams::corr
