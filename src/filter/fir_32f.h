@@ -76,6 +76,8 @@ using OneFn = zamStatus (*)(Hdr32*, float, float*);
 inline constexpr int kOneForms = 64;  // a power of two: the row is read back masked
 extern const std::array<OneFn, kOneForms> kOne;
 int32_t one_form(int tapsLen);
-inline zamStatus one32(Hdr32* h, float x, float* y) { return kOne[uint32_t(h->one) & (kOneForms - 1)](h, x, y); }
+inline zamStatus one32(Hdr32* h, float x, float* y) {
+    return kOne[uint32_t(h->one) & (kOneForms - 1)](h, x, y);
+}
 
 }  // namespace zams::fir

@@ -5,8 +5,8 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 #include <cstring>
+#include <utility>
 
 #include "fir_32f.h"
 #include "fir_direct32f.h"
