@@ -90,20 +90,27 @@ template <int B> inline void sums(const Long& k, const float* x, __m256* s, cons
     }
 }
 
-// The lane joins: four outputs in a 128-bit vector, eight in a 256-bit one.
-inline __m128 join4(const __m256* s) {
+// The lane joins, written out: four outputs from a 128-bit vector, two
+// from the low half of one, eight from a 256-bit one.
+inline void join4(const __m256* s, float* y) {
     const __m256 u = _mm256_hadd_ps(_mm256_hadd_ps(s[0], s[1]), _mm256_hadd_ps(s[2], s[3]));
-    return _mm_add_ps(_mm256_castps256_ps128(u), _mm256_extractf128_ps(u, 1));
+    _mm_storeu_ps(y, _mm_add_ps(_mm256_castps256_ps128(u), _mm256_extractf128_ps(u, 1)));
 }
 #if defined(__x86_64__)
-inline __m256 join8(const __m256* s) {
+inline void join_side(const __m256* s, float* y) {
     const __m256 e = _mm256_hadd_ps(_mm256_hadd_ps(s[0], s[1]), _mm256_hadd_ps(s[2], s[3]));
     const __m256 f = _mm256_hadd_ps(_mm256_hadd_ps(s[4], s[5]), _mm256_hadd_ps(s[6], s[7]));
-    return _mm256_add_ps(_mm256_permute2f128_ps(e, f, 0x20), _mm256_permute2f128_ps(e, f, 0x31));
+    _mm256_storeu_ps(y, _mm256_add_ps(_mm256_permute2f128_ps(e, f, 0x20), _mm256_permute2f128_ps(e, f, 0x31)));
 }
 constexpr int kSide = 8;  // sixteen registers: eight sums, the taps, a product
 #else
-constexpr int kSide = 4;  // eight registers
+inline void join_side(const __m256* s, float* y) {
+    join4(s, y);
+    const __m256 u = _mm256_hadd_ps(s[4], s[5]);
+    const __m256 v = _mm256_hadd_ps(u, u);
+    _mm_storel_pi(reinterpret_cast<__m64*>(y + 4), _mm_add_ps(_mm256_castps256_ps128(v), _mm256_extractf128_ps(v, 1)));
+}
+constexpr int kSide = 6;  // eight registers: six sums, the taps, a product
 #endif
 
 void kernel_long(const Hdr32* h, const float* a, float* y, int count) {
@@ -116,11 +123,7 @@ void kernel_long(const Hdr32* h, const float* a, float* y, int count) {
     int n = 0;
     for (; n + kSide <= count && n + kSide - 1 + reach <= avail; n += kSide) {
         sums<kSide>(k, a + n, s);
-#if defined(__x86_64__)
-        _mm256_storeu_ps(y + n, join8(s));
-#else
-        _mm_storeu_ps(y + n, join4(s));
-#endif
+        join_side(s, y + n);
     }
     for (; n < count; ++n) {
         // Near the end the part vector's samples come from a copy with zeros
