@@ -3,10 +3,11 @@
 // and runs the same code on them).
 //
 // Areas, in order after the header, each on a 32-byte boundary:
-//   copies    the taps reversed, in eight copies each one element further
-//             on (copy c element i = taps[L-1-(i-c)]), copyStride floats a
-//             copy and a ninth of zeros, for the kernel that reads aligned
-//             sample vectors whatever the phase of its input;
+//   copies    the taps reversed (element i = taps[L-1-i]), then zeros to
+//             copyStride floats, read in whole vectors by the long-filter
+//             kernel and the one-sample form; the area is the nine rows of
+//             copyStride floats the size formula counts, of which the
+//             kernels read the first;
 //   dly       8 (L + 1) floats: the span [idx, idx + L) holds the last L
 //             samples oldest first; a one-sample call writes each sample
 //             at i and i + L so the span never wraps; a block call joins
@@ -22,6 +23,8 @@
 //             then its build buffer.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -36,6 +39,7 @@ using RealF = fftp::Real<float>;
 struct Hdr32 {
     int32_t id, tapsLen, padLen, fftLen, idx, scratchWord, dlyLen, rep, threads, owned, externalFft;
     int32_t offCopies, offDly, offRep, offTaps, offTable, offSpectrum, offScratch, copyStride, stride;
+    int32_t one;  // the one-sample form: its row of kOne
     conv::Kernel<RealF> k;
 
     float* copies() { return reinterpret_cast<float*>(reinterpret_cast<uint8_t*>(this) + offCopies); }
@@ -63,8 +67,17 @@ void set_taps32(Hdr32* h, const float* taps);
 void set_dly32(Hdr32* h, const float* dly);  // null: zeros
 void get_dly32(const Hdr32* h, float* out);
 
-// Filtering on a checked state: a block (pSrc may equal pDst) and one sample.
+// Filtering on a checked state: a block (pSrc may equal pDst) and one
+// sample, by the form kOne[one_form(tapsLen)] that the build records (read
+// back masked to the table; the call reaches a form straight from the
+// exported entry).
 zamStatus block32(Hdr32* h, const float* src, float* dst, int len);
-float one32(Hdr32* h, float x);
+using OneFn = zamStatus (*)(Hdr32*, float, float*);
+inline constexpr int kOneForms = 64;  // a power of two: the row is read back masked
+extern const std::array<OneFn, kOneForms> kOne;
+int32_t one_form(int tapsLen);
+inline zamStatus one32(Hdr32* h, float x, float* y) {
+    return kOne[uint32_t(h->one) & (kOneForms - 1)](h, x, y);
+}
 
 }  // namespace zams::fir

@@ -116,7 +116,8 @@ zamStatus one_32f16s(Zam16s x, Zam16s* y, void* p, int sf) {
     zamStatus st;
     Hdr32* h = state_of<Hdr32>(p, {id::Fir32f16s}, st);
     if (!h) return st;
-    const float v = one32(h, float(x));
+    float v;
+    one32(h, float(x), &v);
     return g9_zamsConvert_32f16s_Sfs(&v, y, 1, zamRoundNearestEven, sf);
 }
 
@@ -163,8 +164,7 @@ ZAMS_FN(zamStatus, zamsFIROne_32f)(Zam32f x, Zam32f* y, ZamsFIRState_32f* p) {
     if (zamStatus s = check_ptr(p, y)) return s;
     zamStatus s;
     Hdr32* h = zams::state_of<Hdr32>(p, {zams::id::Fir32f}, s);
-    if (h) *y = one32(h, x);
-    return s;
+    return h ? one32(h, x, y) : s;
 }
 
 ZAMS_FN(zamStatus, zamsFIRStreamGetStateSize_32f)(int n, int* s) { return size32(n, s); }

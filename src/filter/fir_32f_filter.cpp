@@ -4,7 +4,9 @@
 #include <immintrin.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
+#include <utility>
 
 #include "fir_32f.h"
 #include "fir_direct32f.h"
@@ -12,27 +14,6 @@
 
 namespace zams::fir {
 namespace {
-
-// Sum of r[k] a[k], k < n: four vectors of eight lanes side by side (no
-// chain of dependent additions longer than n / 32), then a scalar tail.
-float dot8(const float* r, const float* a, int n) {
-    __m256 s0 = _mm256_setzero_ps(), s1 = s0, s2 = s0, s3 = s0;
-    int k = 0;
-    for (; k + 32 <= n; k += 32) {
-        s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(r + k), _mm256_loadu_ps(a + k)));
-        s1 = _mm256_add_ps(s1, _mm256_mul_ps(_mm256_loadu_ps(r + k + 8), _mm256_loadu_ps(a + k + 8)));
-        s2 = _mm256_add_ps(s2, _mm256_mul_ps(_mm256_loadu_ps(r + k + 16), _mm256_loadu_ps(a + k + 16)));
-        s3 = _mm256_add_ps(s3, _mm256_mul_ps(_mm256_loadu_ps(r + k + 24), _mm256_loadu_ps(a + k + 24)));
-    }
-    for (; k + 8 <= n; k += 8) s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(r + k), _mm256_loadu_ps(a + k)));
-    const __m256 acc = _mm256_add_ps(_mm256_add_ps(s0, s1), _mm256_add_ps(s2, s3));
-    __m128 q = _mm_add_ps(_mm256_castps256_ps128(acc), _mm256_extractf128_ps(acc, 1));
-    q = _mm_hadd_ps(q, q);
-    q = _mm_hadd_ps(q, q);
-    float s = _mm_cvtss_f32(q);
-    for (; k < n; ++k) s += r[k] * a[k];
-    return s;
-}
 
 // y[n] = sum over k < L of rt[k] a[n + k], n < count: a holds count + L - 1
 // samples (history then input), rt the reversed taps.
@@ -73,84 +54,93 @@ void kernel_bcast(const Hdr32* h, const float* a, float* y, int count) {
     }
 }
 
-// Four outputs b + c0 .. b + c0 + 3 from the shifted copies c0 .. c0 + 3
-// against the samples from a + b, K of them; and the same for the group
-// eight samples on (b + 8 + c0 ..) when `two`, sharing the loads of the
-// taps. The sums of each output are the same in either form.
-inline __m128 reduce4(__m256 s0, __m256 s1, __m256 s2, __m256 s3) {
-    const __m256 u = _mm256_hadd_ps(_mm256_hadd_ps(s0, s1), _mm256_hadd_ps(s2, s3));
-    return _mm_add_ps(_mm256_castps256_ps128(u), _mm256_extractf128_ps(u, 1));
-}
-inline __m128 four_outputs(const float* copies, int stride, int c0, const float* x, int K) {
-    const float* c = copies + c0 * stride;
-    __m256 s0 = _mm256_setzero_ps(), s1 = s0, s2 = s0, s3 = s0;
-    for (int i = 0; i < K; i += 8) {
-        const __m256 v = _mm256_loadu_ps(x + i);
-        s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(c + i), v));
-        s1 = _mm256_add_ps(s1, _mm256_mul_ps(_mm256_loadu_ps(c + stride + i), v));
-        s2 = _mm256_add_ps(s2, _mm256_mul_ps(_mm256_loadu_ps(c + 2 * stride + i), v));
-        s3 = _mm256_add_ps(s3, _mm256_mul_ps(_mm256_loadu_ps(c + 3 * stride + i), v));
+// Long filters: every output is the dot product of the reversed taps with
+// the samples from its own position, in eight lanes: lane l sums the
+// products of taps positions l, l + 8, l + 16, ... in that order (a last
+// part vector has its lanes past the taps cleared), and the lanes join as
+// ((l0 + l1) + (l2 + l3)) + ((l4 + l5) + (l6 + l7)). An output's sum
+// depends on its samples alone, never on its place in the call nor on an
+// address, so any split of a signal into calls gives the bits of one call.
+// Several outputs go side by side sharing each load of the taps.
+alignas(32) constexpr int32_t kLead[16] = {-1, -1, -1, -1, -1, -1, -1, -1, 0, 0, 0, 0, 0, 0, 0, 0};
+
+struct Long {
+    const float* rt;  // the reversed taps, zeros after them
+    int Q;            // whole vectors of taps
+    bool part;        // a last part vector (L not a multiple of 8)
+    __m256 keep;      // its lanes within the taps
+};
+
+// The sums of B outputs from x, x + 1, .. x + B - 1; `last` (for a single
+// output near the end of the samples) replaces the part vector's samples.
+// The first products start the sums (L >= 32: Q >= 4).
+template <int B> inline void sums(const Long& k, const float* x, __m256* s, const float* last = nullptr) {
+    const __m256 t0 = _mm256_load_ps(k.rt);
+    for (int c = 0; c < B; ++c) s[c] = _mm256_mul_ps(t0, _mm256_loadu_ps(x + c));
+    for (int j = 1; j < k.Q; ++j) {
+        const __m256 t = _mm256_load_ps(k.rt + 8 * j);
+        for (int c = 0; c < B; ++c) s[c] = _mm256_add_ps(s[c], _mm256_mul_ps(t, _mm256_loadu_ps(x + c + 8 * j)));
     }
-    return reduce4(s0, s1, s2, s3);
+    if (k.part) {
+        const __m256 t = _mm256_load_ps(k.rt + 8 * k.Q);
+        for (int c = 0; c < B; ++c) {
+            const __m256 v = _mm256_loadu_ps(last ? last : x + c + 8 * k.Q);
+            s[c] = _mm256_add_ps(s[c], _mm256_and_ps(_mm256_mul_ps(t, v), k.keep));
+        }
+    }
+}
+
+// The lane joins, written out: four outputs from a 128-bit vector, two
+// from the low half of one, eight from a 256-bit one.
+inline void join4(const __m256* s, float* y) {
+    const __m256 u = _mm256_hadd_ps(_mm256_hadd_ps(s[0], s[1]), _mm256_hadd_ps(s[2], s[3]));
+    _mm_storeu_ps(y, _mm_add_ps(_mm256_castps256_ps128(u), _mm256_extractf128_ps(u, 1)));
 }
 #if defined(__x86_64__)
-// Sixteen registers: two groups at once.
-inline void four_outputs2(const float* copies, int stride, int c0, const float* x, int K, __m128& lo, __m128& hi) {
-    const float* c = copies + c0 * stride;
-    __m256 s0 = _mm256_setzero_ps(), s1 = s0, s2 = s0, s3 = s0, t0 = s0, t1 = s0, t2 = s0, t3 = s0;
-    for (int i = 0; i < K; i += 8) {
-        const __m256 v = _mm256_loadu_ps(x + i), w = _mm256_loadu_ps(x + 8 + i);
-        __m256 k = _mm256_loadu_ps(c + i);
-        s0 = _mm256_add_ps(s0, _mm256_mul_ps(k, v));
-        t0 = _mm256_add_ps(t0, _mm256_mul_ps(k, w));
-        k = _mm256_loadu_ps(c + stride + i);
-        s1 = _mm256_add_ps(s1, _mm256_mul_ps(k, v));
-        t1 = _mm256_add_ps(t1, _mm256_mul_ps(k, w));
-        k = _mm256_loadu_ps(c + 2 * stride + i);
-        s2 = _mm256_add_ps(s2, _mm256_mul_ps(k, v));
-        t2 = _mm256_add_ps(t2, _mm256_mul_ps(k, w));
-        k = _mm256_loadu_ps(c + 3 * stride + i);
-        s3 = _mm256_add_ps(s3, _mm256_mul_ps(k, v));
-        t3 = _mm256_add_ps(t3, _mm256_mul_ps(k, w));
-    }
-    lo = reduce4(s0, s1, s2, s3);
-    hi = reduce4(t0, t1, t2, t3);
+inline void join_side(const __m256* s, float* y) {
+    const __m256 e = _mm256_hadd_ps(_mm256_hadd_ps(s[0], s[1]), _mm256_hadd_ps(s[2], s[3]));
+    const __m256 f = _mm256_hadd_ps(_mm256_hadd_ps(s[4], s[5]), _mm256_hadd_ps(s[6], s[7]));
+    _mm256_storeu_ps(y, _mm256_add_ps(_mm256_permute2f128_ps(e, f, 0x20), _mm256_permute2f128_ps(e, f, 0x31)));
 }
+constexpr int kSide = 8;  // sixteen registers: eight sums, the taps, a product
+#else
+inline void join_side(const __m256* s, float* y) {
+    join4(s, y);
+    const __m256 u = _mm256_hadd_ps(s[4], s[5]);
+    const __m256 v = _mm256_hadd_ps(u, u);
+    _mm_storel_pi(reinterpret_cast<__m64*>(y + 4), _mm_add_ps(_mm256_castps256_ps128(v), _mm256_extractf128_ps(v, 1)));
+}
+constexpr int kSide = 6;  // eight registers: six sums, the taps, a product
 #endif
 
-// Long filters: a vector of consecutive reversed taps against a vector of
-// consecutive samples, eight outputs from one run of samples, each output
-// from the copy that matches its phase. Groups start at the first output
-// whatever the address of the samples, so that an output's sum depends on
-// its place in the call and never on where the caller's buffers lie.
-// Outputs whose run would read past the samples are single dot products.
-void kernel_copies(const Hdr32* h, const float* a, float* y, int count) {
-    const int L = h->tapsLen, stride = h->copyStride;
-    const float* copies = const_cast<Hdr32*>(h)->copies();
-    const int K = (L + 7 + 7) & ~7;  // samples a group reads
-    const int64_t avail = int64_t(count) + L - 1;
-    int b = 0;
-#if defined(__x86_64__)
-    for (; b + 16 <= count && b + 8 + int64_t(K) <= avail; b += 16) {
-        __m128 lo, hi;
-        four_outputs2(copies, stride, 0, a + b, K, lo, hi);
-        _mm_storeu_ps(y + b, lo);
-        _mm_storeu_ps(y + b + 8, hi);
-        four_outputs2(copies, stride, 4, a + b, K, lo, hi);
-        _mm_storeu_ps(y + b + 4, lo);
-        _mm_storeu_ps(y + b + 12, hi);
+void kernel_long(const Hdr32* h, const float* a, float* y, int count) {
+    const int L = h->tapsLen;
+    const Long k{const_cast<Hdr32*>(h)->copies(), L >> 3, (L & 7) != 0,
+                 _mm256_loadu_ps(reinterpret_cast<const float*>(kLead + 8 - (L & 7)))};
+    const int64_t avail = int64_t(count) + L - 1;     // samples in a
+    const int64_t reach = 8 * int64_t(k.Q + k.part);  // samples an output's vectors read
+    __m256 s[kSide];
+    int n = 0;
+    for (; n + kSide <= count && n + kSide - 1 + reach <= avail; n += kSide) {
+        sums<kSide>(k, a + n, s);
+        join_side(s, y + n);
     }
-#endif
-    for (; b + 8 <= count && b + int64_t(K) <= avail; b += 8) {
-        _mm_storeu_ps(y + b, four_outputs(copies, stride, 0, a + b, K));
-        _mm_storeu_ps(y + b + 4, four_outputs(copies, stride, 4, a + b, K));
+    for (; n < count; ++n) {
+        // Near the end the part vector's samples come from a copy with zeros
+        // after the last sample, so that nothing past the samples is read.
+        alignas(32) float last[8] = {};
+        const float* p = a + n + 8 * k.Q;
+        if (k.part && n + reach > avail) std::memcpy(last, p, size_t(a + avail - p) * sizeof(float));
+        sums<1>(k, a + n, s, k.part && n + reach > avail ? last : nullptr);
+        const __m256 u = _mm256_hadd_ps(s[0], s[0]);
+        const __m256 v = _mm256_hadd_ps(u, u);
+        y[n] = _mm_cvtss_f32(_mm_add_ss(_mm256_castps256_ps128(v), _mm256_extractf128_ps(v, 1)));
     }
-    for (int n = b; n < count; ++n) y[n] = dot8(copies, a + n, L);
 }
 
 void kernel(const Hdr32* h, const float* a, float* y, int count) {
     if (h->tapsLen <= 31) kernel_bcast(h, a, y, count);
-    else kernel_copies(h, a, y, count);
+    else kernel_long(h, a, y, count);
 }
 
 // Outputs [first, last) straight from the input (first >= L - 1), right to
@@ -211,55 +201,88 @@ zamStatus block32(Hdr32* h, const float* src, float* dst, int len) {
     return st;
 }
 
-// The eight newest samples of the span, stored by the last calls, are read
-// one by one (a vector load over recent single stores waits for them to
-// leave the store buffer) and the newest comes from the argument; the
-// older ones go in vectors, the last of which overlaps the one before with
-// the repeated lanes masked off.
-float one32(Hdr32* h, float x) {
-    const int L = h->tapsLen;
+// The one-sample form. The sample goes to both halves of the doubled delay
+// line so that the span of the last L samples never wraps.
+namespace {
+
+inline void push(Hdr32* h, float* d, int old, float x) {
+    d[old] = x;
+    d[old + h->tapsLen] = x;
+    h->idx = old + 1 == h->tapsLen ? 0 : old + 1;
+}
+
+// Fewer than 12 taps: one single-precision sum, oldest sample first.
+zamStatus one_short(Hdr32* h, float x, float* out) {
+    const int L = h->tapsLen, old = h->idx;
     float* d = h->dly();
-    const int old = h->idx;
     const float* span = d + old + 1;
-    const float* rt = h->copies();  // copy 0: the reversed taps
-    float y;
-    if (L < 12) {
-        d[old] = x;
-        d[old + L] = x;
-        y = 0.0f;
-        for (int j = 0; j < L; ++j) y += rt[j] * span[j];
-    } else {
-        const int n = L - 8, whole = n & ~7, rem = n - whole;
-        float y0 = 0.0f;  // the oldest few of a filter shorter than 16
-        __m256 s0 = _mm256_setzero_ps(), s1 = s0;
-        int k = 0;
-        for (; k + 16 <= whole; k += 16) {
-            s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(rt + k), _mm256_loadu_ps(span + k)));
-            s1 = _mm256_add_ps(s1, _mm256_mul_ps(_mm256_loadu_ps(rt + k + 8), _mm256_loadu_ps(span + k + 8)));
-        }
-        if (k < whole) s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(rt + k), _mm256_loadu_ps(span + k)));
-        if (rem && n < 8) {
-            for (int j = 0; j < n; ++j) y0 += rt[j] * span[j];
-        } else if (rem) {
-            alignas(32) static constexpr int32_t kMask[16] = {0, 0, 0, 0, 0, 0, 0, 0, -1, -1, -1, -1, -1, -1, -1, -1};
-            const __m256 keep = _mm256_loadu_ps(reinterpret_cast<const float*>(kMask + rem));  // last rem lanes
-            const __m256 p = _mm256_mul_ps(_mm256_loadu_ps(rt + n - 8), _mm256_loadu_ps(span + n - 8));
-            s1 = _mm256_add_ps(s1, _mm256_and_ps(p, keep));
-        }
-        const float* e = span + n;
-        const __m256 newest =
-            _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(e)), _mm_setr_ps(e[4], e[5], e[6], x), 1);
-        s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(rt + n), newest));
-        const __m256 acc = _mm256_add_ps(s0, s1);
-        __m128 q = _mm_add_ps(_mm256_castps256_ps128(acc), _mm256_extractf128_ps(acc, 1));
-        q = _mm_add_ps(q, _mm_movehl_ps(q, q));
-        q = _mm_add_ss(q, _mm_movehdup_ps(q));
-        y = _mm_cvtss_f32(q) + y0;
-        d[old] = x;
-        d[old + L] = x;
+    const float* rt = h->copies();
+    push(h, d, old, x);
+    float y = 0.0f;
+    for (int j = 0; j < L; ++j) y += rt[j] * span[j];
+    *out = y;
+    return zamStatusOk;
+}
+
+// From 12 taps: the span's n = L - 8 older samples as W = n / 8 whole
+// vectors and, when n is not a multiple of 8 (P), a front part vector with
+// its lanes from n mod 8 on cleared, into two sums; the eight newest as one
+// vector. The newest ones were stored one by one by the last calls, and a
+// vector load over recent single stores waits for them to leave the store
+// buffer: the four oldest of them go in one load, the next three singly,
+// the newest is the argument. W < 0: W from the taps length.
+template <int W, bool P> zamStatus one_long(Hdr32* h, float x, float* out) {
+    const int L = h->tapsLen, old = h->idx, n = L - 8, rem = P ? n & 7 : 0, w = W >= 0 ? W : n >> 3;
+    float* d = h->dly();
+    const float* span = d + old + 1;
+    const float* rt = h->copies();  // the reversed taps
+    const float* e = span + n;
+    const __m256 newest =
+        _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(e)), _mm_setr_ps(e[4], e[5], e[6], x), 1);
+    __m256 s0 = _mm256_mul_ps(_mm256_loadu_ps(rt + n), newest), s1 = _mm256_setzero_ps();
+    if (P) {
+        const __m256 keep = _mm256_loadu_ps(reinterpret_cast<const float*>(kLead + 8 - rem));  // first rem lanes
+        s1 = _mm256_and_ps(_mm256_mul_ps(_mm256_loadu_ps(rt), _mm256_loadu_ps(span)), keep);
     }
-    h->idx = old + 1 == L ? 0 : old + 1;
-    return y;
+    const float* t = rt + rem;
+    const float* v = span + rem;
+    int i = 0;
+    for (; i + 2 <= w; i += 2) {
+        s1 = _mm256_add_ps(s1, _mm256_mul_ps(_mm256_loadu_ps(t + 8 * i), _mm256_loadu_ps(v + 8 * i)));
+        s0 = _mm256_add_ps(s0, _mm256_mul_ps(_mm256_loadu_ps(t + 8 * i + 8), _mm256_loadu_ps(v + 8 * i + 8)));
+    }
+    if (i < w) s1 = _mm256_add_ps(s1, _mm256_mul_ps(_mm256_loadu_ps(t + 8 * i), _mm256_loadu_ps(v + 8 * i)));
+    const __m256 acc = _mm256_add_ps(s0, s1);
+    __m128 q = _mm_add_ps(_mm256_castps256_ps128(acc), _mm256_extractf128_ps(acc, 1));
+    q = _mm_add_ps(q, _mm_movehl_ps(q, q));
+    q = _mm_add_ss(q, _mm_movehdup_ps(q));
+    push(h, d, old, x);
+    _mm_store_ss(out, q);
+    return zamStatusOk;
+}
+
+// The forms: 0 short filters; 1 + 2 W + P a straight-line form for W < 17
+// (L < 144); 35 + P the loop. The rest of the table repeats the short form,
+// which is right for any taps length.
+constexpr int kStraight = 17;
+template <size_t... I> constexpr std::array<OneFn, kOneForms> one_table(std::index_sequence<I...>) {
+    std::array<OneFn, kOneForms> t{};
+    for (OneFn& f : t) f = one_short;
+    const OneFn straight[] = {one_long<int(I / 2), I % 2 == 1>...};
+    for (size_t i = 0; i < sizeof...(I); ++i) t[1 + i] = straight[i];
+    t[1 + 2 * kStraight] = one_long<-1, false>;
+    t[2 + 2 * kStraight] = one_long<-1, true>;
+    return t;
+}
+
+}  // namespace
+
+const std::array<OneFn, kOneForms> kOne = one_table(std::make_index_sequence<2 * kStraight>{});
+
+int32_t one_form(int L) {
+    if (L < 12) return 0;
+    const int w = (L - 8) >> 3, p = (L & 7) != 0;
+    return w < kStraight ? 1 + 2 * w + p : 1 + 2 * kStraight + p;
 }
 
 // The 32f Direct forms' sum of taps[L-1-j] span[j]: products in single

@@ -68,6 +68,7 @@ zamStatus build(const Kind32& kind, uint8_t* base, int64_t room, const Lay& l, c
     h->threads = l.T;
     h->fftLen = -1;
     h->copyStride = int32_t(l.copyStride);
+    h->one = one_form(L);
     uint8_t* p = align_up(base + sizeof(Hdr32), 32);
     auto take = [&](int64_t bytes) {
         const int32_t off = int32_t(p - base);
@@ -154,9 +155,8 @@ zamStatus free32(void* h, std::initializer_list<int32_t> ids) {
 void set_taps32(Hdr32* h, const float* taps) {
     const int L = h->tapsLen;
     float* c = h->copies();
-    std::memset(c, 0, size_t(9 * h->copyStride) * sizeof(float));
-    for (int k = 0; k < 8; ++k)
-        for (int i = 0; i < L; ++i) c[k * h->copyStride + k + i] = taps[L - 1 - i];
+    std::memset(c, 0, size_t(h->copyStride) * sizeof(float));
+    for (int i = 0; i < L; ++i) c[i] = taps[L - 1 - i];
     float* r = h->rep_taps();
     for (int j = 0; j < L; ++j) std::fill(r + j * h->rep, r + (j + 1) * h->rep, taps[j]);
     std::memmove(h->taps(), taps, size_t(L) * sizeof(float));
