@@ -4,6 +4,7 @@
 // life cycle and the order of the argument checks.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <random>
 
@@ -123,7 +124,8 @@ TYPED_TEST(DftComplex, FlagsScaleTheRightDirection) {
     }
 }
 
-// In place, the _I forms, a caller's (unaligned) work buffer and none: the same bits.
+// In place, the _I forms, a caller's (unaligned) work buffer and none,
+// vectors off their alignment: the same bits.
 TYPED_TEST(DftComplex, InPlaceAndWorkBuffersGiveTheSameBits) {
     using F = TypeParam;
     using K = CKind<F>;
@@ -140,6 +142,11 @@ TYPED_TEST(DftComplex, InPlaceAndWorkBuffersGiveTheSameBits) {
         ASSERT_EQ(K::fwdI(b.data(), s.spec, nullptr), zamStatusOk);
         EXPECT_EQ(0, std::memcmp(y.data(), a.data(), y.size() * sizeof(y[0]))) << n;
         EXPECT_EQ(0, std::memcmp(y.data(), b.data(), y.size() * sizeof(y[0]))) << n;
+        // Vectors one element off their alignment: the same bits.
+        std::vector<typename K::C> xs(size_t(n) + 1), ys(size_t(n) + 1);
+        std::copy(x.begin(), x.end(), xs.begin() + 1);
+        ASSERT_EQ(K::fwd(xs.data() + 1, ys.data() + 1, s.spec, nullptr), zamStatusOk);
+        EXPECT_EQ(0, std::memcmp(y.data(), ys.data() + 1, y.size() * sizeof(y[0]))) << n;
         ASSERT_EQ(K::inv(y.data(), a.data(), s.spec, nullptr), zamStatusOk);
         ASSERT_EQ(K::invI(y.data(), s.spec, bs ? buf.data() : nullptr), zamStatusOk);
         EXPECT_EQ(0, std::memcmp(y.data(), a.data(), y.size() * sizeof(y[0]))) << n;
