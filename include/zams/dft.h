@@ -22,7 +22,11 @@
  *  - a power of two: the power-of-two FFT, its spec built inside this one;
  *  - prime factors all at most 64: self-sorting mixed-radix passes of radix
  *    4, 2, 3, 5, 7 and any other odd prime up to 64, twiddles precomputed,
- *    AVX on four (float) or two (double) complex values at a time;
+ *    AVX on four (float) or two (double) complex values at a time; in
+ *    double precision from 3072 points, len = 2^k m with 2^k >= 64 runs
+ *    m's passes over the 2^k columns (the twiddles between the two parts in
+ *    the last of them), the power-of-two FFT on each of the m rows and one
+ *    interleaving pass;
  *  - a prime p with p - 1 a power of two (257, 65537): Rader's cyclic
  *    convolution of length p - 1 over the powers of a generator;
  *  - any other length (a prime factor above 64): Bluestein's chirp product

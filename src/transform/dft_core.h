@@ -1,9 +1,18 @@
 // DFT of any length: the DFT specification, the complex plan every kind runs
 // on, and the spec structure's life cycle shared by the floating kinds.
 //
-// A complex plan of n points is one of four methods, chosen from n alone:
+// A complex plan of n points is one of five methods, chosen from n alone:
 //
 //   Pow2       n = 2^k: the power-of-two FFT, its spec built inside ours;
+//   Split      n = M L, M = 2^k >= 64, L > 1 odd with every prime factor at
+//              most kMaxRadix, double precision from 3072 points (where it
+//              was measured faster than Mixed): the self-sorting passes of
+//              L on the M
+//              columns x[n1 + M n2] (the last pass multiplies by
+//              W_n^(n1 k2) from a table of n values), L power-of-two FFTs
+//              of M over the rows, and one interleave
+//              X[L k1 + k2] = row k2 [k1]: most of the work runs in the
+//              power-of-two FFT;
 //   Mixed      every prime factor at most kMaxRadix: self-sorting passes of
 //              radix 4, 2, 3, 5, 7 and any other odd prime (dft_passes.h);
 //   Rader      n a prime with n - 1 a power of two (257, 65537): the
@@ -33,7 +42,7 @@ namespace zams::dft {
 inline constexpr int kMaxLen = 1 << 23;
 inline constexpr int kMaxStages = 32;
 
-enum Method : int32_t { kPow2 = 1, kMixed = 2, kRader = 3, kBluestein = 4 };
+enum Method : int32_t { kPow2 = 1, kMixed = 2, kRader = 3, kBluestein = 4, kSplit = 5 };
 
 struct Stage {
     int32_t radix;
@@ -49,7 +58,7 @@ template <class F> struct CPlan {
     int32_t fwdOn, invOn;
     int32_t n, method, nst, order;  // order: of the inner FFT
     uint32_t fft;                   // inner FFT spec (Pow2, Rader, Bluestein)
-    uint32_t tab;                   // Bluestein chirp (n values)
+    uint32_t tab;                   // Bluestein chirp, Split twiddles (n values)
     uint32_t ker;                   // kernel spectrum (2^order values)
     uint32_t perm;                  // Rader: generator powers g^q, then g^-q (int32)
     int32_t bufBytes;               // the plan's part of the work buffer

@@ -77,6 +77,18 @@ template <class F> struct Vec {
             _mm_storeu_pd(p + 2 * stride, _mm256_extractf128_pd(v, 1));
         }
     }
+    // Lane k from p[k] (one complex value each).
+    static V load_lanes(const F* const* p) {
+        if constexpr (sizeof(F) == 4) {
+            const __m128 lo = _mm_loadh_pi(_mm_castpd_ps(_mm_load_sd(reinterpret_cast<const double*>(p[0]))),
+                                           reinterpret_cast<const __m64*>(p[1]));
+            const __m128 hi = _mm_loadh_pi(_mm_castpd_ps(_mm_load_sd(reinterpret_cast<const double*>(p[2]))),
+                                           reinterpret_cast<const __m64*>(p[3]));
+            return _mm256_insertf128_ps(_mm256_castps128_ps256(lo), hi, 1);
+        } else {
+            return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(p[0])), _mm_loadu_pd(p[1]), 1);
+        }
+    }
     static V bcast(const F* p) {
         if constexpr (sizeof(F) == 4) return _mm256_castpd_ps(_mm256_broadcast_sd(reinterpret_cast<const double*>(p)));
         else return _mm256_broadcast_pd(reinterpret_cast<const __m128d*>(p));
@@ -223,6 +235,75 @@ void run_pass(const F* x, F* y, size_t s, size_t m, int p, bool lanes, const F* 
         case 5: go.template operator()<5>(); break;
         case 7: go.template operator()<7>(); break;
         default: go.template operator()<0>(); break;
+    }
+}
+
+// The Split method's rows of M values lie Mo = M + kRowPad apart (64
+// bytes more than M): rows a power of two apart would fall on the same
+// cache sets and stall loads behind stores to the same low address bits.
+template <class F> inline constexpr size_t kRowPad = 64 / (2 * sizeof(F));
+
+// The last pass of the L-point passes on M columns (Split method): inputs
+// x[(q + s r) M + n1], outputs y[k2 Mo + n1], k2 = q + s t, times
+// W_n^(n1 k2) = W_n^(n1 q) W_n^(n1 s t) from the rows tab[q Mo + n1] and
+// tab[(s - 1 + t) Mo + n1], and the scale when Scaled. M is a multiple of
+// the vector.
+template <class F, bool Inv, int P, bool Scaled>
+void pass_split_last(const F* x, F* y, size_t M, size_t Mo, size_t s, int p, const F* tab, const F* roots, F scale) {
+    using VO = Vec<F>;
+    using V = typename VO::V;
+    constexpr int Cap = P ? P : kMaxRadix;
+    const int pp = P ? P : p;
+    const F* wst = tab + 2 * (s - 1) * Mo;  // row t: W_n^(n1 s t)
+    for (size_t q = 0; q < s; ++q)
+        for (size_t n1 = 0; n1 < M; n1 += size_t(VO::W)) {
+            V a[Cap], A[Cap];
+            a[0] = VO::load(x + 2 * (q * M + n1));
+            for (int r = 1; r < pp; ++r) a[r] = VO::load(x + 2 * ((q + s * size_t(r)) * M + n1));
+            butterfly<F, VO, Inv, P>(a, A, pp, roots);
+            const V wq = VO::load(tab + 2 * (q * Mo + n1));
+            for (int t = 0; t < pp; ++t) {
+                V v = A[t];
+                if (t) {
+                    const V w = VO::load(wst + 2 * (size_t(t) * Mo + n1));
+                    v = VO::template cmul<Inv>(v, q ? VO::template cmul<false>(w, wq) : w);
+                } else if (q) {
+                    v = VO::template cmul<Inv>(v, wq);
+                }
+                if constexpr (Scaled) v = VO::rmul(v, scale);
+                VO::store(y + 2 * ((q + s * size_t(t)) * Mo + n1), v);
+            }
+        }
+}
+
+template <class F, bool Inv>
+void run_split_last(const F* x, F* y, size_t M, size_t Mo, size_t s, int p, const F* tab, const F* roots,
+                    const F* scale) {
+    auto go = [&]<int P>() {
+        if (scale) pass_split_last<F, Inv, P, true>(x, y, M, Mo, s, p, tab, roots, *scale);
+        else pass_split_last<F, Inv, P, false>(x, y, M, Mo, s, p, tab, roots, F(1));
+    };
+    switch (p) {
+        case 3: go.template operator()<3>(); break;
+        case 5: go.template operator()<5>(); break;
+        case 7: go.template operator()<7>(); break;
+        default: go.template operator()<0>(); break;
+    }
+}
+
+// y[L k1 + k2] = t[k2 Mo + k1]: the rows of the Split method interleaved,
+// y written a vector at a time in order (M a multiple of the vector).
+template <class F> void interleave(const F* t, F* y, size_t M, size_t Mo, size_t L) {
+    using VO = Vec<F>;
+    constexpr int W = VO::W;
+    size_t k1 = 0, k2 = 0;
+    for (size_t o = 0; o < M * L; o += size_t(W)) {
+        const F* p[W];
+        for (int w = 0; w < W; ++w) {
+            p[w] = t + 2 * (k2 * Mo + k1);
+            if (++k2 == L) { k2 = 0; ++k1; }
+        }
+        VO::store(y + 2 * o, VO::load_lanes(p));
     }
 }
 

@@ -4,6 +4,7 @@
 // life cycle and the order of the argument checks.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <random>
 
@@ -61,7 +62,7 @@ TYPED_TEST(DftComplex, InverseMatchesTheModel) {
 
 // Longer lengths: powers of primes, smooth mixed lengths, primes near
 // 2^12 and 2^16 (Rader at 65537), products of two large primes.
-const int kLong[] = {1536, 2187, 3000, 4093, 4099, 12288, 15625, 21600, 44100, 48000, 65521, 65537, 4099 * 17, 257 * 263};
+const int kLong[] = {1536, 2187, 3000, 3200, 3520, 5760, 4093, 4099, 12288, 15625, 21600, 44100, 48000, 65521, 65537, 4099 * 17, 257 * 263};
 
 TYPED_TEST(DftComplex, LongLengthsMatchAReference) {
     using F = TypeParam;
@@ -123,11 +124,12 @@ TYPED_TEST(DftComplex, FlagsScaleTheRightDirection) {
     }
 }
 
-// In place, the _I forms, a caller's (unaligned) work buffer and none: the same bits.
+// In place, the _I forms, a caller's (unaligned) work buffer and none,
+// vectors off their alignment: the same bits.
 TYPED_TEST(DftComplex, InPlaceAndWorkBuffersGiveTheSameBits) {
     using F = TypeParam;
     using K = CKind<F>;
-    for (int n : {5, 7, 48, 60, 64, 243, 97, 257, 1000}) {  // odd and even pass counts, every method
+    for (int n : {5, 7, 48, 60, 64, 243, 97, 257, 1000, 3072, 3200, 5760}) {  // odd and even pass counts, every method
         Owned<K> s;
         ASSERT_EQ(s.build(n, zamFftScaleSqrtBoth), zamStatusOk);
         int bs = -1;
@@ -140,6 +142,11 @@ TYPED_TEST(DftComplex, InPlaceAndWorkBuffersGiveTheSameBits) {
         ASSERT_EQ(K::fwdI(b.data(), s.spec, nullptr), zamStatusOk);
         EXPECT_EQ(0, std::memcmp(y.data(), a.data(), y.size() * sizeof(y[0]))) << n;
         EXPECT_EQ(0, std::memcmp(y.data(), b.data(), y.size() * sizeof(y[0]))) << n;
+        // Vectors one element off their alignment: the same bits.
+        std::vector<typename K::C> xs(size_t(n) + 1), ys(size_t(n) + 1);
+        std::copy(x.begin(), x.end(), xs.begin() + 1);
+        ASSERT_EQ(K::fwd(xs.data() + 1, ys.data() + 1, s.spec, nullptr), zamStatusOk);
+        EXPECT_EQ(0, std::memcmp(y.data(), ys.data() + 1, y.size() * sizeof(y[0]))) << n;
         ASSERT_EQ(K::inv(y.data(), a.data(), s.spec, nullptr), zamStatusOk);
         ASSERT_EQ(K::invI(y.data(), s.spec, bs ? buf.data() : nullptr), zamStatusOk);
         EXPECT_EQ(0, std::memcmp(y.data(), a.data(), y.size() * sizeof(y[0]))) << n;
@@ -189,7 +196,7 @@ TYPED_TEST(DftComplex, ArgumentChecksInOrder) {
 }
 
 ZAMS_DIGEST(dft_complex) {
-    for (int n : {1, 3, 12, 60, 64, 97, 243, 257, 1000, 4099}) {
+    for (int n : {1, 3, 12, 60, 64, 97, 243, 257, 1000, 4099, 3200, 3520}) {
         const int flag = 1 << (n % 4);
         const auto xf = random_c<Zam32fc>(size_t(n), uint32_t(n));
         const auto xd = random_c<Zam64fc>(size_t(n), uint32_t(n));
