@@ -52,26 +52,43 @@ template <class T> inline float dot(const T* x, const float* r, int n) {
     return s;
 }
 
-// sum x[j] (r0[j] + a (r1[j] - r0[j])), j < n: the row between two table
-// rows, interpolated tap by tap.
-template <class T> inline float dot2(const T* x, const float* r0, const float* r1, int n, float a) {
+// The arbitrary ratio's rows: the taps of a table row and their differences
+// to the next row, in groups of eight (eight values, then their eight
+// differences), the taps past the last group of eight after them (values,
+// then differences). The tap's offset in such a row and the distance from
+// a value to its difference:
+inline int lerp_at(int j, int n, int& gap) {
+    const int n8 = n & ~7;
+    if (j < n8) {
+        gap = 8;
+        return 2 * (j & ~7) + (j & 7);
+    }
+    gap = n - n8;
+    return 2 * n8 + (j - n8);
+}
+
+// sum x[j] (r[j] + a d[j]), j < n, over such a row: the row between two
+// table rows, formed tap by tap by one multiply-add from one stream.
+template <class T> inline float dot_lerp(const T* x, const float* row, int n, float a) {
     const __m256 va = _mm256_set1_ps(a);
-    auto row = [&](int j) {
-        const __m256 c0 = _mm256_loadu_ps(r0 + j);
-        return _mm256_add_ps(c0, _mm256_mul_ps(va, _mm256_sub_ps(_mm256_loadu_ps(r1 + j), c0)));
+    auto coef = [&](int j) {
+        const float* c = row + 2 * j;
+        return _mm256_add_ps(_mm256_loadu_ps(c), _mm256_mul_ps(va, _mm256_loadu_ps(c + 8)));
     };
     __m256 p = _mm256_setzero_ps(), q = _mm256_setzero_ps();
     int j = 0;
     for (; j + 16 <= n; j += 16) {
-        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), row(j)));
-        q = _mm256_add_ps(q, _mm256_mul_ps(load8(x + j + 8), row(j + 8)));
+        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), coef(j)));
+        q = _mm256_add_ps(q, _mm256_mul_ps(load8(x + j + 8), coef(j + 8)));
     }
     if (j + 8 <= n) {
-        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), row(j)));
+        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), coef(j)));
         j += 8;
     }
     float s = hsum(_mm256_add_ps(p, q));
-    for (; j < n; ++j) s += float(x[j]) * (r0[j] + a * (r1[j] - r0[j]));
+    const float* r = row + 2 * j;
+    const int gap = n - j;
+    for (int k = 0; k < gap; ++k) s += float(x[j + k]) * (r[k] + a * r[k + gap]);
     return s;
 }
 

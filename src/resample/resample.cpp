@@ -18,8 +18,8 @@ namespace {
 struct Hdr {
     int32_t id;
     int32_t owned;
-    int32_t rows;    // arbitrary: nStep + 1; fixed: up
-    int32_t stride;  // taps a row: arbitrary 2K; fixed: ceil(len / up)
+    int32_t rows;    // arbitrary: nStep; fixed: up
+    int32_t stride;  // taps a row: arbitrary 2K (2 x 2K floats: values and differences); fixed: ceil(len / up)
     uint32_t tableOff;
     int32_t nStep, half;  // arbitrary: table steps a sample, K = ceil(window)
     float window;
@@ -62,7 +62,7 @@ constexpr double kGrid = 0x1p32;
 inline zamStatus poly_geometry(float window, int nStep, int64_t& size, int& half) {
     if (!(window > 0.0f && window <= 4096.0f) || nStep < 1 || nStep > 65536) return zamStatusBadArgument;
     half = int(std::ceil(double(window)));
-    size = block_size(int64_t(nStep) + 1, 2 * int64_t(half));
+    size = block_size(nStep, 4 * int64_t(half));
     return size >= INT32_MAX ? zamStatusNoMemory : zamStatusOk;
 }
 
@@ -82,18 +82,31 @@ zamStatus poly_init(float window, int nStep, float rollf, float alpha, void* pSp
     if (!(rollf > 0.0f && rollf <= 1.0f) || !(alpha >= 0.0f && alpha <= 700.0f)) return zamStatusBadArgument;
     void* out;
     return lay_into(&out, pSpec, kShape, [&](uint8_t* base, int32_t& idOut) {
-        Hdr* h = lay_header(base, nStep + 1, 2 * half);
+        const int n = 2 * half;
+        Hdr* h = lay_header(base, nStep, n);
         h->nStep = nStep;
         h->half = half;
         h->window = window;
-        // Row p, tap j: h(p/nStep - (j - K + 1)).
+        // Row p, tap j: the value h(p/nStep - (j - K + 1)) and its
+        // difference to row p + 1 (row nStep is the row of the next
+        // sample's first phase), laid out as kernel.h reads them.
+        auto value = [&](int p, int j) {
+            const double u = double(p) / nStep - (j - half + 1);
+            return float(std::fabs(u) < window ? rollf * sinc(rollf * u) * kaiser(u / window, alpha) : 0.0);
+        };
         float* t = table(h);
-        for (int p = 0; p <= nStep; ++p)
-            for (int j = 0; j < 2 * half; ++j) {
-                const double u = double(p) / nStep - (j - half + 1);
-                const double v = std::fabs(u) < window ? rollf * sinc(rollf * u) * kaiser(u / window, alpha) : 0.0;
-                t[size_t(p) * h->stride + j] = float(v);
+        for (int j = 0; j < n; ++j) {
+            int gap;
+            const size_t at = size_t(lerp_at(j, n, gap));
+            float v = value(0, j);
+            for (int p = 0; p < nStep; ++p) {
+                const float next = value(p + 1, j);
+                float* r = t + size_t(p) * 2 * n + at;
+                r[0] = v;
+                r[gap] = next - v;
+                v = next;
             }
+        }
         idOut = id;
         return zamStatusOk;
     });
@@ -128,11 +141,11 @@ template <class T> float stretched(const T* x, const Hdr* h, double t, double s,
         const double z = (h->half - 1) - (frac - k) * s;  // j - p/nStep
         const double j = std::ceil(z);
         if (j < 0 || j >= h->stride) continue;
-        int p;
+        int p, gap;
         float a;
         row_of((j - z) * h->nStep, h->nStep, p, a);
-        const size_t at = size_t(p) * h->stride + size_t(j);
-        const float c = tab[at] + a * (tab[at + h->stride] - tab[at]);
+        const float* r = tab + size_t(p) * 2 * h->stride + lerp_at(int(j), h->stride, gap);
+        const float c = r[0] + a * r[gap];
         acc += double(c) * double(x[n + k]);
     }
     return float(acc * s);
@@ -151,31 +164,31 @@ zamStatus poly_run(const T* pSrc, int len, T* pDst, double factor, float norm, d
     const int H = int(std::ceil(double(h->window) / sc));
     const double t0 = *pTime;
     if (!finite(t0) || t0 < H - 1 || t0 > kMaxTime) return zamStatusBadArgument;
-    // Times and the step sit on a grid of 2^-32 of a sample, so that every
-    // sum below 2^20 is exact and a stream shifted by whole samples gives
-    // the bits of one call.
-    const double step = round_even(kGrid / factor) / kGrid;
+    // Times and the step sit on a grid of 2^-32 of a sample, counted in
+    // 64-bit integers (the sample above, the fraction below bit 32): every
+    // sum is exact, and a stream shifted by whole samples gives the bits of
+    // one call while the returned time (a double) holds the grid exactly.
+    const uint64_t step = uint64_t(round_even(kGrid / factor));
     const float* tab = table(h);
-    double t = round_even(t0 * kGrid) / kGrid;
+    const int n2 = h->stride, back = h->half - 1;
+    const uint64_t steps = uint64_t(h->nStep);
+    uint64_t t = uint64_t(round_even(t0 * kGrid));  // at most 2^63
     int count = 0;
-    const double last = double(len - 1 - H);  // floor(t) may not pass it
-    while (std::floor(t) <= last && count < INT32_MAX) {
-        float y;
-        if (factor >= 1.0) {
-            const int64_t n = int64_t(std::floor(t));
-            int p;
-            float a;
-            row_of((t - double(n)) * h->nStep, h->nStep, p, a);
-            const float* r0 = tab + size_t(p) * h->stride;
-            y = dot2(pSrc + n - h->half + 1, r0, r0 + h->stride, h->stride, a);
-        } else {
-            y = stretched(pSrc, h, t, sc, H);
+    const int64_t last = int64_t(len) - 1 - H;  // the sample of t may not pass it
+    if (factor >= 1.0) {
+        for (; int64_t(t >> 32) <= last && count < INT32_MAX; t += step) {
+            // Row p and weight a of the time's fraction, exact in 64 bits.
+            const uint64_t pos = (t & 0xffffffffu) * steps;
+            const float a = float(uint32_t(pos)) * 0x1p-32f;
+            const float* row = tab + size_t(pos >> 32) * 2 * n2;
+            pDst[count++] = to_sample<T>(dot_lerp(pSrc + int64_t(t >> 32) - back, row, n2, a) * norm);
         }
-        pDst[count++] = to_sample<T>(y * norm);
-        t += step;
+    } else {
+        for (; int64_t(t >> 32) <= last && count < INT32_MAX; t += step)
+            pDst[count++] = to_sample<T>(stretched(pSrc, h, double(t) / kGrid, sc, H) * norm);
     }
     *pOutlen = count;
-    *pTime = t;
+    *pTime = double(t) / kGrid;
     return zamStatusOk;
 }
 
