@@ -38,15 +38,12 @@ inline float hsum(__m256 v) {
 // sum x[j] r[j], j < n.
 template <class T> inline float dot(const T* x, const float* r, int n) {
     __m256 a = _mm256_setzero_ps(), b = _mm256_setzero_ps();
+    auto even = [&](int j) { a = _mm256_add_ps(a, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j))); };
+    auto odd = [&](int j) { b = _mm256_add_ps(b, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j))); };
     int j = 0;
-    for (; j + 16 <= n; j += 16) {
-        a = _mm256_add_ps(a, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j)));
-        b = _mm256_add_ps(b, _mm256_mul_ps(load8(x + j + 8), _mm256_loadu_ps(r + j + 8)));
-    }
-    if (j + 8 <= n) {
-        a = _mm256_add_ps(a, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j)));
-        j += 8;
-    }
+    for (; j + 32 <= n; j += 32) even(j), odd(j + 8), even(j + 16), odd(j + 24);
+    if (j + 16 <= n) even(j), odd(j + 8), j += 16;
+    if (j + 8 <= n) even(j), j += 8;
     float s = hsum(_mm256_add_ps(a, b));
     for (; j < n; ++j) s += float(x[j]) * r[j];
     return s;
@@ -67,8 +64,22 @@ inline int lerp_at(int j, int n, int& gap) {
     return 2 * n8 + (j - n8);
 }
 
-// sum x[j] (r[j] + a d[j]), j < n, over such a row: the row between two
-// table rows, formed tap by tap by one multiply-add from one stream.
+// The row between two table rows, r[j] + a d[j], j < n, from such a row
+// into c (n floats, in tap order).
+inline void lerp_row(const float* row, int n, float a, float* c) {
+    const __m256 va = _mm256_set1_ps(a);
+    int j = 0;
+    for (; j + 8 <= n; j += 8) {
+        const float* r = row + 2 * j;
+        _mm256_storeu_ps(c + j, _mm256_add_ps(_mm256_loadu_ps(r), _mm256_mul_ps(va, _mm256_loadu_ps(r + 8))));
+    }
+    const float* r = row + 2 * j;
+    const int gap = n - j;
+    for (int k = 0; k < gap; ++k) c[j + k] = r[k] + a * r[k + gap];
+}
+
+// dot(x, c, n) with c = lerp_row(row, n, a), the row formed on the fly: the
+// same bits, for rows too long to form in a buffer first.
 template <class T> inline float dot_lerp(const T* x, const float* row, int n, float a) {
     const __m256 va = _mm256_set1_ps(a);
     auto coef = [&](int j) {

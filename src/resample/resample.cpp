@@ -57,6 +57,9 @@ inline bool finite(double v) { return std::isfinite(v); }
 // The largest time a call accepts (a time past the block gives no output).
 constexpr double kMaxTime = 0x1p31;
 constexpr double kGrid = 0x1p32;
+// The longest row the arbitrary ratio forms in a buffer (taps), and the
+// bits of the weight between two table rows.
+constexpr int kFormed = 1024, kWeightBits = 12;
 
 // ---- arbitrary ratio
 
@@ -160,23 +163,27 @@ inline int outputs(uint64_t t, uint64_t step, int64_t last) {
     return n < uint64_t(INT32_MAX) ? int(n) : INT32_MAX;
 }
 
-// Visits k = 0..count-1 in an order that keeps the table rows read close
-// together: for the stride m (1 to 256, at most count / 16) whose multiple
-// of the step lies nearest a whole number of samples, k, k + m, k + 2m, ...
-// read (nearly) the same row; tiles of 16 m outputs keep the samples they
-// read in cache. Every output is computed alone, so the order changes no bit.
-template <class F> void in_row_order(int count, uint64_t step, F&& f) {
+// Visits the outputs k = 0..count-1 at times t + k step, as f(k, time), in
+// an order that keeps the table rows read close together: for the stride m
+// (1 to 256, at most count / 32) whose multiple of the step lies nearest a
+// whole number of samples, k, k + m, k + 2m, ... read (nearly) the same row;
+// tiles of 32 m outputs keep the samples they read in cache. Every output
+// is computed alone, so the order changes no bit.
+template <class F> void in_row_order(int count, uint64_t t, uint64_t step, F&& f) {
     int m = 1;
     uint32_t best = ~0u;
-    for (int s = 1; s <= 256 && s <= count / 16; ++s) {
+    for (int s = 1; s <= 256 && s <= count / 32; ++s) {
         const uint32_t r = uint32_t(step * uint64_t(s)), off = r < 0x80000000u ? r : 0u - r;
         if (off < best) best = off, m = s;
     }
-    const int64_t tile = 16 * m;
+    const int64_t tile = 32 * m;
+    const uint64_t jump = step * uint64_t(m);
     for (int64_t k0 = 0; k0 < count; k0 += tile) {
         const int64_t k1 = std::min<int64_t>(count, k0 + tile);
-        for (int64_t r = k0; r < k0 + m && r < k1; ++r)
-            for (int64_t k = r; k < k1; k += m) f(k);
+        for (int64_t r = k0; r < k0 + m && r < k1; ++r) {
+            uint64_t tk = t + uint64_t(r) * step;
+            for (int64_t k = r; k < k1; k += m, tk += jump) f(k, tk);
+        }
     }
 }
 
@@ -204,12 +211,32 @@ zamStatus poly_run(const T* pSrc, int len, T* pDst, double factor, float norm, d
     const uint64_t t = uint64_t(round_even(t0 * kGrid));  // at most 2^63
     const int count = outputs(t, step, int64_t(len) - 1 - H);
     if (factor >= 1.0) {
-        in_row_order(count, step, [&](int64_t k) {
-            // Row p and weight a of the time's fraction, exact in 64 bits.
-            const uint64_t tk = t + uint64_t(k) * step, pos = (tk & 0xffffffffu) * steps;
-            const float a = float(uint32_t(pos)) * 0x1p-32f;
-            const float* row = tab + size_t(pos >> 32) * 2 * n2;
-            pDst[k] = to_sample<T>(dot_lerp(pSrc + int64_t(tk >> 32) - back, row, n2, a) * norm);
+        // Outputs in turn that fall on the same row and weight share the
+        // row formed between two table rows (rows too long for the buffer
+        // are formed on the fly: the same bits).
+        alignas(32) float c[kFormed];
+        uint64_t formed = ~uint64_t(0);
+        in_row_order(count, t, step, [&](int64_t k, uint64_t tk) {
+            // The time's place in the table in 2^-kWeightBits steps, rounded
+            // (ties up): row p and weight a (a = 1 in the last step only).
+            const uint64_t q = ((tk & 0xffffffffu) * steps + (uint64_t(1) << (31 - kWeightBits))) >> (32 - kWeightBits);
+            const T* x = pSrc + int64_t(tk >> 32) - back;
+            float y;
+            if (n2 <= kFormed && q == formed) {
+                y = dot(x, c, n2);
+            } else {
+                const uint64_t p = std::min(q >> kWeightBits, steps - 1);
+                const float a = float(q - (p << kWeightBits)) * (1.0f / (1 << kWeightBits));
+                const float* row = tab + size_t(p) * 2 * n2;
+                if (n2 <= kFormed) {
+                    lerp_row(row, n2, a, c);
+                    formed = q;
+                    y = dot(x, c, n2);
+                } else {
+                    y = dot_lerp(x, row, n2, a);
+                }
+            }
+            pDst[k] = to_sample<T>(y * norm);
         });
     } else {
         for (int k = 0; k < count; ++k)
