@@ -176,13 +176,14 @@ template <class F> void in_row_order(int count, uint64_t t, uint64_t step, F&& f
         const uint32_t r = uint32_t(step * uint64_t(s)), off = r < 0x80000000u ? r : 0u - r;
         if (off < best) best = off, m = s;
     }
-    const int64_t tile = 32 * m;
+    const uint32_t tile = 32u * uint32_t(m), n = uint32_t(count);
     const uint64_t jump = step * uint64_t(m);
-    for (int64_t k0 = 0; k0 < count; k0 += tile) {
-        const int64_t k1 = std::min<int64_t>(count, k0 + tile);
-        for (int64_t r = k0; r < k0 + m && r < k1; ++r) {
+    // Unsigned counters: a tile or stride past the last output wraps harmlessly.
+    for (uint32_t k0 = 0; k0 < n; k0 += tile) {
+        const uint32_t k1 = n - k0 < tile ? n : k0 + tile;
+        for (uint32_t r = k0; r < k0 + uint32_t(m) && r < k1; ++r) {
             uint64_t tk = t + uint64_t(r) * step;
-            for (int64_t k = r; k < k1; k += m, tk += jump) f(k, tk);
+            for (uint32_t k = r; k < k1; k += uint32_t(m), tk += jump) f(int(k), tk);
         }
     }
 }
@@ -207,7 +208,7 @@ zamStatus poly_run(const T* pSrc, int len, T* pDst, double factor, float norm, d
     const uint64_t step = uint64_t(round_even(kGrid / factor));
     const float* tab = table(h);
     const int n2 = h->stride, back = h->half - 1;
-    const uint64_t steps = uint64_t(h->nStep);
+    const uint32_t steps = uint32_t(h->nStep);
     const uint64_t t = uint64_t(round_even(t0 * kGrid));  // at most 2^63
     const int count = outputs(t, step, int64_t(len) - 1 - H);
     if (factor >= 1.0) {
@@ -215,17 +216,19 @@ zamStatus poly_run(const T* pSrc, int len, T* pDst, double factor, float norm, d
         // row formed between two table rows (rows too long for the buffer
         // are formed on the fly: the same bits).
         alignas(32) float c[kFormed];
-        uint64_t formed = ~uint64_t(0);
-        in_row_order(count, t, step, [&](int64_t k, uint64_t tk) {
-            // The time's place in the table in 2^-kWeightBits steps, rounded
-            // (ties up): row p and weight a (a = 1 in the last step only).
-            const uint64_t q = ((tk & 0xffffffffu) * steps + (uint64_t(1) << (31 - kWeightBits))) >> (32 - kWeightBits);
-            const T* x = pSrc + int64_t(tk >> 32) - back;
+        uint32_t formed = ~0u;
+        in_row_order(count, t, step, [&](int k, uint64_t tk) {
+            // The time's place in the table in 2^-kWeightBits steps (below
+            // 2^28), rounded (ties up): row p and weight a (a = 1 in the
+            // last step only).
+            const uint32_t q =
+                uint32_t((uint64_t(uint32_t(tk)) * steps + (uint64_t(1) << (31 - kWeightBits))) >> (32 - kWeightBits));
+            const T* x = pSrc + (int(tk >> 32) - back);
             float y;
             if (n2 <= kFormed && q == formed) {
                 y = dot(x, c, n2);
             } else {
-                const uint64_t p = std::min(q >> kWeightBits, steps - 1);
+                const uint32_t p = std::min(q >> kWeightBits, steps - 1);
                 const float a = float(q - (p << kWeightBits)) * (1.0f / (1 << kWeightBits));
                 const float* row = tab + size_t(p) * 2 * n2;
                 if (n2 <= kFormed) {
