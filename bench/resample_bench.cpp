@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -27,47 +28,59 @@ constexpr int kSteps = 512, kFixedLen = 160 * 64;
 // A streaming resampler: push(in, n, out) returns the outputs written.
 using Push = std::function<int(const float*, int, float*)>;
 
+// Streaming without copying the blocks: the last g samples of the previous
+// block and the first g of the new one go through a small seam buffer,
+// the rest of the block is resampled where it lies. run(p, n, y, &t) is one
+// call at time t in p's samples; the time is carried in the samples of the
+// buffer the next call starts with (the zero history at the start).
+struct Seam {
+    int g;
+    double t;
+    std::vector<float> seam;
+    Seam(int g_, double t0) : g(g_), t(t0), seam(size_t(2 * g_), 0.0f) {}
+    template <class Run> int push(const float* x, int n, float* y, Run run) {
+        std::copy(x, x + g, seam.begin() + g);
+        int a = run(seam.data(), 2 * g, y, &t);
+        t -= g;  // into the block
+        const int b = run(x, n, y + a, &t);
+        std::copy(x + n - g, x + n, seam.begin());
+        t -= n - g;  // into the next seam
+        return a + b;
+    }
+};
+
 struct Zams {
     ZamsResamplingPolyphaseSpec_32f* spec = nullptr;
-    std::vector<float> buf;  // 2 x window samples of history, then the block
-    double t = kWindow;
+    Seam s{2 * int(kWindow), 2 * int(kWindow)};  // the stream's first output at the block's sample 0
     Zams() { zamsResamplePolyphaseInitAlloc_32f(&spec, kWindow, kSteps, kRollf, kAlpha, zamAlgHintNone); }
     ~Zams() { zamsResamplePolyphaseFree_32f(spec); }
     int push(const float* x, int n, float* y) {
-        const int H = int(kWindow);
-        if (buf.empty()) buf.assign(size_t(H), 0.0f);
-        buf.insert(buf.end(), x, x + n);
-        int out = 0;
-        zamsResamplePolyphase_32f(buf.data(), int(buf.size()), y, kFactor, 1.0f, &t, &out, spec);
-        const size_t drop = buf.size() - size_t(2 * H);
-        buf.erase(buf.begin(), buf.begin() + long(drop));
-        t -= double(drop);
-        return out;
+        return s.push(x, n, y, [&](const float* p, int len, float* d, double* t) {
+            int out = 0;
+            zamsResamplePolyphase_32f(p, len, d, kFactor, 1.0f, t, &out, spec);
+            return out;
+        });
     }
 };
 
 struct ZamsFixed {
     ZamsResamplingPolyphaseFixedSpec_32f* spec = nullptr;
-    std::vector<float> buf;
-    int keep = 0;
-    double t = 0;
+    static int keep() {
+        int size, len, height;
+        zamsResamplePolyphaseFixedGetSize_32f(int(kIn), int(kOut), kFixedLen, &size, &len, &height, zamAlgHintNone);
+        return len - 1;
+    }
+    Seam s{keep(), double(keep())};
     ZamsFixed() {
-        int size, height;
-        zamsResamplePolyphaseFixedGetSize_32f(int(kIn), int(kOut), kFixedLen, &size, &keep, &height, zamAlgHintNone);
-        keep -= 1;
-        t = keep;
         zamsResamplePolyphaseFixedInitAlloc_32f(&spec, int(kIn), int(kOut), kFixedLen, kRollf, kAlpha, zamAlgHintNone);
     }
     ~ZamsFixed() { zamsResamplePolyphaseFixedFree_32f(spec); }
     int push(const float* x, int n, float* y) {
-        if (buf.empty()) buf.assign(size_t(keep), 0.0f);
-        buf.insert(buf.end(), x, x + n);
-        int out = 0;
-        zamsResamplePolyphaseFixed_32f(buf.data(), int(buf.size()), y, 1.0f, &t, &out, spec);
-        const size_t drop = buf.size() - size_t(keep);
-        buf.erase(buf.begin(), buf.begin() + long(drop));
-        t -= double(drop);
-        return out;
+        return s.push(x, n, y, [&](const float* p, int len, float* d, double* t) {
+            int out = 0;
+            zamsResamplePolyphaseFixed_32f(p, len, d, 1.0f, t, &out, spec);
+            return out;
+        });
     }
 };
 

@@ -26,8 +26,11 @@
  * 100 dB of stop-band rejection, the pass band ending about 3.6 / window
  * of the Nyquist rate below the cutoff); 0 < window <= 4096; 1 <= nStep <=
  * 65536 table steps per input sample. With K = ceil(window) the table has
- * nStep + 1 rows of 2K taps; a time between steps interpolates linearly
- * between the two rows around it.
+ * nStep rows of 2K taps, each with its differences to the next row (about
+ * 16 K nStep bytes); a time between steps interpolates linearly between
+ * the two rows around it. For factor >= 1 the weight is the time's place
+ * between the two rows rounded to a multiple of 1/4096 (halves up; a time
+ * shifts by at most 2^-13 of a step).
  *
  * zamsResamplePolyphase_*(pSrc, len, pDst, factor, norm, pTime, pOutlen,
  * pSpec) writes the outputs at the times t = *pTime, *pTime + 1/factor,
@@ -39,17 +42,21 @@
  * the call requires H - 1 <= *pTime (the caller keeps that history before
  * the sample at *pTime) and produces every t with floor(t) + H <= len - 1,
  * that is ceil((len - H - *pTime) factor) outputs at most (pDst must have
- * room for them; a call stops at INT_MAX outputs, as the fixed form does). It writes that count to *pOutlen and the first time not
- * produced to *pTime. Streaming: keep the last 2H samples of the buffer in
- * front of the next block and subtract len - 2H from *pTime. The time and
- * the step 1/factor are rounded to multiples of 2^-32 of a sample, so the
- * times are exact sums while they stay below 2^20 and pieces give exactly
- * the bits of one call. Start a stream with H zeros and *pTime = H:
- * output i then sits at input time H + i/factor. factor < 1 runs scalar
- * code (a coefficient interpolated per tap). A window that is not a whole
- * number puts the window's edge, where h steps from h(window) to 0,
- * between two table rows: the interpolation spreads that step over one
- * table step.
+ * room for them; a call stops at INT_MAX outputs, as the fixed form does).
+ * It writes that count to *pOutlen and the first time not produced to
+ * *pTime. Streaming: keep the last 2H samples of the buffer in front of
+ * the next block and subtract len - 2H from *pTime (or, without copying
+ * the blocks, run the last 2H samples of one block and the first 2H of the
+ * next through a small buffer and the rest of each block where it lies:
+ * the same outputs). The time and the step 1/factor are rounded to
+ * multiples of 2^-32 of a sample, so the times are exact sums and pieces
+ * give exactly the bits of one call while the times stay below 2^21 (where
+ * the returned double holds them). Start a stream with H zeros and
+ * *pTime = H: output i then sits at input time H + i/factor. factor < 1
+ * runs scalar code (a coefficient interpolated per tap, the weight not
+ * rounded). A window that is not a whole number puts the window's edge,
+ * where h steps from h(window) to 0, between two table rows: the
+ * interpolation spreads that step over one table step.
  *
  * ---- Fixed ratio
  * inRate and outRate (each 1 to 65536) reduce by their greatest common

@@ -38,40 +38,68 @@ inline float hsum(__m256 v) {
 // sum x[j] r[j], j < n.
 template <class T> inline float dot(const T* x, const float* r, int n) {
     __m256 a = _mm256_setzero_ps(), b = _mm256_setzero_ps();
+    auto even = [&](int j) { a = _mm256_add_ps(a, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j))); };
+    auto odd = [&](int j) { b = _mm256_add_ps(b, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j))); };
     int j = 0;
-    for (; j + 16 <= n; j += 16) {
-        a = _mm256_add_ps(a, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j)));
-        b = _mm256_add_ps(b, _mm256_mul_ps(load8(x + j + 8), _mm256_loadu_ps(r + j + 8)));
-    }
-    if (j + 8 <= n) {
-        a = _mm256_add_ps(a, _mm256_mul_ps(load8(x + j), _mm256_loadu_ps(r + j)));
-        j += 8;
-    }
+    for (; j + 32 <= n; j += 32) even(j), odd(j + 8), even(j + 16), odd(j + 24);
+    if (j + 16 <= n) even(j), odd(j + 8), j += 16;
+    if (j + 8 <= n) even(j), j += 8;
     float s = hsum(_mm256_add_ps(a, b));
     for (; j < n; ++j) s += float(x[j]) * r[j];
     return s;
 }
 
-// sum x[j] (r0[j] + a (r1[j] - r0[j])), j < n: the row between two table
-// rows, interpolated tap by tap.
-template <class T> inline float dot2(const T* x, const float* r0, const float* r1, int n, float a) {
+// The arbitrary ratio's rows: the taps of a table row and their differences
+// to the next row, in groups of eight (eight values, then their eight
+// differences), the taps past the last group of eight after them (values,
+// then differences). The tap's offset in such a row and the distance from
+// a value to its difference:
+inline int lerp_at(int j, int n, int& gap) {
+    const int n8 = n & ~7;
+    if (j < n8) {
+        gap = 8;
+        return 2 * (j & ~7) + (j & 7);
+    }
+    gap = n - n8;
+    return 2 * n8 + (j - n8);
+}
+
+// The row between two table rows, r[j] + a d[j], j < n, from such a row
+// into c (n floats, in tap order).
+inline void lerp_row(const float* row, int n, float a, float* c) {
     const __m256 va = _mm256_set1_ps(a);
-    auto row = [&](int j) {
-        const __m256 c0 = _mm256_loadu_ps(r0 + j);
-        return _mm256_add_ps(c0, _mm256_mul_ps(va, _mm256_sub_ps(_mm256_loadu_ps(r1 + j), c0)));
+    int j = 0;
+    for (; j + 8 <= n; j += 8) {
+        const float* r = row + 2 * j;
+        _mm256_storeu_ps(c + j, _mm256_add_ps(_mm256_loadu_ps(r), _mm256_mul_ps(va, _mm256_loadu_ps(r + 8))));
+    }
+    const float* r = row + 2 * j;
+    const int gap = n - j;
+    for (int k = 0; k < gap; ++k) c[j + k] = r[k] + a * r[k + gap];
+}
+
+// dot(x, c, n) with c = lerp_row(row, n, a), the row formed on the fly: the
+// same bits, for rows too long to form in a buffer first.
+template <class T> inline float dot_lerp(const T* x, const float* row, int n, float a) {
+    const __m256 va = _mm256_set1_ps(a);
+    auto coef = [&](int j) {
+        const float* c = row + 2 * j;
+        return _mm256_add_ps(_mm256_loadu_ps(c), _mm256_mul_ps(va, _mm256_loadu_ps(c + 8)));
     };
     __m256 p = _mm256_setzero_ps(), q = _mm256_setzero_ps();
     int j = 0;
     for (; j + 16 <= n; j += 16) {
-        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), row(j)));
-        q = _mm256_add_ps(q, _mm256_mul_ps(load8(x + j + 8), row(j + 8)));
+        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), coef(j)));
+        q = _mm256_add_ps(q, _mm256_mul_ps(load8(x + j + 8), coef(j + 8)));
     }
     if (j + 8 <= n) {
-        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), row(j)));
+        p = _mm256_add_ps(p, _mm256_mul_ps(load8(x + j), coef(j)));
         j += 8;
     }
     float s = hsum(_mm256_add_ps(p, q));
-    for (; j < n; ++j) s += float(x[j]) * (r0[j] + a * (r1[j] - r0[j]));
+    const float* r = row + 2 * j;
+    const int gap = n - j;
+    for (int k = 0; k < gap; ++k) s += float(x[j + k]) * (r[k] + a * r[k + gap]);
     return s;
 }
 

@@ -1,6 +1,7 @@
 // Polyphase resampling: the Kaiser-windowed sinc tables of the arbitrary
 // and the fixed ratio, their life cycle on src/common/spec.h, and the
 // filtering loops over the dot-product kernels of kernel.h.
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -18,8 +19,8 @@ namespace {
 struct Hdr {
     int32_t id;
     int32_t owned;
-    int32_t rows;    // arbitrary: nStep + 1; fixed: up
-    int32_t stride;  // taps a row: arbitrary 2K; fixed: ceil(len / up)
+    int32_t rows;    // arbitrary: nStep; fixed: up
+    int32_t stride;  // taps a row: arbitrary 2K (2 x 2K floats: values and differences); fixed: ceil(len / up)
     uint32_t tableOff;
     int32_t nStep, half;  // arbitrary: table steps a sample, K = ceil(window)
     float window;
@@ -56,13 +57,16 @@ inline bool finite(double v) { return std::isfinite(v); }
 // The largest time a call accepts (a time past the block gives no output).
 constexpr double kMaxTime = 0x1p31;
 constexpr double kGrid = 0x1p32;
+// The longest row the arbitrary ratio forms in a buffer (taps), and the
+// bits of the weight between two table rows.
+constexpr int kFormed = 1024, kWeightBits = 12;
 
 // ---- arbitrary ratio
 
 inline zamStatus poly_geometry(float window, int nStep, int64_t& size, int& half) {
     if (!(window > 0.0f && window <= 4096.0f) || nStep < 1 || nStep > 65536) return zamStatusBadArgument;
     half = int(std::ceil(double(window)));
-    size = block_size(int64_t(nStep) + 1, 2 * int64_t(half));
+    size = block_size(nStep, 4 * int64_t(half));
     return size >= INT32_MAX ? zamStatusNoMemory : zamStatusOk;
 }
 
@@ -82,18 +86,31 @@ zamStatus poly_init(float window, int nStep, float rollf, float alpha, void* pSp
     if (!(rollf > 0.0f && rollf <= 1.0f) || !(alpha >= 0.0f && alpha <= 700.0f)) return zamStatusBadArgument;
     void* out;
     return lay_into(&out, pSpec, kShape, [&](uint8_t* base, int32_t& idOut) {
-        Hdr* h = lay_header(base, nStep + 1, 2 * half);
+        const int n = 2 * half;
+        Hdr* h = lay_header(base, nStep, n);
         h->nStep = nStep;
         h->half = half;
         h->window = window;
-        // Row p, tap j: h(p/nStep - (j - K + 1)).
+        // Row p, tap j: the value h(p/nStep - (j - K + 1)) and its
+        // difference to row p + 1 (row nStep is the row of the next
+        // sample's first phase), laid out as kernel.h reads them.
+        auto value = [&](int p, int j) {
+            const double u = double(p) / nStep - (j - half + 1);
+            return float(std::fabs(u) < window ? rollf * sinc(rollf * u) * kaiser(u / window, alpha) : 0.0);
+        };
         float* t = table(h);
-        for (int p = 0; p <= nStep; ++p)
-            for (int j = 0; j < 2 * half; ++j) {
-                const double u = double(p) / nStep - (j - half + 1);
-                const double v = std::fabs(u) < window ? rollf * sinc(rollf * u) * kaiser(u / window, alpha) : 0.0;
-                t[size_t(p) * h->stride + j] = float(v);
+        for (int j = 0; j < n; ++j) {
+            int gap;
+            const size_t at = size_t(lerp_at(j, n, gap));
+            float v = value(0, j);
+            for (int p = 0; p < nStep; ++p) {
+                const float next = value(p + 1, j);
+                float* r = t + size_t(p) * 2 * n + at;
+                r[0] = v;
+                r[gap] = next - v;
+                v = next;
             }
+        }
         idOut = id;
         return zamStatusOk;
     });
@@ -128,14 +145,47 @@ template <class T> float stretched(const T* x, const Hdr* h, double t, double s,
         const double z = (h->half - 1) - (frac - k) * s;  // j - p/nStep
         const double j = std::ceil(z);
         if (j < 0 || j >= h->stride) continue;
-        int p;
+        int p, gap;
         float a;
         row_of((j - z) * h->nStep, h->nStep, p, a);
-        const size_t at = size_t(p) * h->stride + size_t(j);
-        const float c = tab[at] + a * (tab[at + h->stride] - tab[at]);
+        const float* r = tab + size_t(p) * 2 * h->stride + lerp_at(int(j), h->stride, gap);
+        const float c = r[0] + a * r[gap];
         acc += double(c) * double(x[n + k]);
     }
     return float(acc * s);
+}
+
+// The count of times t + k step (on the 2^-32 grid) whose sample is at most
+// last, at most INT32_MAX.
+inline int outputs(uint64_t t, uint64_t step, int64_t last) {
+    if (last < 0 || int64_t(t >> 32) > last) return 0;
+    const uint64_t n = ((uint64_t(last + 1) << 32) - 1 - t) / step + 1;
+    return n < uint64_t(INT32_MAX) ? int(n) : INT32_MAX;
+}
+
+// Visits the outputs k = 0..count-1 at times t + k step, as f(k, time), in
+// an order that keeps the table rows read close together: for the stride m
+// (1 to 256, at most count / 32) whose multiple of the step lies nearest a
+// whole number of samples, k, k + m, k + 2m, ... read (nearly) the same row;
+// tiles of 32 m outputs keep the samples they read in cache. Every output
+// is computed alone, so the order changes no bit.
+template <class F> void in_row_order(int count, uint64_t t, uint64_t step, F&& f) {
+    int m = 1;
+    uint32_t best = ~0u;
+    for (int s = 1; s <= 256 && s <= count / 32; ++s) {
+        const uint32_t r = uint32_t(step * uint64_t(s)), off = r < 0x80000000u ? r : 0u - r;
+        if (off < best) best = off, m = s;
+    }
+    const uint32_t tile = 32u * uint32_t(m), n = uint32_t(count);
+    const uint64_t jump = step * uint64_t(m);
+    // Unsigned counters: a tile or stride past the last output wraps harmlessly.
+    for (uint32_t k0 = 0; k0 < n; k0 += tile) {
+        const uint32_t k1 = n - k0 < tile ? n : k0 + tile;
+        for (uint32_t r = k0; r < k0 + uint32_t(m) && r < k1; ++r) {
+            uint64_t tk = t + uint64_t(r) * step;
+            for (uint32_t k = r; k < k1; k += uint32_t(m), tk += jump) f(int(k), tk);
+        }
+    }
 }
 
 template <class T>
@@ -151,31 +201,52 @@ zamStatus poly_run(const T* pSrc, int len, T* pDst, double factor, float norm, d
     const int H = int(std::ceil(double(h->window) / sc));
     const double t0 = *pTime;
     if (!finite(t0) || t0 < H - 1 || t0 > kMaxTime) return zamStatusBadArgument;
-    // Times and the step sit on a grid of 2^-32 of a sample, so that every
-    // sum below 2^20 is exact and a stream shifted by whole samples gives
-    // the bits of one call.
-    const double step = round_even(kGrid / factor) / kGrid;
+    // Times and the step sit on a grid of 2^-32 of a sample, counted in
+    // 64-bit integers (the sample above, the fraction below bit 32): every
+    // sum is exact, and a stream shifted by whole samples gives the bits of
+    // one call while the returned time (a double) holds the grid exactly.
+    const uint64_t step = uint64_t(round_even(kGrid / factor));
     const float* tab = table(h);
-    double t = round_even(t0 * kGrid) / kGrid;
-    int count = 0;
-    const double last = double(len - 1 - H);  // floor(t) may not pass it
-    while (std::floor(t) <= last && count < INT32_MAX) {
-        float y;
-        if (factor >= 1.0) {
-            const int64_t n = int64_t(std::floor(t));
-            int p;
-            float a;
-            row_of((t - double(n)) * h->nStep, h->nStep, p, a);
-            const float* r0 = tab + size_t(p) * h->stride;
-            y = dot2(pSrc + n - h->half + 1, r0, r0 + h->stride, h->stride, a);
-        } else {
-            y = stretched(pSrc, h, t, sc, H);
-        }
-        pDst[count++] = to_sample<T>(y * norm);
-        t += step;
+    const int n2 = h->stride, back = h->half - 1;
+    const uint32_t steps = uint32_t(h->nStep);
+    const uint64_t t = uint64_t(round_even(t0 * kGrid));  // at most 2^63
+    const int count = outputs(t, step, int64_t(len) - 1 - H);
+    if (factor >= 1.0) {
+        // Outputs in turn that fall on the same row and weight share the
+        // row formed between two table rows (rows too long for the buffer
+        // are formed on the fly: the same bits).
+        alignas(32) float c[kFormed];
+        uint32_t formed = ~0u;
+        in_row_order(count, t, step, [&](int k, uint64_t tk) {
+            // The time's place in the table in 2^-kWeightBits steps (below
+            // 2^28), rounded (ties up): row p and weight a (a = 1 in the
+            // last step only).
+            const uint32_t q =
+                uint32_t((uint64_t(uint32_t(tk)) * steps + (uint64_t(1) << (31 - kWeightBits))) >> (32 - kWeightBits));
+            const T* x = pSrc + (int(tk >> 32) - back);
+            float y;
+            if (n2 <= kFormed && q == formed) {
+                y = dot(x, c, n2);
+            } else {
+                const uint32_t p = std::min(q >> kWeightBits, steps - 1);
+                const float a = float(q - (p << kWeightBits)) * (1.0f / (1 << kWeightBits));
+                const float* row = tab + size_t(p) * 2 * n2;
+                if (n2 <= kFormed) {
+                    lerp_row(row, n2, a, c);
+                    formed = q;
+                    y = dot(x, c, n2);
+                } else {
+                    y = dot_lerp(x, row, n2, a);
+                }
+            }
+            pDst[k] = to_sample<T>(y * norm);
+        });
+    } else {
+        for (int k = 0; k < count; ++k)
+            pDst[k] = to_sample<T>(stretched(pSrc, h, double(t + uint64_t(k) * step) / kGrid, sc, H) * norm);
     }
     *pOutlen = count;
-    *pTime = t;
+    *pTime = double(t + uint64_t(count) * step) / kGrid;
     return zamStatusOk;
 }
 
