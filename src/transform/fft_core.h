@@ -622,30 +622,34 @@ template <class F> void build_quarter(F* t, size_t N, size_t last, const F* half
     }
 }
 
-// w_N^m (m < N) from the quarter table q of N (Q = N/4 values): a quarter
-// turn takes w to -i w, a zero part ending positive as put_w leaves it.
-template <class F> inline void put_turned(F* out, const F* q, size_t Q, size_t m) {
-    const F* e = q + 2 * (m & (Q - 1));
-    F re = e[0], im = e[1];
-    for (size_t n = m / Q; n > 0; --n) {
-        const F r = im == F(0) ? F(0) : im;
-        im = -re;
-        re = r;
+// out[i] = w_N^(i * stride) for i < count (count * stride <= N) from the
+// quarter table q of N (2^qbits values), run by run of equal turns. A
+// quarter turn takes w to -i w. The quarter's only zero part is the
+// imaginary -0 at m = 0, and a zero part ends positive as put_w leaves it
+// (x + 0 turns -0 into +0 and keeps every other x).
+template <class F> void put_turned_run(F* out, const F* q, int qbits, size_t stride, size_t count) {
+    const size_t Q = size_t(1) << qbits;
+    size_t i = 0;
+    for (size_t n = 0; i < count; ++n) {
+        size_t end = ((n + 1) * Q + stride - 1) / stride;  // the first i of the next turn
+        if (end > count) end = count;
+        const size_t o = n * Q;  // q[2 * (i * stride - o)] is the quarter's value
+        switch (n) {
+            case 0: for (; i < end; ++i) out[2 * i] = q[2 * i * stride], out[2 * i + 1] = q[2 * i * stride + 1]; break;
+            case 1: for (; i < end; ++i) out[2 * i] = q[2 * (i * stride - o) + 1] + F(0), out[2 * i + 1] = -q[2 * (i * stride - o)]; break;
+            case 2: for (; i < end; ++i) out[2 * i] = -q[2 * (i * stride - o)], out[2 * i + 1] = -(q[2 * (i * stride - o) + 1] + F(0)); break;
+            default: for (; i < end; ++i) out[2 * i] = F(0) - q[2 * (i * stride - o) + 1], out[2 * i + 1] = q[2 * (i * stride - o)]; break;
+        }
     }
-    out[0] = re;
-    out[1] = im;
 }
 
 // Stage table of order K (K >= 4; passes of span L with 4L <= 2^K) from the
 // quarter table q of w_{2^(K + sh)}.
 template <class F> void build_stage_table(F* t, int K, const F* q, int sh) {
-    const size_t first = (K & 1) ? 8 : 4, N = size_t(1) << K, Q = (N / 4) << sh;
-    for (size_t L = first; 4 * L <= N; L *= 4) {
-        F* s = t + 2 * (L - first);
-        const size_t stp = (N / (4 * L)) << sh;
+    const size_t first = (K & 1) ? 8 : 4, N = size_t(1) << K;
+    for (size_t L = first; 4 * L <= N; L *= 4)
         for (size_t p = 1; p <= 3; ++p)
-            for (size_t j = 0; j < L; ++j) put_turned(s + 2 * ((p - 1) * L + j), q, Q, p * j * stp);
-    }
+            put_turned_run(t + 2 * (L - first + (p - 1) * L), q, K - 2 + sh, p * ((N / (4 * L)) << sh), L);
 }
 
 // Entry of a stage table of order K where the last span's first run
@@ -686,7 +690,7 @@ template <class F> uint32_t build_complex_tables(Hdr<F>* h, uint8_t* base, uint3
     h->offTop = off;
     F* top = reinterpret_cast<F*>(base + off);
     build_quarter(top, N, N / 4 - 1, static_cast<const F*>(nullptr));
-    for (size_t m = N / 4; m < N / 2; ++m) put_turned(top + 2 * m, top, N / 4, m);
+    put_turned_run(top, top, M - 2, 1, N / 2);  // the first quarter onto itself, then turned
     build_stage_table(reinterpret_cast<F*>(base + offTab), K, top, M - K);
     off += uint32_t(round64(sizeof(F) * N));
     return off;

@@ -104,7 +104,7 @@ template <class F> uint32_t build_recomb(Hdr<F>* h, uint8_t* base, uint32_t off,
     h->offCoarse = off;
     t = reinterpret_cast<F*>(base + off);
     const size_t nc = (N / 4 >> fine_bits<F>()) + 1;
-    for (size_t c = 0; c < nc; ++c) put_turned(t + 2 * c, half, N / 8, c * fine / 2);
+    put_turned_run(t, half, R - 3, fine / 2, nc);
     return off + uint32_t(round64(nc * 2 * sizeof(F)));
 }
 
