@@ -598,13 +598,13 @@ template <class F> inline void put_w(F* t, long long k, long long n) {
 // t[m] = w_N^m for m <= last (N >= 16, last <= N/4). With `half` (w_{N/2}^m
 // for m <= N/16) the even m are copied from it.
 template <class F> void build_quarter(F* t, size_t N, size_t last, const F* half) {
-    const size_t E = N / 8, top = E < last ? E : last, step = half ? 2 : 1;
+    const size_t E = N / 8, upto = E < last ? E : last, step = half ? 2 : 1;
     if (half)
-        for (size_t m = 0; m <= top; m += 2) t[2 * m] = half[m], t[2 * m + 1] = half[m + 1];
+        for (size_t m = 0; m <= upto; m += 2) t[2 * m] = half[m], t[2 * m + 1] = half[m + 1];
     // Below N/8 the reduction leaves q = 0 and r = 2m / N exactly.
     size_t m = half ? 1 : 0;
     const double unit = 2.0 / double(N);
-    for (; m + 3 * step < top; m += 4 * step) {
+    for (; m + 3 * step < upto; m += 4 * step) {
         alignas(32) double s[4], c[4];
         __m256d vs, vc;
         const __m256d r = _mm256_mul_pd(_mm256_set_pd(double(m + 3 * step), double(m + 2 * step), double(m + step), double(m)),
@@ -614,7 +614,7 @@ template <class F> void build_quarter(F* t, size_t N, size_t last, const F* half
         _mm256_store_pd(c, vc);
         for (size_t l = 0; l < 4; ++l) t[2 * (m + l * step)] = F(c[l]), t[2 * (m + l * step) + 1] = F(-s[l]);
     }
-    for (; m <= top; m += step) put_w(t + 2 * m, (long long)(2 * m), (long long)N);
+    for (; m <= upto; m += step) put_w(t + 2 * m, (long long)(2 * m), (long long)N);
     for (m = E + 1; m <= last; ++m) {
         const F* o = t + 2 * (N / 4 - m);
         t[2 * m] = -o[1];

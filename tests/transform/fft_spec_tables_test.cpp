@@ -56,10 +56,11 @@ template <class F> void check_tables(const Hdr<F>* h, int order, bool real) {
     }
 }
 
+// Orders lo..hi and, if given, `extra`.
 template <class F, class S>
 void check_kind(zamStatus (*alloc)(S**, int, int, int), zamStatus (*release)(S*), bool real, int lo, int hi, int extra = 0) {
-    for (int order = lo; order <= hi + (extra ? 1 : 0); ++order) {
-        if (order > hi) order = extra;
+    for (int i = lo; i <= hi + (extra ? 1 : 0); ++i) {
+        const int order = i > hi ? extra : i;
         S* spec = nullptr;
         ASSERT_EQ(alloc(&spec, order, 8, 0), zamStatusOk) << order;
         check_tables(reinterpret_cast<const Hdr<F>*>(spec), order, real);
