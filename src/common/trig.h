@@ -113,6 +113,24 @@ inline __m256d cospi_ratio4(const long long (&k)[4], long long n) {
     return _mm256_andnot_pd(_mm256_and_pd(_mm256_cmp_pd(c, _mm256_setzero_pd(), _CMP_EQ_OQ), sign), c);
 }
 
+// sin(pi r) and cos(pi r) of four |r| <= 1/4 at once, before any quarter
+// turn: the operations of sincospi_reduced lane by lane, so every lane has
+// its bits.
+inline void sincospi_poly4(__m256d r, __m256d* s, __m256d* c) {
+    using namespace trig_detail;
+    const __m256d z = _mm256_mul_pd(r, r);
+    auto horner4 = [&](const auto& k) {
+        constexpr size_t N = sizeof(k) / sizeof(k[0]);
+        __m256d p = _mm256_set1_pd(k[N - 1]);
+        for (size_t i = N - 1; i-- > 0;) p = _mm256_add_pd(_mm256_mul_pd(p, z), _mm256_set1_pd(k[i]));
+        return p;
+    };
+    *s = _mm256_add_pd(_mm256_mul_pd(r, _mm256_set1_pd(kPiHi)),
+                       _mm256_add_pd(_mm256_mul_pd(r, _mm256_set1_pd(kPiLo)),
+                                     _mm256_mul_pd(_mm256_mul_pd(r, z), horner4(kSin))));
+    *c = _mm256_add_pd(_mm256_set1_pd(1.0), _mm256_mul_pd(z, horner4(kCos)));
+}
+
 inline double cospi(double x) {
     double s, c;
     sincospi(x, &s, &c);

@@ -587,15 +587,74 @@ template <class F> inline void put_w(F* t, long long k, long long n) {
     t[1] = F(-s);
 }
 
-// Stage table of order K (K >= 4; passes of span L with 4L <= 2^K).
-template <class F> void build_stage_table(F* t, int K) {
-    const size_t first = (K & 1) ? 8 : 4;
-    for (size_t L = first; 4 * L <= (size_t(1) << K); L *= 4) {
-        F* s = t + 2 * (L - first);
-        for (int p = 1; p <= 3; ++p)
-            for (size_t j = 0; j < L; ++j) put_w(s + 2 * ((p - 1) * L + j), (long long)(p * j), (long long)(2 * L));
+// Twiddles w_N^m = exp(-2 pi i m / N), N = 2^n, as put_w(t, 2m, N) writes
+// them, without evaluating each. sincospi_ratio reduces m / (N/2) exactly to
+// q/2 + r with |r| <= 1/4, sin(pi r) is odd and cos(pi r) even in r, and
+// one quarter turn (m + N/4) keeps r and adds one to q. So the values past
+// N/8 are those below it mirrored, every value is one of the first quarter
+// turned, and the builders evaluate one octant: the same bits as evaluating
+// every entry.
+
+// t[m] = w_N^m for m <= last (N >= 16, last <= N/4). With `half` (w_{N/2}^m
+// for m <= N/16) the even m are copied from it.
+template <class F> void build_quarter(F* t, size_t N, size_t last, const F* half) {
+    const size_t E = N / 8, upto = E < last ? E : last, step = half ? 2 : 1;
+    if (half)
+        for (size_t m = 0; m <= upto; m += 2) t[2 * m] = half[m], t[2 * m + 1] = half[m + 1];
+    // Below N/8 the reduction leaves q = 0 and r = 2m / N exactly.
+    size_t m = half ? 1 : 0;
+    const double unit = 2.0 / double(N);
+    for (; m + 3 * step < upto; m += 4 * step) {
+        alignas(32) double s[4], c[4];
+        __m256d vs, vc;
+        const __m256d r = _mm256_mul_pd(_mm256_set_pd(double(m + 3 * step), double(m + 2 * step), double(m + step), double(m)),
+                                        _mm256_set1_pd(unit));
+        sincospi_poly4(r, &vs, &vc);
+        _mm256_store_pd(s, vs);
+        _mm256_store_pd(c, vc);
+        for (size_t l = 0; l < 4; ++l) t[2 * (m + l * step)] = F(c[l]), t[2 * (m + l * step) + 1] = F(-s[l]);
+    }
+    for (; m <= upto; m += step) put_w(t + 2 * m, (long long)(2 * m), (long long)N);
+    for (m = E + 1; m <= last; ++m) {
+        const F* o = t + 2 * (N / 4 - m);
+        t[2 * m] = -o[1];
+        t[2 * m + 1] = -o[0];
     }
 }
+
+// out[i] = w_N^(i * stride) for i < count (count * stride <= N) from the
+// quarter table q of N (2^qbits values), run by run of equal turns. A
+// quarter turn takes w to -i w. The quarter's only zero part is the
+// imaginary -0 at m = 0, and a zero part ends positive as put_w leaves it
+// (x + 0 turns -0 into +0 and keeps every other x).
+template <class F> void put_turned_run(F* out, const F* q, int qbits, size_t stride, size_t count) {
+    const size_t Q = size_t(1) << qbits;
+    size_t i = 0;
+    for (size_t n = 0; i < count; ++n) {
+        size_t end = ((n + 1) * Q + stride - 1) / stride;  // the first i of the next turn
+        if (end > count) end = count;
+        const size_t o = n * Q;  // q[2 * (i * stride - o)] is the quarter's value
+        switch (n) {
+            case 0: for (; i < end; ++i) out[2 * i] = q[2 * i * stride], out[2 * i + 1] = q[2 * i * stride + 1]; break;
+            case 1: for (; i < end; ++i) out[2 * i] = q[2 * (i * stride - o) + 1] + F(0), out[2 * i + 1] = -q[2 * (i * stride - o)]; break;
+            case 2: for (; i < end; ++i) out[2 * i] = -q[2 * (i * stride - o)], out[2 * i + 1] = -(q[2 * (i * stride - o) + 1] + F(0)); break;
+            default: for (; i < end; ++i) out[2 * i] = F(0) - q[2 * (i * stride - o) + 1], out[2 * i + 1] = q[2 * (i * stride - o)]; break;
+        }
+    }
+}
+
+// Stage table of order K (K >= 4; passes of span L with 4L <= 2^K) from the
+// quarter table q of w_{2^(K + sh)}.
+template <class F> void build_stage_table(F* t, int K, const F* q, int sh) {
+    const size_t first = (K & 1) ? 8 : 4, N = size_t(1) << K;
+    for (size_t L = first; 4 * L <= N; L *= 4)
+        for (size_t p = 1; p <= 3; ++p)
+            put_turned_run(t + 2 * (L - first + (p - 1) * L), q, K - 2 + sh, p * ((N / (4 * L)) << sh), L);
+}
+
+// Entry of a stage table of order K where the last span's first run
+// (L = 2^K / 4, T1[j] = w^j) starts: the quarter table of w_{2^K}.
+inline size_t quarter_entry(int K) { return (size_t(1) << K) / 4 - ((K & 1) ? 8 : 4); }
 
 // Reversed first-pass group indices of order M (M >= 4).
 inline void build_rev(uint32_t* r, int M) {
@@ -612,7 +671,9 @@ template <class F> uint32_t build_complex_tables(Hdr<F>* h, uint8_t* base, uint3
     if (M < large_threshold<F>(real)) {
         h->offTw = off;
         h->tabOrder = uint32_t(M);
-        build_stage_table(reinterpret_cast<F*>(base + off), M);
+        F* tab = reinterpret_cast<F*>(base + off);
+        build_quarter(tab + 2 * quarter_entry(M), N, N / 4 - 1, static_cast<const F*>(nullptr));
+        build_stage_table(tab, M, tab + 2 * quarter_entry(M), 0);
         off += uint32_t(round64(2 * sizeof(F) * N + 7));
         h->offRev = off;
         build_rev(reinterpret_cast<uint32_t*>(base + off), M);
@@ -624,13 +685,22 @@ template <class F> uint32_t build_complex_tables(Hdr<F>* h, uint8_t* base, uint3
     while (K >= large_threshold<F>(real)) K -= (sizeof(F) == 4 ? (K <= 22 ? 4 : 8) : (K <= 21 ? 4 : 8));
     h->offTw = off;
     h->tabOrder = uint32_t(K);
-    build_stage_table(reinterpret_cast<F*>(base + off), K);
+    const uint32_t offTab = off;
     off += uint32_t(round64(2 * sizeof(F) * (size_t(1) << K) + 64));
     h->offTop = off;
     F* top = reinterpret_cast<F*>(base + off);
-    for (size_t m = 0; m < N / 2; ++m) put_w(top + 2 * m, (long long)(2 * m), (long long)N);
+    build_quarter(top, N, N / 4 - 1, static_cast<const F*>(nullptr));
+    put_turned_run(top, top, M - 2, 1, N / 2);  // the first quarter onto itself, then turned
+    build_stage_table(reinterpret_cast<F*>(base + offTab), K, top, M - K);
     off += uint32_t(round64(sizeof(F) * N));
     return off;
+}
+
+// The quarter table of w_{2^M} inside a spec whose complex tables are built.
+template <class F> const F* quarter_of(const Hdr<F>* h, int M) {
+    const uint8_t* base = reinterpret_cast<const uint8_t*>(h);
+    if (h->offTop) return reinterpret_cast<const F*>(base + h->offTop);
+    return reinterpret_cast<const F*>(base + h->offTw) + 2 * quarter_entry(M);
 }
 
 // Resolves a header into a plan for its complex transform of order M.

@@ -86,23 +86,25 @@ template <class F> F scale_for(int order, int flag) {
 }
 
 // Recombination factors W^k = exp(-2 pi i k / N) of a real spec, k <= N/4:
-// one table up to order 17, coarse x fine from order 18.
+// one table up to order 17, coarse x fine from order 18. The even k are
+// w_{N/2}^(k/2), copied from the complex tables when the spec has them.
 template <class F> uint32_t build_recomb(Hdr<F>* h, uint8_t* base, uint32_t off, int R) {
     const size_t N = size_t(1) << R;
+    const F* half = R - 1 >= 7 ? quarter_of(h, R - 1) : nullptr;
     off = uint32_t(round64(off));
     h->offRecomb = h->offCcs = off;
     F* t = reinterpret_cast<F*>(base + off);
     if (R < kRealSplitOrder) {
-        for (size_t k = 0; k <= N / 4; ++k) put_w(t + 2 * k, (long long)(2 * k), (long long)N);
+        build_quarter(t, N, N / 4, half);
         return off + uint32_t(round64((N / 4 + 1) * 2 * sizeof(F)));
     }
     const size_t fine = size_t(1) << fine_bits<F>();
-    for (size_t k = 0; k < fine; ++k) put_w(t + 2 * k, (long long)(2 * k), (long long)N);
+    build_quarter(t, N, fine - 1, half);
     off += uint32_t(fine * 2 * sizeof(F));
     h->offCoarse = off;
     t = reinterpret_cast<F*>(base + off);
     const size_t nc = (N / 4 >> fine_bits<F>()) + 1;
-    for (size_t c = 0; c < nc; ++c) put_w(t + 2 * c, (long long)(2 * c * fine), (long long)N);
+    put_turned_run(t, half, R - 3, fine / 2, nc);
     return off + uint32_t(round64(nc * 2 * sizeof(F)));
 }
 
