@@ -78,8 +78,9 @@ zamStatus sections(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int
 
 int section_order(int64_t taps, int64_t outputs) {
     // Building a specification costs about kBuild N of the units in which
-    // a transform costs N (m + 1) (the twiddle tables; measured on x86-64).
-    constexpr double kBuild = 56;
+    // a transform costs N (m + 1) (the twiddle tables, one octant evaluated
+    // and the rest placed by symmetry; measured on x86-64 and i386).
+    constexpr double kBuild = 5;
     const int lo = order_at_least(taps) + 1;
     // No longer than one section holding every output needs.
     const int hi = std::max(lo, order_at_least(outputs + taps - 1));
