@@ -165,6 +165,8 @@ namespace {
 // longer pays for the tables. A larger order is built in the call's own
 // block and released with it.
 constexpr int kKeptOrder = 10;
+// The largest work block a call keeps on its stack.
+constexpr int64_t kLocalBytes = 8192;
 template <class D> using SpecPtr = decltype(D{}.spec);
 template <class D> struct Kept {
     static inline std::atomic<SpecPtr<D>> spec[kKeptOrder + 1];
@@ -209,7 +211,9 @@ zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typenam
     const int64_t count = (outLen + N - taps) / (N - taps + 1);
     threads = int(std::max<int64_t>(1, std::min<int64_t>(threads, count)));
     const int64_t bytes = specBytes + std::max<int64_t>(z.init, N * int64_t(sizeof(E)) + stride * threads);
-    uint8_t* mem = bytes < INT32_MAX ? zamsMalloc_8u(int(bytes)) : nullptr;
+    // A small block (a short call on one thread) on the stack.
+    alignas(64) uint8_t local[kLocalBytes];
+    uint8_t* mem = bytes <= kLocalBytes ? local : bytes < INT32_MAX ? zamsMalloc_8u(int(bytes)) : nullptr;
     if (!mem) return zamStatusNoMemory;
     zamStatus st = zamStatusOk;
     if (!fft.spec) st = D::build(order, zamFftScaleInverse, mem, z.init ? mem + specBytes : nullptr, fft);
@@ -221,7 +225,7 @@ zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typenam
         st = make_kernel(fft, order, h, taps, spectrum, scratch, k);
         if (st >= 0) st = run(k, s, y, outLen, scratch, stride, threads);
     }
-    zamsFree(mem);
+    if (mem != local) zamsFree(mem);
     return st;
 }
 
