@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #include "../common/num/bessel.h"
 #include "../common/spec.h"
@@ -187,6 +188,18 @@ template <class F> void in_row_order(int count, uint64_t t, uint64_t step, F&& f
     }
 }
 
+// f(n), n a constant for the rows of windows 8, 16, 32 and 64 (the loops
+// over the taps then unrolled, their counters out of the registers).
+template <class F> inline void with_len(int n, F&& f) {
+    switch (n) {
+    case 16: return f(std::integral_constant<int, 16>{});
+    case 32: return f(std::integral_constant<int, 32>{});
+    case 64: return f(std::integral_constant<int, 64>{});
+    case 128: return f(std::integral_constant<int, 128>{});
+    default: return f(n);
+    }
+}
+
 template <class T>
 zamStatus poly_run(const T* pSrc, int len, T* pDst, double factor, float norm, double* pTime, int* pOutlen,
                    const void* pSpec, int32_t id) {
@@ -253,7 +266,8 @@ zamStatus poly_run(const T* pSrc, int len, T* pDst, double factor, float norm, d
                 k += m, tk += jump;
                 float y0, y1;
                 if (k < end && place(tk) == q) {
-                    dot2(x0, src_at(tk), c, n2, y0, y1);
+                    const T* x1 = src_at(tk);
+                    with_len(n2, [&](auto len) { dot2(x0, x1, c, int(len), y0, y1); });
                     pDst[k] = to_sample<T>(y1 * norm);
                     k += m, tk += jump;
                 } else {
