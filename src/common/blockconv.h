@@ -99,9 +99,11 @@ zamStatus run(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int64_t 
 // plan's work buffer (fft.work_bytes() bytes, or null when that is 0).
 template <class D> zamStatus cyclic(const Kernel<D>& k, typename D::Elem* buf, uint8_t* work);
 
-// One call's worth: builds the kernel and the scratch with zamsMalloc_8u,
-// runs, releases everything. For the stateless families (convolution,
-// correlation). -9 when memory cannot be had.
+// One call's worth: the FFT specification, the kernel and the scratch in
+// one block (zamsMalloc_8u, or the stack when it is small), run, released.
+// The specifications of orders up to 10 are built once and kept for the
+// process (read only, shared by threads). For the stateless families
+// (convolution, correlation). -9 when memory cannot be had.
 template <class D>
 zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typename D::Elem* y, int64_t outLen,
                    int order, int threads);

@@ -113,7 +113,7 @@ template <bool First, class B> inline void taps4(const double* a, const B* b, __
 
 // A pass's partials started at the four taps at a, or at +0 when the pass
 // has none.
-inline void start4(bool any, const double* a, const double* b, __m256d (&p)[4][kVecs]) {
+template <class B> inline void start4(bool any, const double* a, const B* b, __m256d (&p)[4][kVecs]) {
     if (any) {
         taps4<true>(a, b, p);
         return;
@@ -125,19 +125,20 @@ inline void start4(bool any, const double* a, const double* b, __m256d (&p)[4][k
 }
 
 // out[i] = dot_real(a, b + i, n), for i < count: the same sums in the same
-// order, the outputs in the lanes. Two passes over the taps (those at
+// order, the outputs in the lanes; float data converted as it is loaded
+// (exactly), float outputs rounded once from the double sums. Two passes over the taps (those at
 // i mod 8 < 4 with the last whole four, then the rest) keep the partials
 // of one pass in registers. A partial starts at its first product where
 // dot_real adds that to +0: the two differ only in the sign of a zero, and
 // only while every term so far is zero, so they can differ only in a sum
 // that is zero, which the final + 0 makes +0 in every rounding mode where
 // dot_real's is (and leaves -0 where dot_real's is -0).
-inline void dot_many_d(const double* a, int64_t n, const double* b, double* out, int64_t count) {
+template <class B> inline void dot_many_d(const double* a, int64_t n, const B* b, B* out, int64_t count) {
     constexpr int64_t step = 4 * kVecs;
     const int64_t n8 = n & ~int64_t(7), n4 = n & ~int64_t(3);
     const __m256d zero = _mm256_setzero_pd();
     for (int64_t i = 0; i + step <= count; i += step) {
-        const double* bi = b + i;
+        const B* bi = b + i;
         __m256d lo[4][kVecs], hi[4][kVecs];
         start4(n4 > 0, a, bi, lo);
         for (int64_t j = 8; j < n8; j += 8) taps4<false>(a + j, bi + j, lo);
@@ -151,8 +152,10 @@ inline void dot_many_d(const double* a, int64_t n, const double* b, double* out,
             for (int r = 0; r < 4; ++r) q[r] = _mm256_add_pd(lo[r][v], hi[r][v]);
             __m256d s = _mm256_add_pd(_mm256_add_pd(q[0], q[1]), _mm256_add_pd(q[2], q[3]));
             for (int64_t j = n4; j < n; ++j)
-                s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), _mm256_loadu_pd(bi + j + 4 * v)));
-            _mm256_storeu_pd(out + i + 4 * v, _mm256_add_pd(s, zero));
+                s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), load4(bi + j + 4 * v)));
+            s = _mm256_add_pd(s, zero);
+            if constexpr (std::is_same_v<B, float>) _mm_storeu_ps(out + i + 4 * v, _mm256_cvtpd_ps(s));
+            else _mm256_storeu_pd(out + i + 4 * v, s);
         }
     }
 }
@@ -192,38 +195,30 @@ inline constexpr int64_t kChunk = 256;
 
 // The many-output kernels over any floating data: out[i] = the lag sum of
 // a (n taps in double, pairs for complex data) against b + i, for
-// i < count. Float and complex data are converted (and split into parts)
-// a chunk of outputs at a time into scratch (kParts (2 kChunk + n)
-// doubles); the outputs that do not fill a step go one at a time.
+// i < count. Real data is read where it lies (floats converted as they
+// are loaded); complex data is split into parts in double a chunk of
+// outputs at a time into scratch (2 (2 kChunk + n) doubles). The outputs
+// that do not fill a step go one at a time.
 template <class B> inline constexpr int kParts = is_complex_v<B> ? 2 : 1;
 
 template <class B>
 inline void dot_many(const double* a, int64_t n, const B* b, B* out, int64_t count, double* scratch) {
     constexpr int64_t step = 4 * kVecs;
     const int64_t whole = count - count % step;
-    if constexpr (std::is_same_v<B, double>) {
+    if constexpr (!is_complex_v<B>) {
         dot_many_d(a, n, b, out, whole);
     } else {
-        constexpr int P = kParts<B>;
-        double* x = scratch;                   // P runs of kChunk + n - 1
-        double* y = scratch + P * (kChunk + n - 1);  // P runs of kChunk
+        double* x = scratch;                   // 2 runs of kChunk + n - 1
+        double* y = scratch + 2 * (kChunk + n - 1);  // 2 runs of kChunk
         for (int64_t i = 0; i < whole; i += kChunk) {
             const int64_t c = std::min(kChunk, whole - i), len = c + n - 1;
-            if constexpr (P == 1) {
-                int64_t k = 0;
-                for (; k + 4 <= len; k += 4) _mm256_storeu_pd(x + k, load4(b + i + k));
-                for (; k < len; ++k) x[k] = double(b[i + k]);
-                dot_many_d(a, n, x, y, c);
-                for (k = 0; k < c; k += 4) _mm_storeu_ps(out + i + k, _mm256_cvtpd_ps(_mm256_loadu_pd(y + k)));
-            } else {
-                double* xi = x + len;
-                for (int64_t k = 0; k < len; ++k) {
-                    x[k] = double(b[i + k].re);
-                    xi[k] = double(b[i + k].im);
-                }
-                cdot_many_d(a, n, x, xi, y, y + c, c);
-                for (int64_t k = 0; k < c; ++k) out[i + k] = B{part_t<B>(y[k]), part_t<B>(y[c + k])};
+            double* xi = x + len;
+            for (int64_t k = 0; k < len; ++k) {
+                x[k] = double(b[i + k].re);
+                xi[k] = double(b[i + k].im);
             }
+            cdot_many_d(a, n, x, xi, y, y + c, c);
+            for (int64_t k = 0; k < c; ++k) out[i + k] = B{part_t<B>(y[k]), part_t<B>(y[c + k])};
         }
     }
     for (int64_t i = whole; i < count; ++i) {
@@ -234,15 +229,15 @@ inline void dot_many(const double* a, int64_t n, const B* b, B* out, int64_t cou
 
 // The taps of a direct path in double (the many-output kernels broadcast
 // them), a[0], a[step], ... for n values (pairs for complex data; a itself
-// when it is double and in order), and the scratch of dot_many. ok() is false when memory could
-// not be had.
+// when it is double and in order), and the scratch of dot_many (in the
+// object for a short kernel). ok() is false when memory could not be had.
 template <class T> class DoubleTaps {
 public:
     DoubleTaps(const T* a, int64_t n, int64_t step) {
         constexpr int P = kParts<T>;
         const bool direct = std::is_same_v<T, double> && step == 1;
-        const int64_t size = (direct ? 0 : P * n) + (std::is_same_v<T, double> ? 0 : P * (2 * kChunk + n));
-        own_ = size == 0 ? nullptr : size < INT32_MAX / 8 ? zamsMalloc_64f(int(size)) : nullptr;
+        const int64_t size = (direct ? 0 : P * n) + (is_complex_v<T> ? P * (2 * kChunk + n) : 0);
+        own_ = size == 0 ? nullptr : size <= kLocal ? local_ : size < INT32_MAX / 8 ? zamsMalloc_64f(int(size)) : nullptr;
         if (size > 0 && !own_) return;
         if (direct) {
             p_ = reinterpret_cast<const double*>(a);
@@ -259,7 +254,9 @@ public:
         }
         scratch_ = own_ ? own_ + (direct ? 0 : P * n) : nullptr;
     }
-    ~DoubleTaps() { zamsFree(own_); }
+    ~DoubleTaps() {
+        if (own_ != local_) zamsFree(own_);
+    }
     DoubleTaps(const DoubleTaps&) = delete;
     DoubleTaps& operator=(const DoubleTaps&) = delete;
     bool ok() const { return p_ != nullptr; }
@@ -267,6 +264,9 @@ public:
     double* scratch() const { return scratch_; }
 
 private:
+    // Short kernels (up to 256 taps of real data) keep their taps here.
+    static constexpr int64_t kLocal = 256;
+    alignas(32) double local_[kLocal];
     const double* p_ = nullptr;
     double* own_ = nullptr;
     double* scratch_ = nullptr;

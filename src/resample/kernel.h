@@ -49,6 +49,32 @@ template <class T> inline float dot(const T* x, const float* r, int n) {
     return s;
 }
 
+// dot(x0, r, n) and dot(x1, r, n), two outputs that share the row r: each
+// output's additions exactly those of dot, the row's groups loaded once
+// for both (the four accumulators, the row's vector and a product fit in
+// eight vector registers).
+template <class T> inline void dot2(const T* x0, const T* x1, const float* r, int n, float& y0, float& y1) {
+    __m256 a0 = _mm256_setzero_ps(), b0 = a0, a1 = a0, b1 = a0;
+    auto even = [&](int j) {
+        const __m256 c = _mm256_loadu_ps(r + j);
+        a0 = _mm256_add_ps(a0, _mm256_mul_ps(load8(x0 + j), c));
+        a1 = _mm256_add_ps(a1, _mm256_mul_ps(load8(x1 + j), c));
+    };
+    auto odd = [&](int j) {
+        const __m256 c = _mm256_loadu_ps(r + j);
+        b0 = _mm256_add_ps(b0, _mm256_mul_ps(load8(x0 + j), c));
+        b1 = _mm256_add_ps(b1, _mm256_mul_ps(load8(x1 + j), c));
+    };
+    int j = 0;
+    for (; j + 32 <= n; j += 32) even(j), odd(j + 8), even(j + 16), odd(j + 24);
+    if (j + 16 <= n) even(j), odd(j + 8), j += 16;
+    if (j + 8 <= n) even(j), j += 8;
+    float s0 = hsum(_mm256_add_ps(a0, b0)), s1 = hsum(_mm256_add_ps(a1, b1));
+    for (; j < n; ++j) s0 += float(x0[j]) * r[j], s1 += float(x1[j]) * r[j];
+    y0 = s0;
+    y1 = s1;
+}
+
 // The arbitrary ratio's rows: the taps of a table row and their differences
 // to the next row, in groups of eight (eight values, then their eight
 // differences), the taps past the last group of eight after them (values,

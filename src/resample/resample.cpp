@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #include "../common/num/bessel.h"
 #include "../common/spec.h"
@@ -163,12 +164,14 @@ inline int outputs(uint64_t t, uint64_t step, int64_t last) {
     return n < uint64_t(INT32_MAX) ? int(n) : INT32_MAX;
 }
 
-// Visits the outputs k = 0..count-1 at times t + k step, as f(k, time), in
-// an order that keeps the table rows read close together: for the stride m
-// (1 to 256, at most count / 32) whose multiple of the step lies nearest a
-// whole number of samples, k, k + m, k + 2m, ... read (nearly) the same row;
-// tiles of 32 m outputs keep the samples they read in cache. Every output
-// is computed alone, so the order changes no bit.
+// Visits the outputs k = 0..count-1 at times t + k step in chains, as
+// f(k, time, m, jump, end): the outputs k, k + m, k + 2m, ... below end,
+// at times time, time + jump, ... (jump = m step), in an order that keeps
+// the table rows read close together: for the stride m (1 to 256, at most
+// count / 32) whose multiple of the step lies nearest a whole number of
+// samples, the outputs of a chain read (nearly) the same row; tiles of
+// 32 m outputs keep the samples they read in cache. Every output is
+// computed alone, so the order changes no bit.
 template <class F> void in_row_order(int count, uint64_t t, uint64_t step, F&& f) {
     int m = 1;
     uint32_t best = ~0u;
@@ -181,10 +184,19 @@ template <class F> void in_row_order(int count, uint64_t t, uint64_t step, F&& f
     // Unsigned counters: a tile or stride past the last output wraps harmlessly.
     for (uint32_t k0 = 0; k0 < n; k0 += tile) {
         const uint32_t k1 = n - k0 < tile ? n : k0 + tile;
-        for (uint32_t r = k0; r < k0 + uint32_t(m) && r < k1; ++r) {
-            uint64_t tk = t + uint64_t(r) * step;
-            for (uint32_t k = r; k < k1; k += uint32_t(m), tk += jump) f(int(k), tk);
-        }
+        for (uint32_t r = k0; r < k0 + uint32_t(m) && r < k1; ++r) f(r, t + uint64_t(r) * step, uint32_t(m), jump, k1);
+    }
+}
+
+// f(n), n a constant for the rows of windows 8, 16, 32 and 64 (the loops
+// over the taps then unrolled, their counters out of the registers).
+template <class F> inline void with_len(int n, F&& f) {
+    switch (n) {
+    case 16: return f(std::integral_constant<int, 16>{});
+    case 32: return f(std::integral_constant<int, 32>{});
+    case 64: return f(std::integral_constant<int, 64>{});
+    case 128: return f(std::integral_constant<int, 128>{});
+    default: return f(n);
     }
 }
 
@@ -216,30 +228,53 @@ zamStatus poly_run(const T* pSrc, int len, T* pDst, double factor, float norm, d
         // row formed between two table rows (rows too long for the buffer
         // are formed on the fly: the same bits).
         alignas(32) float c[kFormed];
-        uint32_t formed = ~0u;
-        in_row_order(count, t, step, [&](int k, uint64_t tk) {
-            // The time's place in the table in 2^-kWeightBits steps (below
-            // 2^28), rounded (ties up): row p and weight a (a = 1 in the
-            // last step only).
-            const uint32_t q =
-                uint32_t((uint64_t(uint32_t(tk)) * steps + (uint64_t(1) << (31 - kWeightBits))) >> (32 - kWeightBits));
-            const T* x = pSrc + (int(tk >> 32) - back);
-            float y;
-            if (n2 <= kFormed && q == formed) {
-                y = dot(x, c, n2);
-            } else {
-                const uint32_t p = std::min(q >> kWeightBits, steps - 1);
-                const float a = float(q - (p << kWeightBits)) * (1.0f / (1 << kWeightBits));
-                const float* row = tab + size_t(p) * 2 * n2;
-                if (n2 <= kFormed) {
+        // The time's place in the table in 2^-kWeightBits steps (below
+        // 2^28), rounded (ties up): row p and weight a (a = 1 in the last
+        // step only).
+        auto place = [&](uint64_t tk) {
+            return uint32_t((uint64_t(uint32_t(tk)) * steps + (uint64_t(1) << (31 - kWeightBits))) >>
+                            (32 - kWeightBits));
+        };
+        auto row_at = [&](uint32_t q, float& a) {
+            const uint32_t p = std::min(q >> kWeightBits, steps - 1);
+            a = float(q - (p << kWeightBits)) * (1.0f / (1 << kWeightBits));
+            return tab + size_t(p) * 2 * n2;
+        };
+        auto src_at = [&](uint64_t tk) { return pSrc + (int(tk >> 32) - back); };
+        in_row_order(count, t, step, [&](uint32_t k, uint64_t tk, uint32_t m, uint64_t jump, uint32_t end) {
+            if (n2 > kFormed) {
+                for (; k < end; k += m, tk += jump) {
+                    float a;
+                    const float* row = row_at(place(tk), a);
+                    pDst[k] = to_sample<T>(dot_lerp(src_at(tk), row, n2, a) * norm);
+                }
+                return;
+            }
+            // Outputs in turn that fall on the same row and weight share
+            // the row formed between two table rows.
+            uint32_t formed = ~0u;
+            while (k < end) {
+                const uint32_t q = place(tk);
+                if (q != formed) {
+                    float a;
+                    const float* row = row_at(q, a);
                     lerp_row(row, n2, a, c);
                     formed = q;
-                    y = dot(x, c, n2);
-                } else {
-                    y = dot_lerp(x, row, n2, a);
                 }
+                const T* x0 = src_at(tk);
+                const uint32_t k0 = k;
+                k += m, tk += jump;
+                float y0, y1;
+                if (k < end && place(tk) == q) {
+                    const T* x1 = src_at(tk);
+                    with_len(n2, [&](auto len) { dot2(x0, x1, c, int(len), y0, y1); });
+                    pDst[k] = to_sample<T>(y1 * norm);
+                    k += m, tk += jump;
+                } else {
+                    y0 = dot(x0, c, n2);
+                }
+                pDst[k0] = to_sample<T>(y0 * norm);
             }
-            pDst[k] = to_sample<T>(y * norm);
         });
     } else {
         for (int k = 0; k < count; ++k)

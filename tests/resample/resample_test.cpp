@@ -270,9 +270,12 @@ TYPED_TEST(Resample, ArbitraryMatchesWindowedSinc) {
 
 TYPED_TEST(Resample, ArbitraryStreamingEqualsOneCall) {
     using A = Api<TypeParam>;
-    for (double factor : {48000.0 / 44100, 0.7, 3.0}) {
+    // Rows of 24 taps (a tail past the groups of eight) and of 64 (a
+    // length the kernel unrolls); pieces pair outputs on a row otherwise
+    // than one call does.
+    for (auto [factor, window] : {std::pair{48000.0 / 44100, 12.0f}, {48000.0 / 44100, 32.0f}, {0.7, 12.0f},
+                                  {3.0, 12.0f}}) {
         typename A::P* s = nullptr;
-        const float window = 12;
         ASSERT_EQ(A::alloc(&s, window, 256, 0.9f, 8.0f, zamAlgHintNone), zamStatusOk);
         const int H = int(std::ceil(window / std::min(1.0, factor)));
         const auto x = A::data(3000, 41);
