@@ -100,10 +100,9 @@ zamStatus run(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int64_t 
 template <class D> zamStatus cyclic(const Kernel<D>& k, typename D::Elem* buf, uint8_t* work);
 
 // One call's worth: the FFT specification, the kernel and the scratch in
-// one block (zamsMalloc_8u, or the stack when it is small), run, released.
-// The specifications of orders up to 10 are built once and kept for the
-// process (read only, shared by threads). For the stateless families
-// (convolution, correlation). -9 when memory cannot be had.
+// one block from zamsMalloc_8u, run, released on every path: nothing
+// outlives the call. For the stateless families (convolution,
+// correlation). -9 when memory cannot be had.
 template <class D>
 zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typename D::Elem* y, int64_t outLen,
                    int order, int threads);

@@ -3,7 +3,6 @@
 #include <omp.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cassert>
 #include <cstring>
 
@@ -157,42 +156,6 @@ template <class D> zamStatus cyclic(const Kernel<D>& k, typename D::Elem* buf, u
     return inv(k.fft, buf, work);
 }
 
-namespace {
-
-// The FFT specifications of the one-call convolutions up to kKeptOrder,
-// built at the first call that needs one and kept for the process: they
-// are read only, so threads share them, and a call of a few sections no
-// longer pays for the tables. A larger order is built in the call's own
-// block and released with it.
-constexpr int kKeptOrder = 10;
-// The largest work block a call keeps on its stack.
-constexpr int64_t kLocalBytes = 8192;
-template <class D> using SpecPtr = decltype(D{}.spec);
-template <class D> struct Kept {
-    static inline std::atomic<SpecPtr<D>> spec[kKeptOrder + 1];
-};
-
-// The kept specification of the order, built now if it is not yet; null
-// when its memory cannot be had (the call then builds its own).
-template <class D> SpecPtr<D> kept_spec(int order, const fftp::Sizes& z) {
-    std::atomic<SpecPtr<D>>& slot = Kept<D>::spec[order];
-    if (SpecPtr<D> p = slot.load(std::memory_order_acquire)) return p;
-    const int64_t specBytes = round_up(size_t(z.spec), 64);
-    uint8_t* mem = zamsMalloc_8u(int(specBytes + z.init));
-    if (!mem) return nullptr;
-    D fft;
-    if (D::build(order, zamFftScaleInverse, mem, z.init ? mem + specBytes : nullptr, fft) < 0) {
-        zamsFree(mem);
-        return nullptr;
-    }
-    SpecPtr<D> seen = nullptr;
-    if (slot.compare_exchange_strong(seen, fft.spec, std::memory_order_acq_rel)) return fft.spec;
-    zamsFree(mem);  // another thread kept its own first
-    return seen;
-}
-
-}  // namespace
-
 template <class D>
 zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typename D::Elem* y, int64_t outLen,
                    int order, int threads) {
@@ -200,23 +163,19 @@ zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typenam
     fftp::Sizes z;
     if (zamStatus st = D::sizes(order, zamFftScaleInverse, z)) return st;
     D fft;
-    if (order <= kKeptOrder) fft.spec = kept_spec<D>(order, z);
-    // One block: the FFT specification when it is not kept, the kernel's
-    // spectrum, then the threads' scratch blocks (the build's temporary
-    // space lies where the spectrum and the scratch go, before they are
-    // used).
+    // One block, allocated for the call and released on every path: the
+    // FFT specification, the kernel's spectrum, then the threads' scratch
+    // blocks (the build's temporary space lies where the spectrum and the
+    // scratch go, before they are used).
     const int64_t N = int64_t(1) << order;
-    const int64_t specBytes = fft.spec ? 0 : round_up(size_t(z.spec), 64);
+    const int64_t specBytes = round_up(size_t(z.spec), 64);
     const int64_t stride = round_up(size_t(int64_t(z.work) + N * int64_t(sizeof(E)) + 16), 64);
     const int64_t count = (outLen + N - taps) / (N - taps + 1);
     threads = int(std::max<int64_t>(1, std::min<int64_t>(threads, count)));
     const int64_t bytes = specBytes + std::max<int64_t>(z.init, N * int64_t(sizeof(E)) + stride * threads);
-    // A small block (a short call on one thread) on the stack.
-    alignas(64) uint8_t local[kLocalBytes];
-    uint8_t* mem = bytes <= kLocalBytes ? local : bytes < INT32_MAX ? zamsMalloc_8u(int(bytes)) : nullptr;
+    uint8_t* mem = bytes < INT32_MAX ? zamsMalloc_8u(int(bytes)) : nullptr;
     if (!mem) return zamStatusNoMemory;
-    zamStatus st = zamStatusOk;
-    if (!fft.spec) st = D::build(order, zamFftScaleInverse, mem, z.init ? mem + specBytes : nullptr, fft);
+    zamStatus st = D::build(order, zamFftScaleInverse, mem, z.init ? mem + specBytes : nullptr, fft);
     if (st >= 0) {
         E* spectrum = reinterpret_cast<E*>(mem + specBytes);
         uint8_t* scratch = mem + specBytes + N * int64_t(sizeof(E));
@@ -225,7 +184,7 @@ zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typenam
         st = make_kernel(fft, order, h, taps, spectrum, scratch, k);
         if (st >= 0) st = run(k, s, y, outLen, scratch, stride, threads);
     }
-    if (mem != local) zamsFree(mem);
+    zamsFree(mem);
     return st;
 }
 

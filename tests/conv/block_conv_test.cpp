@@ -4,7 +4,6 @@
 // place.
 #include <complex>
 #include <random>
-#include <thread>
 #include <vector>
 
 #include "common/blockconv.h"
@@ -128,39 +127,6 @@ TYPED_TEST(BlockConv, ThreadsAndInPlaceGiveTheSameBits) {
     const conv::Signal si{head.data(), taps - 1, inplace.data(), len, taps - 1};
     ASSERT_EQ(conv::run_once<D>(h.data(), taps, si, inplace.data(), len, order, 2), zamStatusOk);
     EXPECT_EQ(0, std::memcmp(one.data(), inplace.data(), len * sizeof(E)));
-}
-
-// The one-call convolutions share the small FFT specifications between
-// threads: calls racing at every order, most of them the first of their
-// order in the process, give the bits of calls made one after another.
-TYPED_TEST(BlockConv, CallsRacingAtFirstUseGiveTheSameBits) {
-    using D = TypeParam;
-    using E = Elem<D>;
-    std::mt19937 g(13);
-    const int len = 700;
-    const auto body = random_vec<D>(len, g), h = random_vec<D>(2, g);
-    const conv::Signal s{nullptr, 0, body.data(), len, 0};
-    constexpr int kOrders = 11, kThreads = 4;
-    std::vector<std::vector<E>> got(kThreads * kOrders, std::vector<E>(len));
-    std::vector<zamStatus> st(kThreads * kOrders, zamStatusOk);
-    std::vector<std::thread> team;
-    for (int t = 0; t < kThreads; ++t)
-        team.emplace_back([&, t] {
-            for (int m = 2; m < kOrders + 2; ++m) {
-                const int i = t * kOrders + m - 2;
-                st[size_t(i)] = conv::run_once<D>(h.data(), 2, s, got[size_t(i)].data(), len, m, 1);
-            }
-        });
-    for (auto& th : team) th.join();
-    for (int m = 2; m < kOrders + 2; ++m) {
-        std::vector<E> want(len);
-        ASSERT_EQ(conv::run_once<D>(h.data(), 2, s, want.data(), len, m, 1), zamStatusOk);
-        for (int t = 0; t < kThreads; ++t) {
-            const int i = t * kOrders + m - 2;
-            EXPECT_EQ(st[size_t(i)], zamStatusOk);
-            EXPECT_EQ(0, std::memcmp(want.data(), got[size_t(i)].data(), len * sizeof(E))) << "order " << m;
-        }
-    }
 }
 
 TYPED_TEST(BlockConv, CyclicConvolutionOfOnePeriod) {
