@@ -33,6 +33,7 @@ template <class TapsT, class DataT, class CoefT, class PartT, class KeepT, Rule 
 
 struct Hdr {
     int32_t id, tapsLen, idx, owned, factor, total, offCoef, offKeep, offDly;
+    int32_t narrow;  // 16-bit taps whose sums never leave 32 bits (narrow_taps)
 };
 inline constexpr Shape kShape{16, offsetof(Hdr, owned), false};
 
@@ -121,6 +122,7 @@ template <class P> void set_taps(Hdr* h, const typename P::Taps* taps, int facto
             coef[i] = from_parts<Coef>(p);
         }
     }
+    if constexpr (std::is_same_v<Coef, Zam16s>) h->narrow = narrow_taps(coef, L);
 }
 
 template <class P> void set_dly(Hdr* h, const typename P::Data* dly) {
@@ -147,7 +149,7 @@ template <class P>
 zamStatus build(uint8_t* base, const typename P::Taps* taps, int L, int factor, const typename P::Data* dly, int32_t& id) {
     const Lay<P> l = layout<P>(L);
     Hdr* h = reinterpret_cast<Hdr*>(base);
-    *h = Hdr{0, L, 0, 0, factor, 0, int32_t(l.coef), int32_t(l.keep), int32_t(l.dly)};
+    *h = Hdr{0, L, 0, 0, factor, 0, int32_t(l.coef), int32_t(l.keep), int32_t(l.dly), 0};
     set_taps<P>(h, taps, factor);
     set_dly<P>(h, dly);
     id = P::id;
@@ -244,19 +246,16 @@ template <class P> zamStatus filter(const typename P::Data* src, typename P::Dat
     const Coef* c = at<Coef>(h, h->offCoef);
     const int scale = std::is_integral_v<Coef> || std::is_same_v<Acc, CI> ? add_scale(h->total, sf) : sf;
     constexpr bool k16 = std::is_same_v<Coef, Zam16s> && std::is_same_v<Data, Zam16s>;
-    bool fast = false;  // -32768 twice would pass a pair's 32-bit sum
-    if constexpr (k16) fast = std::find(c, c + L, Zam16s(-32768)) == c + L;
     constexpr int kPiece = 128;
     Acc acc[kPiece];
     for (int end = len; end > 0;) {
         const int beg = std::max(0, end - kPiece);
-        for (int n = beg; n < end; ++n) {
-            if constexpr (k16) {
-                if (fast && n >= L - 1) {
-                    acc[n - beg] = dot16(c, src + (n - (L - 1)), L);
-                    continue;
-                }
-            }
+        int lim = end;  // outputs from lim on have all their samples in src
+        if constexpr (k16) {
+            lim = std::clamp(L - 1, beg, end);
+            if (lim < end) dots16(c, src + (lim - (L - 1)), L, end - lim, h->narrow != 0, acc + (lim - beg));
+        }
+        for (int n = beg; n < lim; ++n) {
             Acc a{};
             const int k0 = std::max(0, L - 1 - n);  // terms before k0 come from the history
             for (int k = 0; k < k0; ++k) mac(a, c[k], hist[n + k]);

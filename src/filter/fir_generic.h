@@ -73,6 +73,100 @@ inline int64_t dot16(const Zam16s* c, const Zam16s* x, int n) {
     return s;
 }
 
+// Exact sums of 16-bit taps against 16-bit samples, several outputs a step:
+// out[i] = sum c[k] x[i + k], k < L (L >= 8), in 32-bit lanes by pmaddwd.
+// A narrow set of taps (sum of magnitudes at most 65535) keeps every partial
+// sum below 2^31 in magnitude whatever the samples, so its products are
+// summed as they are. Any other set splits each tap into a signed high byte
+// and an unsigned low byte (c = 256 hi + lo): a pair of products is then
+// below 2^24 in magnitude, 32 vectors of pairs in four lanes stay below 2^31,
+// and the two parts are joined in 64 bits once per 32 vectors. The taps past
+// the last whole vector are the last 8 taps with the ones already summed
+// masked off. Every sum is exact, so the bits never depend on the grouping.
+inline bool narrow_taps(const Zam16s* c, int L) {
+    int64_t m = 0;
+    for (int k = 0; k < L; ++k) m += c[k] < 0 ? -int64_t(c[k]) : int64_t(c[k]);
+    return m <= 65535;
+}
+
+// The four lane sums of each of four vectors, as one vector (wraps only
+// where the caller's bound allows none).
+inline __m128i lane_sums(__m128i a0, __m128i a1, __m128i a2, __m128i a3) {
+    return _mm_hadd_epi32(_mm_hadd_epi32(a0, a1), _mm_hadd_epi32(a2, a3));
+}
+
+template <bool Split, int N> inline void dots16_group(const Zam16s* c, const Zam16s* x, int L, int64_t* out) {
+    constexpr int kChunk = Split ? 32 : 1 << 30;
+    const int full = L / 8, r = L % 8, nv = full + (r != 0);
+    const __m128i tailMask = _mm_cmpgt_epi16(_mm_setr_epi16(1, 2, 3, 4, 5, 6, 7, 8), _mm_set1_epi16(short(8 - r)));
+    const __m128i low = _mm_set1_epi16(0xff);
+    int64_t tot[N] = {};
+    for (int v0 = 0; v0 < nv;) {
+        const int v1 = nv - v0 < kChunk ? nv : v0 + kChunk;
+        __m128i ah[N], al[N];
+        for (int j = 0; j < N; ++j) ah[j] = al[j] = _mm_setzero_si128();
+        auto step = [&](int off, __m128i cv) {
+            __m128i hi = cv, lo = cv;
+            if constexpr (Split) {
+                hi = _mm_srai_epi16(cv, 8);
+                lo = _mm_and_si128(cv, low);
+            }
+            for (int j = 0; j < N; ++j) {
+                const __m128i xv = _mm_loadu_si128(reinterpret_cast<const __m128i*>(x + j + off));
+                ah[j] = _mm_add_epi32(ah[j], _mm_madd_epi16(xv, hi));
+                if constexpr (Split) al[j] = _mm_add_epi32(al[j], _mm_madd_epi16(xv, lo));
+            }
+        };
+        const int vf = v1 < full ? v1 : full;
+        for (int v = v0; v < vf; ++v) step(8 * v, _mm_loadu_si128(reinterpret_cast<const __m128i*>(c + 8 * v)));
+        if (v1 > full)
+            step(L - 8, _mm_and_si128(_mm_loadu_si128(reinterpret_cast<const __m128i*>(c + L - 8)), tailMask));
+        v0 = v1;
+        const __m128i z = _mm_setzero_si128();
+        alignas(16) int32_t h[4], l[4];
+        _mm_store_si128(reinterpret_cast<__m128i*>(h), lane_sums(ah[0], N > 1 ? ah[1 % N] : z, N > 2 ? ah[2 % N] : z,
+                                                                 N > 3 ? ah[3 % N] : z));
+        if constexpr (Split) {
+            _mm_store_si128(reinterpret_cast<__m128i*>(l), lane_sums(al[0], N > 1 ? al[1 % N] : z,
+                                                                     N > 2 ? al[2 % N] : z, N > 3 ? al[3 % N] : z));
+            for (int j = 0; j < N; ++j) tot[j] += int64_t(h[j]) * 256 + l[j];
+        } else {
+            for (int j = 0; j < N; ++j) tot[j] += h[j];
+        }
+    }
+    for (int j = 0; j < N; ++j) out[j] = tot[j];
+}
+
+// The outputs in groups of N; a last, partial group is the last N outputs
+// again (exact sums: recomputing one gives its bits).
+template <bool Split, int N> inline void dots16_run(const Zam16s* c, const Zam16s* x, int L, int n, int64_t* out) {
+    if (n < N) {
+        for (int i = 0; i < n; ++i) dots16_group<Split, 1>(c, x + i, L, out + i);
+        return;
+    }
+    for (int i = 0;; i += N) {
+        if (i > n - N) i = n - N;
+        dots16_group<Split, N>(c, x + i, L, out + i);
+        if (i == n - N) break;
+    }
+}
+
+inline void dots16(const Zam16s* c, const Zam16s* x, int L, int n, bool narrow, int64_t* out) {
+    if (L < 8) {
+        for (int i = 0; i < n; ++i) {
+            int64_t s = 0;
+            for (int k = 0; k < L; ++k) s += int32_t(c[k]) * x[i + k];
+            out[i] = s;
+        }
+    } else if (narrow) {
+        dots16_run<false, 4>(c, x, L, n, out);
+    } else {
+        // Eight accumulators and the split taps fill i386's eight registers
+        // at two outputs a step; x86-64 has room for four.
+        dots16_run<true, sizeof(void*) == 8 ? 4 : 2>(c, x, L, n, out);
+    }
+}
+
 // Taps kept in 16 bits: integer taps shifted right by taps_shift(largest
 // magnitude) and float taps scaled by 2^taps_fit(largest magnitude), so the
 // largest is at most 32766 (not 32767: a pair of products stays below 2^31).
