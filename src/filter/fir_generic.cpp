@@ -33,7 +33,6 @@ template <class TapsT, class DataT, class CoefT, class PartT, class KeepT, Rule 
 
 struct Hdr {
     int32_t id, tapsLen, idx, owned, factor, total, offCoef, offKeep, offDly;
-    int32_t narrow;  // 16-bit taps whose sums never leave 32 bits (narrow_taps)
 };
 inline constexpr Shape kShape{16, offsetof(Hdr, owned), false};
 
@@ -122,7 +121,6 @@ template <class P> void set_taps(Hdr* h, const typename P::Taps* taps, int facto
             coef[i] = from_parts<Coef>(p);
         }
     }
-    if constexpr (std::is_same_v<Coef, Zam16s>) h->narrow = narrow_taps(coef, L);
 }
 
 template <class P> void set_dly(Hdr* h, const typename P::Data* dly) {
@@ -149,7 +147,7 @@ template <class P>
 zamStatus build(uint8_t* base, const typename P::Taps* taps, int L, int factor, const typename P::Data* dly, int32_t& id) {
     const Lay<P> l = layout<P>(L);
     Hdr* h = reinterpret_cast<Hdr*>(base);
-    *h = Hdr{0, L, 0, 0, factor, 0, int32_t(l.coef), int32_t(l.keep), int32_t(l.dly), 0};
+    *h = Hdr{0, L, 0, 0, factor, 0, int32_t(l.coef), int32_t(l.keep), int32_t(l.dly)};
     set_taps<P>(h, taps, factor);
     set_dly<P>(h, dly);
     id = P::id;
@@ -253,7 +251,7 @@ template <class P> zamStatus filter(const typename P::Data* src, typename P::Dat
         int lim = end;  // outputs from lim on have all their samples in src
         if constexpr (k16) {
             lim = std::clamp(L - 1, beg, end);
-            if (lim < end) dots16(c, src + (lim - (L - 1)), L, end - lim, h->narrow != 0, acc + (lim - beg));
+            if (lim < end && !sums16(c, src + (lim - (L - 1)), L, end - lim, acc + (lim - beg))) lim = end;
         }
         for (int n = beg; n < lim; ++n) {
             Acc a{};

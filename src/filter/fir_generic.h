@@ -12,6 +12,7 @@
 #include <immintrin.h>
 
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 #include "../common/round.h"
@@ -73,98 +74,110 @@ inline int64_t dot16(const Zam16s* c, const Zam16s* x, int n) {
     return s;
 }
 
-// Exact sums of 16-bit taps against 16-bit samples, several outputs a step:
-// out[i] = sum c[k] x[i + k], k < L (L >= 8), in 32-bit lanes by pmaddwd.
-// A narrow set of taps (sum of magnitudes at most 65535) keeps every partial
-// sum below 2^31 in magnitude whatever the samples, so its products are
-// summed as they are. Any other set splits each tap into a signed high byte
-// and an unsigned low byte (c = 256 hi + lo): a pair of products is then
-// below 2^24 in magnitude, 32 vectors of pairs in four lanes stay below 2^31,
-// and the two parts are joined in 64 bits once per 32 vectors. The taps past
-// the last whole vector are the last 8 taps with the ones already summed
-// masked off. Every sum is exact, so the bits never depend on the grouping.
-inline bool narrow_taps(const Zam16s* c, int L) {
-    int64_t m = 0;
-    for (int k = 0; k < L; ++k) m += c[k] < 0 ? -int64_t(c[k]) : int64_t(c[k]);
-    return m <= 65535;
+// Exact sums of 16-bit taps against 16-bit samples, many outputs a step:
+// out[i] = sum c[k] x[i + k], i < n, k < L. A tap pair (c[2p], c[2p+1]) is
+// broadcast and pmaddwd puts its two products for four outputs two apart
+// into four 32-bit lanes (one vector for the even outputs of a step, one for
+// the odd). A pair's lane sum is at most 32768 (|c[2p]| + |c[2p+1]|): runs of
+// consecutive pairs whose bounds add up to less than 2^31 are summed in the
+// 32-bit lanes, each run then widened into double lanes (exact: the taps are
+// taken in pieces of at most kSumChunk, so the sums stay far below 2^53), and
+// the pieces joined in 64 bits. Small taps make one run of the whole set.
+// Every sum is exact, so the bits never depend on the grouping or the
+// addresses. A pair of two -32768 taps, whose lane sum can reach 2^31, has
+// no run of its own: the caller sums such taps another way (pair_runs false).
+inline constexpr int kSumChunk = 1024;  // taps a piece
+
+inline int64_t pair_bound(const Zam16s* c, int L, int p) {
+    const int k = 2 * p;
+    const int64_t a = c[k] < 0 ? -int64_t(c[k]) : c[k];
+    const int64_t b = k + 1 >= L ? 0 : c[k + 1] < 0 ? -int64_t(c[k + 1]) : c[k + 1];
+    return (a + b) * 32768;
 }
 
-// The four lane sums of each of four vectors, as one vector (wraps only
-// where the caller's bound allows none).
-inline __m128i lane_sums(__m128i a0, __m128i a1, __m128i a2, __m128i a3) {
-    return _mm_hadd_epi32(_mm_hadd_epi32(a0, a1), _mm_hadd_epi32(a2, a3));
+// The ends of the runs of the pairs [p0, p1): false when a pair fits none.
+inline bool pair_runs(const Zam16s* c, int L, int p0, int p1, int* ends, int& nRuns) {
+    nRuns = 0;
+    int64_t room = 0;
+    for (int p = p0; p < p1; ++p) {
+        const int64_t b = pair_bound(c, L, p);
+        if (b > INT32_MAX) return false;
+        if (p == p0 || b > room) {
+            if (p > p0) ends[nRuns++] = p;
+            room = INT32_MAX;
+        }
+        room -= b;
+    }
+    ends[nRuns++] = p1;
+    return true;
 }
 
-template <bool Split, int N> inline void dots16_group(const Zam16s* c, const Zam16s* x, int L, int64_t* out) {
-    constexpr int kChunk = Split ? 32 : 1 << 30;
-    const int full = L / 8, r = L % 8, nv = full + (r != 0);
-    const __m128i tailMask = _mm_cmpgt_epi16(_mm_setr_epi16(1, 2, 3, 4, 5, 6, 7, 8), _mm_set1_epi16(short(8 - r)));
-    const __m128i low = _mm_set1_epi16(0xff);
-    int64_t tot[N] = {};
-    for (int v0 = 0; v0 < nv;) {
-        const int v1 = nv - v0 < kChunk ? nv : v0 + kChunk;
-        __m128i ah[N], al[N];
-        for (int j = 0; j < N; ++j) ah[j] = al[j] = _mm_setzero_si128();
-        auto step = [&](int off, __m128i cv) {
-            __m128i hi = cv, lo = cv;
-            if constexpr (Split) {
-                hi = _mm_srai_epi16(cv, 8);
-                lo = _mm_and_si128(cv, low);
-            }
-            for (int j = 0; j < N; ++j) {
-                const __m128i xv = _mm_loadu_si128(reinterpret_cast<const __m128i*>(x + j + off));
-                ah[j] = _mm_add_epi32(ah[j], _mm_madd_epi16(xv, hi));
-                if constexpr (Split) al[j] = _mm_add_epi32(al[j], _mm_madd_epi16(xv, lo));
+// One step of 4 V outputs (V even) over the runs of one piece of taps: vector
+// v holds outputs base(v) + 2j, base(v) = 8 (v / 2) + v % 2.
+template <int V> inline void sums16_step(const Zam16s* c, int L, int p0, const int* ends, int nRuns, const Zam16s* x,
+                                         int64_t* out) {
+    __m256d d[V];
+    for (int v = 0; v < V; ++v) d[v] = _mm256_setzero_pd();
+    const int lastPair = L / 2;  // an odd tap count leaves c[L - 1] alone in this pair
+    for (int r = 0, p = p0; r < nRuns; ++r) {
+        __m128i a[V];
+        for (int v = 0; v < V; ++v) a[v] = _mm_setzero_si128();
+        auto pair = [&](__m128i t, int off) {
+            for (int v = 0; v < V; ++v) {
+                const __m128i xv = _mm_loadu_si128(reinterpret_cast<const __m128i*>(x + 8 * (v / 2) + v % 2 + off));
+                a[v] = _mm_add_epi32(a[v], _mm_madd_epi16(xv, t));
             }
         };
-        const int vf = v1 < full ? v1 : full;
-        for (int v = v0; v < vf; ++v) step(8 * v, _mm_loadu_si128(reinterpret_cast<const __m128i*>(c + 8 * v)));
-        if (v1 > full)
-            step(L - 8, _mm_and_si128(_mm_loadu_si128(reinterpret_cast<const __m128i*>(c + L - 8)), tailMask));
-        v0 = v1;
-        const __m128i z = _mm_setzero_si128();
-        alignas(16) int32_t h[4], l[4];
-        _mm_store_si128(reinterpret_cast<__m128i*>(h), lane_sums(ah[0], N > 1 ? ah[1 % N] : z, N > 2 ? ah[2 % N] : z,
-                                                                 N > 3 ? ah[3 % N] : z));
-        if constexpr (Split) {
-            _mm_store_si128(reinterpret_cast<__m128i*>(l), lane_sums(al[0], N > 1 ? al[1 % N] : z,
-                                                                     N > 2 ? al[2 % N] : z, N > 3 ? al[3 % N] : z));
-            for (int j = 0; j < N; ++j) tot[j] += int64_t(h[j]) * 256 + l[j];
-        } else {
-            for (int j = 0; j < N; ++j) tot[j] += h[j];
+        const int e = ends[r], ef = e < lastPair ? e : lastPair;
+        for (; p < ef; ++p) {
+            int32_t w;
+            std::memcpy(&w, c + 2 * p, 4);
+            pair(_mm_set1_epi32(w), 2 * p);
         }
+        if (p < e) {  // (0, c[L - 1]) against samples L - 2 and L - 1: no read past the last one
+            pair(_mm_set1_epi32(int32_t(uint32_t(uint16_t(c[L - 1])) << 16)), L - 2);
+            ++p;
+        }
+        for (int v = 0; v < V; ++v) d[v] = _mm256_add_pd(d[v], _mm256_cvtepi32_pd(a[v]));
     }
-    for (int j = 0; j < N; ++j) out[j] = tot[j];
-}
-
-// The outputs in groups of N; a last, partial group is the last N outputs
-// again (exact sums: recomputing one gives its bits).
-template <bool Split, int N> inline void dots16_run(const Zam16s* c, const Zam16s* x, int L, int n, int64_t* out) {
-    if (n < N) {
-        for (int i = 0; i < n; ++i) dots16_group<Split, 1>(c, x + i, L, out + i);
-        return;
-    }
-    for (int i = 0;; i += N) {
-        if (i > n - N) i = n - N;
-        dots16_group<Split, N>(c, x + i, L, out + i);
-        if (i == n - N) break;
+    for (int v = 0; v < V; ++v) {
+        alignas(32) double l[4];
+        _mm256_store_pd(l, d[v]);
+        for (int j = 0; j < 4; ++j) out[8 * (v / 2) + v % 2 + 2 * j] += int64_t(l[j]);
     }
 }
 
-inline void dots16(const Zam16s* c, const Zam16s* x, int L, int n, bool narrow, int64_t* out) {
-    if (L < 8) {
-        for (int i = 0; i < n; ++i) {
-            int64_t s = 0;
-            for (int k = 0; k < L; ++k) s += int32_t(c[k]) * x[i + k];
-            out[i] = s;
-        }
-    } else if (narrow) {
-        dots16_run<false, 4>(c, x, L, n, out);
-    } else {
-        // Eight accumulators and the split taps fill i386's eight registers
-        // at two outputs a step; x86-64 has room for four.
-        dots16_run<true, sizeof(void*) == 8 ? 4 : 2>(c, x, L, n, out);
+// The n sums; false (nothing written) when the taps hold a pair of -32768.
+inline bool sums16(const Zam16s* c, const Zam16s* x, int L, int n, int64_t* out) {
+    // Sixteen outputs a step keep ten vector registers busy; i386 has eight.
+    constexpr int V = sizeof(void*) == 8 ? 4 : 2, S = 4 * V;
+    int ends[kSumChunk / 2];
+    const int nPairs = (L + 1) / 2;
+    for (int p0 = 0; p0 < nPairs; p0 += kSumChunk / 2) {
+        const int p1 = nPairs - p0 < kSumChunk / 2 ? nPairs : p0 + kSumChunk / 2;
+        int nRuns;
+        if (!pair_runs(c, L, p0, p1, ends, nRuns)) return false;
     }
+    for (int i = 0; i < n; ++i) out[i] = 0;
+    if (n < S) {
+        for (int i = 0; i < n; ++i)
+            for (int k = 0; k < L; ++k) out[i] += int32_t(c[k]) * x[i + k];
+        return true;
+    }
+    int64_t last[S];
+    for (int p0 = 0; p0 < nPairs; p0 += kSumChunk / 2) {
+        const int p1 = nPairs - p0 < kSumChunk / 2 ? nPairs : p0 + kSumChunk / 2;
+        int nRuns;
+        pair_runs(c, L, p0, p1, ends, nRuns);
+        int i = 0;
+        for (; i + S <= n; i += S) sums16_step<V>(c, L, p0, ends, nRuns, x + i, out + i);
+        if (i < n) {  // the last S outputs again, the new ones kept
+            for (int j = 0; j < S; ++j) last[j] = 0;
+            sums16_step<V>(c, L, p0, ends, nRuns, x + (n - S), last);
+            for (int j = S - (n - i); j < S; ++j) out[n - S + j] += last[j];
+        }
+    }
+    return true;
 }
 
 // Taps kept in 16 bits: integer taps shifted right by taps_shift(largest
