@@ -149,8 +149,9 @@ template <int V> inline void sums16_step(const Zam16s* c, int L, int p0, const i
 
 // The n sums; false (nothing written) when the taps hold a pair of -32768.
 inline bool sums16(const Zam16s* c, const Zam16s* x, int L, int n, int64_t* out) {
-    // Sixteen outputs a step keep ten vector registers busy; i386 has eight.
-    constexpr int V = sizeof(void*) == 8 ? 4 : 2, S = 4 * V;
+    // Sixteen outputs a step: ten vector registers on x86-64; on i386 (eight)
+    // the spills of the double lanes once a run still cost less than eight.
+    constexpr int V = 4, S = 4 * V;
     int ends[kSumChunk / 2];
     const int nPairs = (L + 1) / 2;
     for (int p0 = 0; p0 < nPairs; p0 += kSumChunk / 2) {
