@@ -80,13 +80,12 @@ inline int64_t dot16(const Zam16s* c, const Zam16s* x, int n) {
 // into four 32-bit lanes (one vector for the even outputs of a step, one for
 // the odd). A pair's lane sum is at most 32768 (|c[2p]| + |c[2p+1]|): runs of
 // consecutive pairs whose bounds add up to less than 2^31 are summed in the
-// 32-bit lanes, each run then widened into double lanes (exact: the taps are
-// taken in pieces of at most kSumChunk, so the sums stay far below 2^53), and
-// the pieces joined in 64 bits. Small taps make one run of the whole set.
-// Every sum is exact, so the bits never depend on the grouping or the
-// addresses. A pair of two -32768 taps, whose lane sum can reach 2^31, has
-// no run of its own: the caller sums such taps another way (pair_runs false).
-inline constexpr int kSumChunk = 1024;  // taps a piece
+// 32-bit lanes, each run then widened into double lanes. Small taps make one
+// run of the whole set. The sums are integers below 2^53 (sums16_fits asks
+// for fewer than 2^22 taps), so every one is exact and the bits never depend
+// on the grouping or the addresses. A pair of two -32768 taps, whose lane
+// sum can reach 2^31, fits no run: such taps are summed another way.
+inline constexpr int kSumChunk = 1024;  // taps whose runs are found at once
 
 inline int64_t pair_bound(const Zam16s* c, int L, int p) {
     const int k = 2 * p;
@@ -95,13 +94,19 @@ inline int64_t pair_bound(const Zam16s* c, int L, int p) {
     return (a + b) * 32768;
 }
 
-// The ends of the runs of the pairs [p0, p1): false when a pair fits none.
-inline bool pair_runs(const Zam16s* c, int L, int p0, int p1, int* ends, int& nRuns) {
-    nRuns = 0;
+inline bool sums16_fits(const Zam16s* c, int L) {
+    if (L >= 1 << 22) return false;
+    for (int p = 0; 2 * p < L; ++p)
+        if (pair_bound(c, L, p) > INT32_MAX) return false;
+    return true;
+}
+
+// The ends of the runs of the pairs [p0, p1).
+inline int pair_runs(const Zam16s* c, int L, int p0, int p1, int* ends) {
+    int nRuns = 0;
     int64_t room = 0;
     for (int p = p0; p < p1; ++p) {
         const int64_t b = pair_bound(c, L, p);
-        if (b > INT32_MAX) return false;
         if (p == p0 || b > room) {
             if (p > p0) ends[nRuns++] = p;
             room = INT32_MAX;
@@ -109,13 +114,13 @@ inline bool pair_runs(const Zam16s* c, int L, int p0, int p1, int* ends, int& nR
         room -= b;
     }
     ends[nRuns++] = p1;
-    return true;
+    return nRuns;
 }
 
 // One step of 4 V outputs (V even) over the runs of one piece of taps: vector
 // v holds outputs base(v) + 2j, base(v) = 8 (v / 2) + v % 2.
 template <int V> inline void sums16_step(const Zam16s* c, int L, int p0, const int* ends, int nRuns, const Zam16s* x,
-                                         int64_t* out) {
+                                         double* out) {
     __m256d d[V];
     for (int v = 0; v < V; ++v) d[v] = _mm256_setzero_pd();
     const int lastPair = L / 2;  // an odd tap count leaves c[L - 1] alone in this pair
@@ -143,33 +148,30 @@ template <int V> inline void sums16_step(const Zam16s* c, int L, int p0, const i
     for (int v = 0; v < V; ++v) {
         alignas(32) double l[4];
         _mm256_store_pd(l, d[v]);
-        for (int j = 0; j < 4; ++j) out[8 * (v / 2) + v % 2 + 2 * j] += int64_t(l[j]);
+        for (int j = 0; j < 4; ++j) out[8 * (v / 2) + v % 2 + 2 * j] += l[j];
     }
 }
 
-// The n sums; false (nothing written) when the taps hold a pair of -32768.
-inline bool sums16(const Zam16s* c, const Zam16s* x, int L, int n, int64_t* out) {
+// The n sums, for taps that sums16_fits.
+inline void sums16(const Zam16s* c, const Zam16s* x, int L, int n, double* out) {
     // Sixteen outputs a step: ten vector registers on x86-64; on i386 (eight)
     // the spills of the double lanes once a run still cost less than eight.
     constexpr int V = 4, S = 4 * V;
+    for (int i = 0; i < n; ++i) out[i] = 0;
+    if (n < S) {
+        for (int i = 0; i < n; ++i) {
+            int64_t s = 0;
+            for (int k = 0; k < L; ++k) s += int32_t(c[k]) * x[i + k];
+            out[i] = double(s);
+        }
+        return;
+    }
     int ends[kSumChunk / 2];
+    double last[S];
     const int nPairs = (L + 1) / 2;
     for (int p0 = 0; p0 < nPairs; p0 += kSumChunk / 2) {
         const int p1 = nPairs - p0 < kSumChunk / 2 ? nPairs : p0 + kSumChunk / 2;
-        int nRuns;
-        if (!pair_runs(c, L, p0, p1, ends, nRuns)) return false;
-    }
-    for (int i = 0; i < n; ++i) out[i] = 0;
-    if (n < S) {
-        for (int i = 0; i < n; ++i)
-            for (int k = 0; k < L; ++k) out[i] += int32_t(c[k]) * x[i + k];
-        return true;
-    }
-    int64_t last[S];
-    for (int p0 = 0; p0 < nPairs; p0 += kSumChunk / 2) {
-        const int p1 = nPairs - p0 < kSumChunk / 2 ? nPairs : p0 + kSumChunk / 2;
-        int nRuns;
-        pair_runs(c, L, p0, p1, ends, nRuns);
+        const int nRuns = pair_runs(c, L, p0, p1, ends);
         int i = 0;
         for (; i + S <= n; i += S) sums16_step<V>(c, L, p0, ends, nRuns, x + i, out + i);
         if (i < n) {  // the last S outputs again, the new ones kept
@@ -178,7 +180,23 @@ inline bool sums16(const Zam16s* c, const Zam16s* x, int L, int n, int64_t* out)
             for (int j = S - (n - i); j < S; ++j) out[n - S + j] += last[j];
         }
     }
-    return true;
+}
+
+// The scale rule of scale_round_sat<Zam16s> for integers below 2^53 held in
+// doubles, eight at a time: times 2^-sf (exact: the factor is held to
+// [-64, 64], where every result beyond it is already 0 or the bound), rounded
+// to nearest even, held to the 16-bit range.
+inline void emit16_exact(const double* v, Zam16s* dst, int n, int sf) {
+    const int f = sf < -64 ? -64 : sf > 64 ? 64 : sf;
+    const __m256d m = _mm256_set1_pd(pow2(-f)), lo = _mm256_set1_pd(-32768.0), hi = _mm256_set1_pd(32767.0);
+    auto four = [&](const double* p) {
+        const __m256d r = _mm256_round_pd(_mm256_mul_pd(_mm256_loadu_pd(p), m), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+        return _mm256_cvtpd_epi32(_mm256_min_pd(_mm256_max_pd(r, lo), hi));
+    };
+    int i = 0;
+    for (; i + 8 <= n; i += 8)
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(dst + i), _mm_packs_epi32(four(v + i), four(v + i + 4)));
+    for (; i < n; ++i) dst[i] = scale_round_sat<Zam16s>(int64_t(v[i]), sf);
 }
 
 // Taps kept in 16 bits: integer taps shifted right by taps_shift(largest

@@ -1,7 +1,8 @@
 // The 16-bit state filter's vector sums against the Direct form's plain
 // 64-bit sums: taps whose magnitudes sum right at the point where a 32-bit
 // lane would wrap, long and odd tap sets, full-scale samples, pairs of
-// -32768 taps, blocks of any size at two source alignments.
+// -32768 taps, blocks of any size at two source alignments; the scale of the
+// sums over every range of factors.
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -16,10 +17,10 @@ namespace {
 // Filters x through a state in blocks of random sizes (from src + offset)
 // and through the Direct form in one call; returns both outputs.
 void both(const std::vector<Zam16s>& taps, const std::vector<Zam16s>& x, int sf, int offset,
-          std::vector<Zam16s>& byState, std::vector<Zam16s>& byDirect) {
+          std::vector<Zam16s>& byState, std::vector<Zam16s>& byDirect, int factor = 0) {
     const int L = int(taps.size()), n = int(x.size());
     ZamsFIRState_16s* st = nullptr;
-    ASSERT_EQ(zamsFIRInitAlloc_16s(&st, taps.data(), L, 0, nullptr), 0);
+    ASSERT_EQ(zamsFIRInitAlloc_16s(&st, taps.data(), L, factor, nullptr), 0);
     std::vector<Zam16s> src(x.size() + size_t(offset));
     std::copy(x.begin(), x.end(), src.begin() + offset);
     byState.assign(x.size(), 0);
@@ -33,7 +34,7 @@ void both(const std::vector<Zam16s>& taps, const std::vector<Zam16s>& x, int sf,
     std::vector<Zam16s> dly(2 * size_t(L), 0);
     int idx = 0;
     byDirect.assign(x.size(), 0);
-    ASSERT_EQ(zamsFIR_Direct_16s_Sfs(x.data(), byDirect.data(), n, taps.data(), L, 0, dly.data(), &idx, sf), 0);
+    ASSERT_EQ(zamsFIR_Direct_16s_Sfs(x.data(), byDirect.data(), n, taps.data(), L, factor, dly.data(), &idx, sf), 0);
 }
 
 // Negative taps against -32768 make every product positive: with magnitudes
@@ -77,6 +78,20 @@ TEST(Fir16Sums, LongAndOddTapSetsAtAnyAlignment) {
             for (Zam16s v : b) spread = std::max(spread, int(v < 0 ? -v : v));
             EXPECT_GT(spread, 100) << "outputs too small to show a wrong sum";
             EXPECT_LT(spread, 32767) << "outputs saturated";
+        }
+    }
+}
+
+// The scale of the sums over the whole range of taps and scale factors:
+// ties at 1 (odd sums), shifts past every sum's width, left shifts that
+// saturate, factors far beyond both.
+TEST(Fir16Sums, ScalesRoundAndSaturateOverTheRange) {
+    const auto taps = fm::rand_16s(40, 3), x = fm::rand_16s(500, 4);
+    for (int factor : {0, 5, -9}) {
+        for (int sf : {-100000, -70, -17, -1, 0, 1, 2, 16, 21, 31, 52, 53, 54, 63, 64, 65, 1000, 100000}) {
+            std::vector<Zam16s> a, b;
+            both(taps, x, sf, 0, a, b, factor);
+            ASSERT_EQ(a, b) << "factor " << factor << " sf " << sf;
         }
     }
 }
