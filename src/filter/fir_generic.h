@@ -82,7 +82,7 @@ inline int64_t dot16(const Zam16s* c, const Zam16s* x, int n) {
 // consecutive pairs whose bounds add up to less than 2^31 are summed in the
 // 32-bit lanes, each run then widened into double lanes. Small taps make one
 // run of the whole set. The sums are integers below 2^53 (sums16_fits asks
-// for fewer than 2^22 taps), so every one is exact and the bits never depend
+// for 2 to 2^22 - 1 taps), so every one is exact and the bits never depend
 // on the grouping or the addresses. A pair of two -32768 taps, whose lane
 // sum can reach 2^31, fits no run: such taps are summed another way.
 inline constexpr int kSumChunk = 1024;  // taps whose runs are found at once
@@ -95,7 +95,7 @@ inline int64_t pair_bound(const Zam16s* c, int L, int p) {
 }
 
 inline bool sums16_fits(const Zam16s* c, int L) {
-    if (L >= 1 << 22) return false;
+    if (L < 2 || L >= 1 << 22) return false;  // one tap: its pair would reach back one sample
     for (int p = 0; 2 * p < L; ++p)
         if (pair_bound(c, L, p) > INT32_MAX) return false;
     return true;
