@@ -58,11 +58,11 @@ TEST(Fir16Sums, TapMagnitudesAtTheLaneLimit) {
     }
 }
 
-// Full-scale taps and samples over tap counts either side of a whole vector
-// and past the piece of taps summed in double lanes, with and without a pair
+// Full-scale taps and samples over the fewest taps, tap counts either side of a whole vector
+// and past the piece of taps whose runs are found at once, with and without a pair
 // of -32768 taps (which the lanes cannot hold), at two source alignments.
 TEST(Fir16Sums, LongAndOddTapSetsAtAnyAlignment) {
-    for (int L : {8, 9, 31, 1025, 2051}) {
+    for (int L : {2, 3, 8, 9, 31, 1025, 2051}) {
         for (bool extreme : {false, true}) {
             auto taps = fm::rand_16s(L, uint32_t(L));
             if (extreme)
