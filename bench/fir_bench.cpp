@@ -169,13 +169,26 @@ ZAMS_BENCH(fir_16s) {
     ZamsFIRState_16s* s16 = nullptr;
     zamsFIRInit32s_16s(&s32, t32.data(), L, 0, nullptr, m1.data());
     zamsFIRInit_16s(&s16, t16.data(), L, 0, nullptr, m2.data());
-    auto loop = [&] {
-        for (int n = 0; n < kBlock; ++n) {
-            int64_t s = 0;
-            for (int k = 0; k < L; ++k) s += int64_t(t16[size_t(k)]) * xs[n - k];
-            y[size_t(n)] = Zam16s(s >> 16);
-        }
+    // The plain loop with a 64-bit accumulator over taps t, shifted right.
+    auto loop_of = [&](const std::vector<Zam16s>& t, int shift) {
+        return [&, tp = &t, shift] {
+            for (int n = 0; n < kBlock; ++n) {
+                int64_t s = 0;
+                for (int k = 0; k < L; ++k) s += int64_t((*tp)[size_t(k)]) * xs[n - k];
+                y[size_t(n)] = Zam16s(s >> shift);
+            }
+        };
     };
+    const auto loop = loop_of(t16, 16);
     b.row("FIR32s_16s_Sfs taps 64", kBlock, 0, {{"zams", [&] { zamsFIR32s_16s_Sfs(xs, y.data(), kBlock, s32, 16); }}, {"loop int64", loop}});
     b.row("FIR_16s_Sfs taps 64", kBlock, 0, {{"zams", [&] { zamsFIR_16s_Sfs(xs, y.data(), kBlock, s16, 16); }}, {"loop int64", loop}});
+    // Taps an eighth as large (magnitudes summing to about 40000, below 2^16,
+    // as a unit-gain filter in Q15 has): every sum stays in 32-bit lanes.
+    std::vector<Zam16s> t16n(L);
+    for (int k = 0; k < L; ++k) t16n[size_t(k)] = Zam16s(t16[size_t(k)] / 8);
+    ZamsFIRState_16s* s16n = nullptr;
+    std::vector<uint8_t> m3(200000);
+    zamsFIRInit_16s(&s16n, t16n.data(), L, 0, nullptr, m3.data());
+    b.row("FIR_16s_Sfs taps 64, sum |taps| < 2^16", kBlock, 0,
+          {{"zams", [&] { zamsFIR_16s_Sfs(xs, y.data(), kBlock, s16n, 13); }}, {"loop int64", loop_of(t16n, 13)}});
 }

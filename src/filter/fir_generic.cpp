@@ -244,25 +244,30 @@ template <class P> zamStatus filter(const typename P::Data* src, typename P::Dat
     const Coef* c = at<Coef>(h, h->offCoef);
     const int scale = std::is_integral_v<Coef> || std::is_same_v<Acc, CI> ? add_scale(h->total, sf) : sf;
     constexpr bool k16 = std::is_same_v<Coef, Zam16s> && std::is_same_v<Data, Zam16s>;
-    bool fast = false;  // -32768 twice would pass a pair's 32-bit sum
-    if constexpr (k16) fast = std::find(c, c + L, Zam16s(-32768)) == c + L;
+    bool fast = false;
+    if constexpr (k16) fast = sums16_fits(c, L);
     constexpr int kPiece = 128;
     Acc acc[kPiece];
+    [[maybe_unused]] double exact[kPiece];  // the fast 16-bit sums
     for (int end = len; end > 0;) {
         const int beg = std::max(0, end - kPiece);
-        for (int n = beg; n < end; ++n) {
-            if constexpr (k16) {
-                if (fast && n >= L - 1) {
-                    acc[n - beg] = dot16(c, src + (n - (L - 1)), L);
-                    continue;
-                }
-            }
+        const int lim = fast ? std::clamp(L - 1, beg, end) : end;  // outputs from lim on have all their samples in src
+        for (int n = beg; n < lim; ++n) {
             Acc a{};
             const int k0 = std::max(0, L - 1 - n);  // terms before k0 come from the history
             for (int k = 0; k < k0; ++k) mac(a, c[k], hist[n + k]);
             const Data* x = src + (n - (L - 1));
             for (int k = k0; k < L; ++k) mac(a, c[k], x[k]);
             acc[n - beg] = a;
+        }
+        if constexpr (k16) {
+            if (fast) {
+                for (int n = beg; n < lim; ++n) exact[n - beg] = double(acc[n - beg]);
+                if (lim < end) sums16(c, src + (lim - (L - 1)), L, end - lim, exact + (lim - beg));
+                emit16_exact(exact, dst + beg, end - beg, scale);
+                end = beg;
+                continue;
+            }
         }
         emit<typename P::Part>(acc, dst + beg, end - beg, scale);
         end = beg;
