@@ -44,6 +44,7 @@ template <class F> struct One {
     static V load(const F* p) { return {p[0], p[1]}; }
     static void store(F* p, V v) { p[0] = v.re; p[1] = v.im; }
     static void store_lanes(F* p, size_t, V v) { store(p, v); }
+    static V bcast(const F* p) { return load(p); }
     static V zero() { return {F(0), F(0)}; }
     static V add(V a, V b) { return {a.re + b.re, a.im + b.im}; }
     static V sub(V a, V b) { return {a.re - b.re, a.im - b.im}; }
@@ -54,11 +55,6 @@ template <class F> struct One {
         if constexpr (Inv) return {a.re * w.re + a.im * w.im, a.im * w.re - a.re * w.im};
         else return {a.re * w.re - a.im * w.im, a.im * w.re + a.re * w.im};
     }
-    // A twiddle factor as the butterflies' multiplier takes it.
-    using Tw = V;
-    static Tw tw_bcast(const F* p) { return load(p); }
-    static Tw tw_load(const F* p) { return load(p); }
-    template <bool Inv> static V cmul_tw(V a, Tw w) { return cmul<Inv>(a, w); }
 };
 
 // A vector of W complex values (AVX).
@@ -93,6 +89,10 @@ template <class F> struct Vec {
             return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(p[0])), _mm_loadu_pd(p[1]), 1);
         }
     }
+    static V bcast(const F* p) {
+        if constexpr (sizeof(F) == 4) return _mm256_castpd_ps(_mm256_broadcast_sd(reinterpret_cast<const double*>(p)));
+        else return _mm256_broadcast_pd(reinterpret_cast<const __m128d*>(p));
+    }
     static V zero() { return T::set1(F(0)); }
     static V add(V a, V b) { return T::add(a, b); }
     static V sub(V a, V b) { return T::sub(a, b); }
@@ -102,25 +102,6 @@ template <class F> struct Vec {
         return Inv ? T::xor_(t, T::allsign()) : t;
     }
     template <bool Inv> static V cmul(V a, V w) { return fft::cmul<F, Inv>(a, w); }
-    // A twiddle factor as its real and imaginary parts, each in every slot
-    // of its complex value: one complex value for every lane (tw_bcast, two
-    // broadcast loads and no shuffle) or a vector of them (tw_load).
-    struct Tw {
-        V re, im;
-    };
-    static Tw tw_bcast(const F* p) {
-        if constexpr (sizeof(F) == 4) return {_mm256_broadcast_ss(p), _mm256_broadcast_ss(p + 1)};
-        else return {_mm256_broadcast_sd(p), _mm256_broadcast_sd(p + 1)};
-    }
-    static Tw tw_load(const F* p) {
-        const V w = T::load(p);
-        return {T::dup_re(w), T::dup_im(w)};
-    }
-    // a * w, or a * conj(w) for the inverse: the products of fft::cmul.
-    template <bool Inv> static V cmul_tw(V a, Tw w) {
-        const V wi = Inv ? T::xor_(w.im, T::allsign()) : w.im;
-        return T::addsub(T::mul(a, w.re), T::mul(T::swap(a), wi));
-    }
 };
 
 // ----------------------------------------------------------- butterflies --
@@ -183,7 +164,7 @@ inline void position(const F* x, size_t in, F* y, size_t out, size_t laneStride,
     for (int t = 0; t < pp; ++t) {
         V v = A[t];
         if constexpr (Tw) {
-            if (t) v = O::template cmul_tw<Inv>(v, tw(t));
+            if (t) v = O::template cmul<Inv>(v, tw(t));
         }
         if constexpr (Scaled) v = O::rmul(v, scale);
         if constexpr (Lanes) O::store_lanes(y + 2 * out * size_t(t), laneStride, v);
@@ -206,14 +187,14 @@ void pass_runs(const F* x, F* y, size_t s, size_t m, int p, const F* tw, const F
         if (j == 0) {
             for (; q + W <= s; q += W)
                 position<F, VO, Inv, P, false, Scaled, false>(xj + 2 * q, s * m, yj + 2 * q, s, 0, pp, roots,
-                                                             [](int) { return typename VO::Tw{}; }, scale);
+                                                             [](int) { return typename VO::V{}; }, scale);
             for (; q < s; ++q)
                 position<F, SO, Inv, P, false, Scaled, false>(xj + 2 * q, s * m, yj + 2 * q, s, 0, pp, roots,
-                                                             [](int) { return typename SO::Tw{}; }, scale);
+                                                             [](int) { return typename SO::V{}; }, scale);
             continue;
         }
-        typename VO::Tw wv[P ? P : kMaxRadix];
-        for (int t = 1; t < pp; ++t) wv[t] = VO::tw_bcast(wj + 2 * (t - 1));
+        typename VO::V wv[P ? P : kMaxRadix];
+        for (int t = 1; t < pp; ++t) wv[t] = VO::bcast(wj + 2 * (t - 1));
         for (; q + W <= s; q += W)
             position<F, VO, Inv, P, true, Scaled, false>(xj + 2 * q, s * m, yj + 2 * q, s, 0, pp, roots,
                                                         [&](int t) { return wv[t]; }, scale);
@@ -233,7 +214,7 @@ void pass_lanes(const F* x, F* y, size_t m, int p, const F* tw, const F* roots) 
     size_t j = 0;
     for (; j + W <= m; j += W)
         position<F, VO, Inv, P, true, false, true>(x + 2 * j, m, y + 2 * pp * j, 1, size_t(pp), pp, roots,
-                                                   [&](int t) { return VO::tw_load(tw + 2 * ((t - 1) * m + j)); }, F(1));
+                                                   [&](int t) { return VO::load(tw + 2 * ((t - 1) * m + j)); }, F(1));
     for (; j < m; ++j)
         position<F, SO, Inv, P, true, false, false>(x + 2 * j, m, y + 2 * pp * j, 1, 0, pp, roots,
                                                     [&](int t) { return SO::load(tw + 2 * ((t - 1) * m + j)); }, F(1));
