@@ -30,9 +30,13 @@
  *  - a prime p with p - 1 a power of two (257, 65537): Rader's cyclic
  *    convolution of length p - 1 over the powers of a generator;
  *  - any other length (a prime factor above 64): Bluestein's chirp product
- *    around a cyclic convolution of length 2^k >= 2 len - 1.
- * The two convolution methods run the library's block convolution engine
- * over the power-of-two FFT, with the kernel's spectrum computed at Init.
+ *    around a cyclic convolution of length M >= 2 len - 1, M = 2^k o with
+ *    o odd and no prime factor above 7, the M of least estimated cost
+ *    (4099: 8232 = 2^3 3 7^3 rather than 16384).
+ * Rader's convolution and Bluestein's on a power of two run the library's
+ * block convolution engine over the power-of-two FFT; Bluestein's on any
+ * other M runs the mixed-radix plan of M above, unscaled. The kernel's
+ * spectrum is computed at Init.
  * Normalisation is applied in the last pass (scale factors 1/len and
  * 1/sqrt(len) rounded once from double); a power of two takes the FFT's
  * own factors.

@@ -19,8 +19,13 @@
 //              cyclic convolution of length n - 1 over the generator's
 //              powers, through the block convolution engine;
 //   Bluestein  any other n: the chirp z product, a cyclic convolution of
-//              length 2^k >= 2n - 1 with the chirp's spectrum, the chirp
-//              product again, through the block convolution engine.
+//              length M >= 2n - 1 with the chirp's spectrum, the chirp
+//              product again. M >= 2n - 1 has no prime factor above 7 and
+//              the least estimated cost (chirp_len): a power of two runs
+//              the power-of-two FFT through the block convolution engine,
+//              any other M a Mixed or Split plan of its own, unscaled and
+//              nested in this one (the kernel's spectrum carries the 1/M).
+//              4099: 8232 = 2^3 3 7^3 points instead of 16384.
 //
 // Everything a plan holds (twiddles, roots, chirp, permutations, the
 // kernel's spectrum, the inner FFT spec) lies inside the DFT spec at byte
@@ -64,8 +69,10 @@ template <class F> struct CPlan {
     int32_t bufBytes;               // the plan's part of the work buffer
     int32_t fftWork;                // the inner FFT's work buffer, its slack included
     Stage st[kMaxStages];
+    uint32_t sub;                   // Bluestein on a smooth length: its unscaled plan, else 0
+    uint32_t pad;                   // the same size on both targets
 };
-static_assert(sizeof(CPlan<float>) == 568 && sizeof(CPlan<double>) == 576);
+static_assert(sizeof(CPlan<float>) == 576 && sizeof(CPlan<double>) == 584);
 
 // Header of every floating DFT spec. Real kinds: an even length runs a
 // complex plan of len/2 and a recombination with W_len^k (table at
@@ -79,7 +86,7 @@ template <class F> struct Hdr {
     int32_t real;
     CPlan<F> plan;
 };
-static_assert(sizeof(Hdr<float>) == 600 && sizeof(Hdr<double>) == 608);
+static_assert(sizeof(Hdr<float>) == 608 && sizeof(Hdr<double>) == 616);
 static_assert(offsetof(Hdr<double>, plan) % 8 == 0);
 
 // Byte counts of a layout: the DFT spec (from its aligned start), the build

@@ -45,7 +45,6 @@ template <class F> struct One {
     static void store(F* p, V v) { p[0] = v.re; p[1] = v.im; }
     static void store_lanes(F* p, size_t, V v) { store(p, v); }
     static V bcast(const F* p) { return load(p); }
-    static V zero() { return {F(0), F(0)}; }
     static V add(V a, V b) { return {a.re + b.re, a.im + b.im}; }
     static V sub(V a, V b) { return {a.re - b.re, a.im - b.im}; }
     static V rmul(V a, F c) { return {a.re * c, a.im * c}; }
@@ -93,7 +92,6 @@ template <class F> struct Vec {
         if constexpr (sizeof(F) == 4) return _mm256_castpd_ps(_mm256_broadcast_sd(reinterpret_cast<const double*>(p)));
         else return _mm256_broadcast_pd(reinterpret_cast<const __m128d*>(p));
     }
-    static V zero() { return T::set1(F(0)); }
     static V add(V a, V b) { return T::add(a, b); }
     static V sub(V a, V b) { return T::sub(a, b); }
     static V rmul(V a, F c) { return T::mul(a, T::set1(c)); }
@@ -132,9 +130,9 @@ __attribute__((always_inline)) inline void butterfly(typename O::V* a, typename 
         }
         A[0] = sum;
         for (int t = 1; t <= h; ++t) {
-            V e = a[0], o = O::zero();
-            int k = 0;
-            for (int r = 1; r <= h; ++r) {
+            V e = O::add(a[0], O::rmul(a[1], roots[2 * t])), o = O::rmul(a[pp - 1], roots[2 * t + 1]);
+            int k = t;
+            for (int r = 2; r <= h; ++r) {
                 k += t;
                 if (k >= pp) k -= pp;
                 e = O::add(e, O::rmul(a[r], roots[2 * k]));
