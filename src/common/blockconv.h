@@ -54,7 +54,7 @@ inline int order_at_least(int64_t n) {
 
 // The section order of one call (run_once) for a kernel of `taps` values
 // and `outputs` outputs: the order whose cost, the transforms of the
-// sections and the kernel plus the specification's build, is least among
+// sections and the kernel plus the FFT specification's build, is least among
 // the orders that hold the kernel at least twice, and not longer than the
 // call needs.
 int section_order(int64_t taps, int64_t outputs);

@@ -87,7 +87,7 @@ template <class F> F scale_for(int order, int flag) {
 
 // Recombination factors W^k = exp(-2 pi i k / N) of a real spec, k <= N/4:
 // one table up to order 17, coarse x fine from order 18. The even k are
-// w_{N/2}^(k/2), copied from the complex tables when the spec has them.
+// w_{N/2}^(k/2), copied from the complex tables when the FFT spec has them.
 template <class F> uint32_t build_recomb(Hdr<F>* h, uint8_t* base, uint32_t off, int R) {
     const size_t N = size_t(1) << R;
     const F* half = R - 1 >= 7 ? quarter_of(h, R - 1) : nullptr;
