@@ -152,17 +152,17 @@ template <int V> inline void sums16_step(const Zam16s* c, int L, int p0, const i
     }
 }
 
-// The n sums, for taps that sums16_fits.
-inline void sums16(const Zam16s* c, const Zam16s* x, int L, int n, double* out) {
-    // Sixteen outputs a step: ten vector registers on x86-64; on i386 (eight)
-    // the spills of the double lanes once a run still cost less than eight.
-    constexpr int V = 4, S = 4 * V;
-    for (int i = 0; i < n; ++i) out[i] = 0;
+// Adds the n sums to out, for taps that sums16_fits. Sixteen outputs a step:
+// ten vector registers on x86-64; on i386 (eight) the spills of the double
+// lanes once a run still cost less than eight.
+inline constexpr int kSums16Step = 16;
+inline void sums16_add(const Zam16s* c, const Zam16s* x, int L, int n, double* out) {
+    constexpr int V = kSums16Step / 4, S = kSums16Step;
     if (n < S) {
         for (int i = 0; i < n; ++i) {
             int64_t s = 0;
             for (int k = 0; k < L; ++k) s += int32_t(c[k]) * x[i + k];
-            out[i] = double(s);
+            out[i] += double(s);
         }
         return;
     }
@@ -180,6 +180,12 @@ inline void sums16(const Zam16s* c, const Zam16s* x, int L, int n, double* out) 
             for (int j = S - (n - i); j < S; ++j) out[n - S + j] += last[j];
         }
     }
+}
+
+// The n sums, for taps that sums16_fits.
+inline void sums16(const Zam16s* c, const Zam16s* x, int L, int n, double* out) {
+    for (int i = 0; i < n; ++i) out[i] = 0;
+    sums16_add(c, x, L, n, out);
 }
 
 // The scale rule of scale_round_sat<Zam16s> for integers below 2^53 held in

@@ -18,7 +18,13 @@
 //          history, so every window is contiguous and the kernels never
 //          depend on the caller's addresses;
 //   next, old  M samples each: the delay line a backward call leaves and the
-//          one it found.
+//          one it found;
+//   sets, split  (16-bit kinds, when chunks have enough blocks) each sub-filter
+//          split by tap position mod D into D sets of W = ceil(M / D) taps,
+//          and room for the stage split by sample position mod D into D
+//          streams of Wy samples. Output j of every block is then D
+//          single-rate filters (a set against a stream), summed exactly
+//          sixteen blocks a step by the single-rate 16-bit kernel.
 // A call runs forwards, except in place with U > D, where the outputs
 // outrun the inputs: it then saves the new delay line, and stages and
 // filters the chunks from the last one back (every chunk's outputs lie at
@@ -63,6 +69,7 @@ struct Kind {
 struct Hdr {
     int32_t id, owned, tapsLen, up, upPhase, down, downPhase, M, dlyLen, chunk, factor, total;
     int32_t offKeep, offSub, offPhase, offStage, offNext, offOld;
+    int32_t offSets, offSplit, W, Wy;  // W 0: the 16-bit sets are not laid out
 };
 inline constexpr Shape kShape{32, offsetof(Hdr, owned), false};
 
@@ -73,7 +80,7 @@ constexpr int64_t ru32(int64_t n) { return (n + 31) & ~int64_t(31); }
 
 // The one layout: the size query reports `size`, the build lays these out.
 struct Lay {
-    int64_t M, dlyLen, chunk, keep, sub, phase, stage, next, old, size;
+    int64_t M, dlyLen, chunk, keep, sub, phase, stage, next, old, sets, split, W, Wy, size;
 };
 template <class K> Lay layout(int L, int U, int D) {
     Lay l;
@@ -87,7 +94,14 @@ template <class K> Lay layout(int L, int U, int D) {
     const int64_t w = sizeof(typename K::Work);
     l.next = l.stage + ru32((l.M + l.chunk * D) * w);
     l.old = l.next + ru32(l.M * w);
-    l.size = l.old + ru32(l.M * w) + 31;  // the caller's buffer is rounded up to 32
+    l.sets = l.old + ru32(l.M * w);
+    // The split needs whole steps of blocks and at least two taps a set.
+    const bool split = std::is_same_v<typename K::Coef, Zam16s> && l.chunk >= kSums16Step && l.M >= 2 * int64_t(D) &&
+                       l.M / D < (1 << 22);
+    l.W = split ? (l.M + D - 1) / D : 0;
+    l.Wy = split ? (l.M + l.chunk * D + D - 1) / D : 0;
+    l.split = l.sets + ru32(int64_t(U) * D * l.W * int64_t(sizeof(typename K::Coef)));
+    l.size = l.split + ru32(int64_t(D) * l.Wy * w) + 31;  // the caller's buffer is rounded up to 32
     return l;
 }
 
@@ -137,6 +151,12 @@ template <class K> void set_taps(Hdr* h, const typename K::Taps* taps, int facto
         else c = taps[k];
         sub[int64_t(k % U) * M + (M - 1 - k / U)] = c;
     }
+    const int64_t D = h->down, W = h->W;
+    Coef* sets = at<Coef>(h, h->offSets);
+    for (int64_t p = 0; p < U; ++p)
+        for (int64_t s = 0; s < D; ++s)
+            for (int64_t m = 0; m < W; ++m)
+                sets[(p * D + s) * W + m] = s + m * D < M ? sub[p * M + s + m * D] : Coef{};
 }
 
 // Delay line: the newest dlyLen samples of the stage's history, the older
@@ -158,7 +178,7 @@ zamStatus build(uint8_t* base, const typename K::Taps* taps, int L, int factor, 
     Hdr* h = reinterpret_cast<Hdr*>(base);
     *h = Hdr{0,      0,        L,         U,         up,         D,        dp,      int32_t(l.M), int32_t(l.dlyLen),
              int32_t(l.chunk), factor, 0, int32_t(l.keep), int32_t(l.sub), int32_t(l.phase), int32_t(l.stage),
-             int32_t(l.next), int32_t(l.old)};
+             int32_t(l.next), int32_t(l.old), int32_t(l.sets), int32_t(l.split), int32_t(l.W), int32_t(l.Wy)};
     int32_t* ph = at<int32_t>(h, h->offPhase);
     for (int j = 0; j < U; ++j) {
         const int64_t t = int64_t(j) * D + dp - up;
@@ -237,9 +257,43 @@ template <class K> void to_work(const typename K::Data* s, typename K::Work* w, 
         for (int64_t i = 0; i < n; ++i) w[i] = typename K::Work(s[i]);
 }
 
+// run_chunk for 16-bit kinds with the sets laid out: for each output j of a
+// block, the sum over s < D of set (p_j, s) against the stream of the
+// stage's samples e_j + s + n D (n = 0, 1, ...), e_j the stage offset of
+// block 0's window; written to every U-th output.
+template <class K> void run_chunk16(const Hdr* h, int64_t b0, int64_t b1, Zam16s* dst, int scale) {
+    const int U = h->up, D = h->down, M = h->M, W = h->W, Wy = h->Wy;
+    const int nb = int(b1 - b0), nStage = M + nb * D;
+    const Zam16s* sets = at<Zam16s>(h, h->offSets);
+    const int32_t* ph = at<int32_t>(h, h->offPhase);
+    const Zam16s* st = at<Zam16s>(h, h->offStage);
+    const Zam16s* y = st;
+    if (D > 1) {
+        Zam16s* split = at<Zam16s>(h, h->offSplit);
+        for (int r = 0; r < D; ++r)
+            for (int i = r, n = 0; i < nStage; i += D, ++n) split[int64_t(r) * Wy + n] = st[i];
+        y = split;
+    }
+    double sum[1024];  // nb <= chunk <= 1024
+    Zam16s out[1024];
+    for (int j = 0; j < U; ++j) {
+        const int p = ph[2 * j], e = ph[2 * j + 1] + 1;
+        for (int b = 0; b < nb; ++b) sum[b] = 0;
+        for (int s = 0; s < D; ++s) {
+            const int t = e + s;
+            sums16_add(sets + (int64_t(p) * D + s) * W, y + int64_t(t % D) * Wy + t / D, (M - s + D - 1) / D, nb, sum);
+        }
+        emit16_exact(sum, out, nb, scale);
+        for (int b = 0; b < nb; ++b) dst[(b0 + b) * U + j] = out[b];
+    }
+}
+
 // The outputs of blocks [b0, b1) from the stage, which holds the inputs
 // [b0 D - M, b1 D): pieces of at most 64 sums, each written as Data.
 template <class K> void run_chunk(const Hdr* h, int64_t b0, int64_t b1, typename K::Data* dst, int scale) {
+    if constexpr (std::is_same_v<typename K::Coef, Zam16s>) {
+        if (h->W && b1 - b0 >= kSums16Step) return run_chunk16<K>(h, b0, b1, dst, scale);
+    }
     constexpr int kPiece = 64;
     const int U = h->up, M = h->M;
     const int64_t D = h->down;

@@ -2,7 +2,8 @@
 // with the whole taps in long double and keeps every D-th sample: every
 // data type over a set of factors, phases and taps lengths; pieces of whole
 // blocks and in place against one call; the delay line and taps; the
-// 16-bit kinds bit-exact against the float kind and the integer rule;
+// 16-bit kinds bit-exact against the float kind and the integer rule, in
+// pieces, in place and at any address;
 // caller memory at every misalignment; the factor and phase checks.
 #include <algorithm>
 #include <climits>
@@ -334,6 +335,53 @@ TEST(FirMR, IntegerTapsOver16BitsAreExact) {
                                    nullptr, mem2.data()),
               0);
     ASSERT_EQ(zamsFIRFree32s_16s32f(p), 0);
+}
+
+// 16-bit taps over 16-bit data summed exactly whatever the rates, the split
+// of the signal into calls (runs of blocks below and above the kernel's
+// step), in place (forwards and, with U > D, backwards) and the addresses of
+// the state and the vectors. Two regimes: sparse small samples at scale 0,
+// where most outputs are exact unsaturated sums, and the extremes (taps
+// +-32766, samples -32768 and 32767) at scale 20, where any sum that left
+// the 32-bit lanes would be far off.
+TEST(FirMR, SixteenBitSumsAreExactInPiecesInPlaceAndAtAnyAddress) {
+    std::mt19937 g(31);
+    for (int regime = 0; regime < 2; ++regime) {
+        const int sf = regime ? 20 : 0;
+        for (const Rate& r : kRates) {
+            const int N = 300, H = dly_len(r);
+            std::vector<Zam32s> taps(static_cast<size_t>(r.L));
+            for (auto& t : taps) t = regime ? (g() & 1 ? 32766 : -32766) : Zam32s(int(g() % 65533) - 32766);
+            taps[0] = 32766;  // no shift
+            std::vector<Zam16s> kept(taps.begin(), taps.end()), x(static_cast<size_t>(N * r.D)), dly(size_t(H), 0);
+            for (auto& v : x) v = regime ? (g() & 1 ? 32767 : -32768) : g() % 8 ? 0 : Zam16s(int(g() % 5) - 2);
+            const auto ref = model(kept, r, dly, x);
+            std::vector<Zam16s> want(ref.size());
+            for (size_t j = 0; j < want.size(); ++j) want[j] = fm::scale16(int64_t(ref[j].real()), sf);
+            int size = 0;
+            ASSERT_EQ(zamsFIRMRGetStateSize32s_16s(r.L, r.U, r.D, &size), 0);
+            for (size_t off : {0, 6}) {
+                zt::Guarded<uint8_t> mem(static_cast<size_t>(size), off), mem2(static_cast<size_t>(size), off);
+                zt::Guarded<Zam16s> src(x.size(), off), dst(want.size(), 2 * off + 2);
+                src.copy_from(x.data());
+                ZamsFIRState32s_16s *p = nullptr, *q = nullptr;
+                ASSERT_EQ(zamsFIRMRInit32s_16s(&p, taps.data(), r.L, 0, r.U, r.up, r.D, r.dp, nullptr, mem.data()), 0);
+                ASSERT_EQ(zamsFIRMRInit32s_16s(&q, taps.data(), r.L, 0, r.U, r.up, r.D, r.dp, nullptr, mem2.data()), 0);
+                std::vector<Zam16s> io(static_cast<size_t>(N * std::max(r.U, r.D)));
+                for (int b = 0; b < N;) {
+                    const int n = std::min(N - b, 1 + int(g() % 60));
+                    ASSERT_EQ(zamsFIR32s_16s_Sfs(src.data() + b * r.D, dst.data() + b * r.U, n, p, sf), 0);
+                    std::copy(x.begin() + b * r.D, x.begin() + (b + n) * r.D, io.begin());
+                    ASSERT_EQ(zamsFIR32s_16s_ISfs(io.data(), n, q, sf), 0);
+                    ASSERT_TRUE(std::equal(io.begin(), io.begin() + n * r.U, want.begin() + b * r.U))
+                        << "in place U=" << r.U << " D=" << r.D << " b=" << b;
+                    b += n;
+                }
+                ASSERT_TRUE(mem.guards_intact() && src.guards_intact() && dst.guards_intact());
+                ASSERT_EQ(dst.to_vector(), want) << "regime " << regime << " U=" << r.U << " D=" << r.D;
+            }
+        }
+    }
 }
 
 // The factor, phase and size checks in order, and the kinds each entry
