@@ -257,6 +257,35 @@ template <class K> void to_work(const typename K::Data* s, typename K::Work* w, 
         for (int64_t i = 0; i < n; ++i) w[i] = typename K::Work(s[i]);
 }
 
+// Sample i of the n of s to ys[(i % D) Wy + i / D]: eight samples of each
+// stream a step for D = 2 and 4, one at a time otherwise.
+inline void split16(const Zam16s* s, int n, int D, Zam16s* ys, int64_t Wy) {
+    auto ld = [&](int i) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + i)); };
+    auto st = [&](int r, int m, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(ys + r * Wy + m), v); };
+    int i = 0;
+    if (D == 2) {
+        const __m128i m = _mm_setr_epi8(0, 1, 4, 5, 8, 9, 12, 13, 2, 3, 6, 7, 10, 11, 14, 15);
+        for (; i + 16 <= n; i += 16) {
+            const __m128i a = _mm_shuffle_epi8(ld(i), m), b = _mm_shuffle_epi8(ld(i + 8), m);
+            st(0, i / 2, _mm_unpacklo_epi64(a, b));
+            st(1, i / 2, _mm_unpackhi_epi64(a, b));
+        }
+    } else if (D == 4) {
+        const __m128i m = _mm_setr_epi8(0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15);
+        for (; i + 32 <= n; i += 32) {
+            const __m128i a0 = _mm_shuffle_epi8(ld(i), m), a1 = _mm_shuffle_epi8(ld(i + 8), m);
+            const __m128i a2 = _mm_shuffle_epi8(ld(i + 16), m), a3 = _mm_shuffle_epi8(ld(i + 24), m);
+            const __m128i t0 = _mm_unpacklo_epi32(a0, a1), t1 = _mm_unpacklo_epi32(a2, a3);
+            const __m128i t2 = _mm_unpackhi_epi32(a0, a1), t3 = _mm_unpackhi_epi32(a2, a3);
+            st(0, i / 4, _mm_unpacklo_epi64(t0, t1));
+            st(1, i / 4, _mm_unpackhi_epi64(t0, t1));
+            st(2, i / 4, _mm_unpacklo_epi64(t2, t3));
+            st(3, i / 4, _mm_unpackhi_epi64(t2, t3));
+        }
+    }
+    for (; i < n; ++i) ys[(i % D) * Wy + i / D] = s[i];
+}
+
 // run_chunk for 16-bit kinds with the sets laid out: for each output j of a
 // block, the sum over s < D of set (p_j, s) against the stream of the
 // stage's samples e_j + s + n D (n = 0, 1, ...), e_j the stage offset of
@@ -270,8 +299,7 @@ template <class K> void run_chunk16(const Hdr* h, int64_t b0, int64_t b1, Zam16s
     const Zam16s* y = st;
     if (D > 1) {
         Zam16s* split = at<Zam16s>(h, h->offSplit);
-        for (int r = 0; r < D; ++r)
-            for (int i = r, n = 0; i < nStage; i += D, ++n) split[int64_t(r) * Wy + n] = st[i];
+        split16(st, nStage, D, split, Wy);
         y = split;
     }
     double sum[1024];  // nb <= chunk <= 1024
