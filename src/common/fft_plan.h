@@ -147,5 +147,20 @@ struct Complex : Plan<typename Fns<F>::CSpec, Fns<F>::csize, Fns<F>::cinit, Fns<
     static void mul(const Elem* k, Elem* d, int n) { X::cmul(k, d, n); }
 };
 
+// Convolution by sections on the real transform (src/transform/fft_conv.cpp).
+// conv_sizes and conv_build: a real specification of `order` with the
+// inverse scaled by 1/N (flag 2) that holds only the tables its transforms
+// read (at the orders whose transforms are size-compiled code; the ordinary
+// build elsewhere). It serves every call of Real<F> and conv_section, and is
+// released with the memory it lies in (tmp: sizes().init bytes, or null
+// when 0).
+template <class F> zamStatus conv_sizes(int order, Sizes& s);
+template <class F> zamStatus conv_build(int order, uint8_t* mem, uint8_t* tmp, Real<F>& out);
+// One section: buf = the inverse transform of (the transform of x times k),
+// k a Perm spectrum of N values, x N reals (x may be buf); the same bits as
+// fwd_perm, the Perm product and inv_perm one after another, in one pass
+// over the spectrum instead of three. w: the plan's work buffer.
+template <class F> zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t* w);
+
 }  // namespace zams::fftp
 #pragma GCC visibility pop

@@ -12,22 +12,32 @@
 namespace zams::conv {
 namespace {
 
-// The domain's three steps, the same shape for real and complex data.
+// The domains. Real data: the specification holds only what its
+// transforms read, and a section runs the spectrum's three steps in one pass
+// (conv_section). Complex data: the ordinary specification, and the
+// transform, the product and the inverse one after another.
+template <class F> zamStatus sizes(const fftp::Real<F>&, int order, fftp::Sizes& z) { return fftp::conv_sizes<F>(order, z); }
+template <class F> zamStatus build(fftp::Real<F>& d, int order, uint8_t* mem, uint8_t* tmp) {
+    return fftp::conv_build<F>(order, mem, tmp, d);
+}
 template <class F> zamStatus fwd(const fftp::Real<F>& d, const F* s, F* b, uint8_t* w) { return d.fwd_perm(s, b, w); }
-template <class F> zamStatus inv(const fftp::Real<F>& d, F* b, uint8_t* w) { return d.inv_perm(b, b, w); }
-// The Perm product: the two real bins (0 and N/2) alone, the pairs from
-// index 2 on as complex numbers (the complex product's vector body, the
-// same products and sums as the Perm product's).
-template <class F> void mul(const fftp::Real<F>& d, const F* k, F* b, int n) {
-    using C = typename fftp::Complex<F>::Elem;
-    if (n < 4) return d.mul_perm(k, b, n);
-    b[0] *= k[0];
-    b[1] *= k[1];
-    fftp::Complex<F>::mul(reinterpret_cast<const C*>(k + 2), reinterpret_cast<C*>(b + 2), n / 2 - 1);
+template <class F> zamStatus section(const fftp::Real<F>& d, const F* s, F* b, const F* k, uint8_t* w, int) {
+    return fftp::conv_section(d, s, b, k, w);
+}
+template <class F> zamStatus sizes(const fftp::Complex<F>&, int order, fftp::Sizes& z) {
+    return fftp::Complex<F>::sizes(order, zamFftScaleInverse, z);
+}
+template <class F> zamStatus build(fftp::Complex<F>& d, int order, uint8_t* mem, uint8_t* tmp) {
+    return fftp::Complex<F>::build(order, zamFftScaleInverse, mem, tmp, d);
 }
 template <class F, class E> zamStatus fwd(const fftp::Complex<F>& d, const E* s, E* b, uint8_t* w) { return d.fwd(s, b, w); }
-template <class F, class E> zamStatus inv(const fftp::Complex<F>& d, E* b, uint8_t* w) { return d.inv(b, b, w); }
-template <class F, class E> void mul(const fftp::Complex<F>&, const E* k, E* b, int n) { fftp::Complex<F>::mul(k, b, n); }
+template <class F, class E>
+zamStatus section(const fftp::Complex<F>& d, const E* s, E* b, const E* k, uint8_t* w, int n) {
+    zamStatus st = d.fwd(s, b, w);
+    if (st < 0) return st;
+    fftp::Complex<F>::mul(k, b, n);
+    return d.inv(b, b, w);
+}
 
 // One thread's scratch block: the FFT's work buffer, then the section.
 template <class D> struct Scratch {
@@ -72,11 +82,7 @@ zamStatus sections(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int
         const E* src = sc.buf;
         if (p >= s.headLen && p + N <= s.headLen + s.bodyLen) src = body + (p - s.headLen);
         else gather(s, p, N, sc.buf);
-        zamStatus st = fwd(k.fft, src, sc.buf, sc.work);
-        if (st >= 0) {
-            mul(k.fft, k.spectrum, sc.buf, int(N));
-            st = inv(k.fft, sc.buf, sc.work);
-        }
+        const zamStatus st = section(k.fft, src, sc.buf, k.spectrum, sc.work, int(N));
         if (st < 0) return st;
         worst = std::min(worst, st);
         std::memcpy(static_cast<void*>(y + n0), sc.buf + h, size_t(cnt) * sizeof(E));
@@ -150,10 +156,7 @@ zamStatus run(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int64_t 
 }
 
 template <class D> zamStatus cyclic(const Kernel<D>& k, typename D::Elem* buf, uint8_t* work) {
-    zamStatus st = fwd(k.fft, static_cast<const typename D::Elem*>(buf), buf, work);
-    if (st < 0) return st;
-    mul(k.fft, k.spectrum, buf, 1 << k.order);
-    return inv(k.fft, buf, work);
+    return section(k.fft, buf, buf, k.spectrum, work, 1 << k.order);
 }
 
 template <class D>
@@ -161,8 +164,8 @@ zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typenam
                    int order, int threads) {
     using E = typename D::Elem;
     fftp::Sizes z;
-    if (zamStatus st = D::sizes(order, zamFftScaleInverse, z)) return st;
     D fft;
+    if (zamStatus st = sizes(fft, order, z)) return st;
     // One block, allocated for the call and released on every path: the
     // FFT specification, the kernel's spectrum, then the threads' scratch
     // blocks (the build's temporary space lies where the spectrum and the
@@ -175,7 +178,7 @@ zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typenam
     const int64_t bytes = specBytes + std::max<int64_t>(z.init, N * int64_t(sizeof(E)) + stride * threads);
     uint8_t* mem = bytes < INT32_MAX ? zamsMalloc_8u(int(bytes)) : nullptr;
     if (!mem) return zamStatusNoMemory;
-    zamStatus st = D::build(order, zamFftScaleInverse, mem, z.init ? mem + specBytes : nullptr, fft);
+    zamStatus st = build(fft, order, mem, z.init ? mem + specBytes : nullptr);
     if (st >= 0) {
         E* spectrum = reinterpret_cast<E*>(mem + specBytes);
         uint8_t* scratch = mem + specBytes + N * int64_t(sizeof(E));

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common/blockconv.h"
+#include "common/spec.h"
 #include "harness.h"
 
 namespace {
@@ -158,6 +159,43 @@ TYPED_TEST(BlockConv, CyclicConvolutionOfOnePeriod) {
         EXPECT_LE(worst, 8 * unit<D>() * (order + 1) * scale) << "order " << order;
         EXPECT_EQ(fft.release(), zamStatusOk);
     }
+}
+
+// A section in one pass over the spectrum, on the specification that holds
+// only the recombination factors, against the three steps on the ordinary
+// specification: the same bits at every order, out of place and in place.
+template <class F> void section_matches_three_steps(int maxOrder) {
+    using R = fftp::Real<F>;
+    std::mt19937 g(3);
+    for (int order = 1; order <= maxOrder; ++order) {
+        const size_t n = size_t(1) << order;
+        R full, lean;
+        ASSERT_EQ(R::alloc(order, zamFftScaleInverse, full), zamStatusOk);
+        fftp::Sizes z;
+        ASSERT_EQ(fftp::conv_sizes<F>(order, z), zamStatusOk);
+        std::vector<uint8_t> mem(size_t(z.spec) + 64), tmp(size_t(z.init) + 64);
+        ASSERT_EQ(fftp::conv_build<F>(order, align_up(mem.data(), 64), z.init ? tmp.data() : nullptr, lean),
+                  zamStatusOk);
+        std::vector<uint8_t> work(size_t(std::max(full.work_bytes(), lean.work_bytes())) + 64);
+        const auto h = random_vec<R>(n / 2, g);
+        std::vector<F> k(n), x = random_vec<R>(n, g), want(n), got(n);
+        std::copy(h.begin(), h.end(), k.begin());
+        ASSERT_EQ(full.fwd_perm(k.data(), k.data(), work.data()), zamStatusOk);
+        ASSERT_EQ(full.fwd_perm(x.data(), want.data(), work.data()), zamStatusOk);
+        R::mul_perm(k.data(), want.data(), int(n));
+        ASSERT_EQ(full.inv_perm(want.data(), want.data(), work.data()), zamStatusOk);
+        ASSERT_EQ(fftp::conv_section(lean, x.data(), got.data(), k.data(), work.data()), zamStatusOk);
+        EXPECT_EQ(0, std::memcmp(want.data(), got.data(), n * sizeof(F))) << "order " << order;
+        got = x;
+        ASSERT_EQ(fftp::conv_section(lean, got.data(), got.data(), k.data(), work.data()), zamStatusOk);
+        EXPECT_EQ(0, std::memcmp(want.data(), got.data(), n * sizeof(F))) << "order " << order << " in place";
+        EXPECT_EQ(full.release(), zamStatusOk);
+    }
+}
+
+TEST(BlockConvSection, OnePassEqualsThreeSteps) {
+    section_matches_three_steps<float>(18);
+    section_matches_three_steps<double>(16);
 }
 
 TEST(BlockConvOrder, SectionsHoldTheKernelAndNoMoreThanTheCallNeeds) {
