@@ -156,11 +156,16 @@ struct Complex : Plan<typename Fns<F>::CSpec, Fns<F>::csize, Fns<F>::cinit, Fns<
 // when 0).
 template <class F> zamStatus conv_sizes(int order, Sizes& s);
 template <class F> zamStatus conv_build(int order, uint8_t* mem, uint8_t* tmp, Real<F>& out);
-// One section: buf = the inverse transform of (the transform of x times k),
-// k a Perm spectrum of N values, x N reals (x may be buf); the same bits as
-// fwd_perm, the Perm product and inv_perm one after another, in one pass
-// over the spectrum instead of three. w: the plan's work buffer.
-template <class F> zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t* w);
+// One section: y = the inverse transform of (the transform of x times k),
+// k a Perm spectrum of N values, x N reals (x may be buf), computed in buf
+// (N values); out[0 .. count) = y[from .. from + count) (out may be buf +
+// from, or lie apart from buf). The same bits as fwd_perm, the Perm product
+// and inv_perm one after another, in one pass over the spectrum instead of
+// three, the inverse's scale applied as the values go out. w: the plan's
+// work buffer.
+template <class F>
+zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t* w, F* out, int64_t from,
+                       int64_t count);
 
 }  // namespace zams::fftp
 #pragma GCC visibility pop

@@ -21,8 +21,12 @@ template <class F> zamStatus build(fftp::Real<F>& d, int order, uint8_t* mem, ui
     return fftp::conv_build<F>(order, mem, tmp, d);
 }
 template <class F> zamStatus fwd(const fftp::Real<F>& d, const F* s, F* b, uint8_t* w) { return d.fwd_perm(s, b, w); }
-template <class F> zamStatus section(const fftp::Real<F>& d, const F* s, F* b, const F* k, uint8_t* w, int) {
-    return fftp::conv_section(d, s, b, k, w);
+// One section of N values s into the scratch b, values [from, from + count)
+// of the result to out.
+template <class F>
+zamStatus section(const fftp::Real<F>& d, const F* s, F* b, const F* k, uint8_t* w, int, F* out, int64_t from,
+                  int64_t count) {
+    return fftp::conv_section(d, s, b, k, w, out, from, count);
 }
 template <class F> zamStatus sizes(const fftp::Complex<F>&, int order, fftp::Sizes& z) {
     return fftp::Complex<F>::sizes(order, zamFftScaleInverse, z);
@@ -32,11 +36,14 @@ template <class F> zamStatus build(fftp::Complex<F>& d, int order, uint8_t* mem,
 }
 template <class F, class E> zamStatus fwd(const fftp::Complex<F>& d, const E* s, E* b, uint8_t* w) { return d.fwd(s, b, w); }
 template <class F, class E>
-zamStatus section(const fftp::Complex<F>& d, const E* s, E* b, const E* k, uint8_t* w, int n) {
+zamStatus section(const fftp::Complex<F>& d, const E* s, E* b, const E* k, uint8_t* w, int n, E* out, int64_t from,
+                  int64_t count) {
     zamStatus st = d.fwd(s, b, w);
     if (st < 0) return st;
     fftp::Complex<F>::mul(k, b, n);
-    return d.inv(b, b, w);
+    st = d.inv(b, b, w);
+    if (st >= 0 && out != b + from) std::memcpy(static_cast<void*>(out), b + from, size_t(count) * sizeof(E));
+    return st;
 }
 
 // One thread's scratch block: the FFT's work buffer, then the section.
@@ -82,10 +89,9 @@ zamStatus sections(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int
         const E* src = sc.buf;
         if (p >= s.headLen && p + N <= s.headLen + s.bodyLen) src = body + (p - s.headLen);
         else gather(s, p, N, sc.buf);
-        const zamStatus st = section(k.fft, src, sc.buf, k.spectrum, sc.work, int(N));
+        const zamStatus st = section(k.fft, src, sc.buf, k.spectrum, sc.work, int(N), y + n0, h, cnt);
         if (st < 0) return st;
         worst = std::min(worst, st);
-        std::memcpy(static_cast<void*>(y + n0), sc.buf + h, size_t(cnt) * sizeof(E));
     }
     return worst;
 }
@@ -156,7 +162,7 @@ zamStatus run(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int64_t 
 }
 
 template <class D> zamStatus cyclic(const Kernel<D>& k, typename D::Elem* buf, uint8_t* work) {
-    return section(k.fft, buf, buf, k.spectrum, work, 1 << k.order);
+    return section(k.fft, buf, buf, k.spectrum, work, 1 << k.order, buf, 0, int64_t(1) << k.order);
 }
 
 template <class D>

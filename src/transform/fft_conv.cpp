@@ -31,6 +31,16 @@ template <class F> inline void mul_pair(F* b, const F* k) {
     b[1] = im;
 }
 
+// out[i] = s[i] times c, for i < n (out may be s).
+template <class F> void scale_to(const F* s, F* out, int64_t n, F c) {
+    using T = fft::VT<F>;
+    constexpr int64_t S = 2 * T::W;
+    const auto v = T::set1(c);
+    int64_t i = 0;
+    for (; i + S <= n; i += S) T::store(out + i, T::mul(T::load(s + i), v));
+    for (; i < n; ++i) out[i] = s[i] * c;
+}
+
 }  // namespace
 
 template <class F> zamStatus conv_sizes(int order, Sizes& s) {
@@ -60,7 +70,10 @@ template <class F> zamStatus conv_build(int order, uint8_t* mem, uint8_t* tmp, R
     return zamStatusOk;
 }
 
-template <class F> zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t* work) {
+
+template <class F>
+zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t* work, F* out, int64_t from,
+                       int64_t count) {
     using T = fft::VT<F>;
     constexpr size_t W = T::W;
     const auto* h = reinterpret_cast<const fft::Hdr<F>*>(d.spec);
@@ -71,7 +84,9 @@ template <class F> zamStatus conv_section(const Real<F>& d, const F* x, F* buf, 
     if (R < 5) {
         if (zamStatus st = d.fwd_perm(x, buf, work); st < 0) return st;
         d.mul_perm(k, buf, int(N));
-        return d.inv_perm(buf, buf, work);
+        const zamStatus st = d.inv_perm(buf, buf, work);
+        if (st >= 0 && out != buf + from) std::memmove(out, buf + from, size_t(count) * sizeof(F));
+        return st;
     }
     if (zamStatus st = fft::half_transform<F, false>(h, x, buf, work)) return st;
     const fft::Recomb<F> w = fft::recomb_of(h, R);
@@ -117,14 +132,16 @@ template <class F> zamStatus conv_section(const Real<F>& d, const F* x, F* buf, 
         if (!w.coarse) fft::recombine_pairs<true>(m, m, H, w.t, i);
     fft::recombine_tail<F, true>(m, m, H, w, j);
     fft::half_transform<F, true>(h, buf, buf, work);
-    if (h->invOn) fft::scale_n(buf, N, h->scale);
+    // The inverse's scale as the values go out.
+    if (h->invOn) scale_to(buf + from, out, count, h->scale);
+    else if (out != buf + from) std::memmove(out, buf + from, size_t(count) * sizeof(F));
     return zamStatusOk;
 }
 
 #define ZAMS_FFT_CONV(F)                                                                          \
     template zamStatus conv_sizes<F>(int, Sizes&);                                                \
     template zamStatus conv_build<F>(int, uint8_t*, uint8_t*, Real<F>&);                          \
-    template zamStatus conv_section<F>(const Real<F>&, const F*, F*, const F*, uint8_t*);
+    template zamStatus conv_section<F>(const Real<F>&, const F*, F*, const F*, uint8_t*, F*, int64_t, int64_t);
 ZAMS_FFT_CONV(float)
 ZAMS_FFT_CONV(double)
 

@@ -184,11 +184,17 @@ template <class F> void section_matches_three_steps(int maxOrder) {
         ASSERT_EQ(full.fwd_perm(x.data(), want.data(), work.data()), zamStatusOk);
         R::mul_perm(k.data(), want.data(), int(n));
         ASSERT_EQ(full.inv_perm(want.data(), want.data(), work.data()), zamStatusOk);
-        ASSERT_EQ(fftp::conv_section(lean, x.data(), got.data(), k.data(), work.data()), zamStatusOk);
-        EXPECT_EQ(0, std::memcmp(want.data(), got.data(), n * sizeof(F))) << "order " << order;
+        // The whole result in place, then a window of it out of place.
         got = x;
-        ASSERT_EQ(fftp::conv_section(lean, got.data(), got.data(), k.data(), work.data()), zamStatusOk);
+        ASSERT_EQ(fftp::conv_section(lean, got.data(), got.data(), k.data(), work.data(), got.data(), 0, int64_t(n)),
+                  zamStatusOk);
         EXPECT_EQ(0, std::memcmp(want.data(), got.data(), n * sizeof(F))) << "order " << order << " in place";
+        const int64_t from = int64_t(n / 4), count = int64_t(n - n / 4);
+        std::vector<F> buf(n), out(n + 1, F(7));
+        ASSERT_EQ(fftp::conv_section(lean, x.data(), buf.data(), k.data(), work.data(), out.data(), from, count),
+                  zamStatusOk);
+        EXPECT_EQ(0, std::memcmp(want.data() + from, out.data(), size_t(count) * sizeof(F))) << "order " << order;
+        EXPECT_EQ(out[size_t(count)], F(7)) << "order " << order;  // nothing past the window
         EXPECT_EQ(full.release(), zamStatusOk);
     }
 }
