@@ -167,5 +167,21 @@ template <class F>
 zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t* w, F* out, int64_t from,
                        int64_t count);
 
+// Two real sections at once (src/transform/fft_conv.cpp), for one-call
+// convolutions of several sections: a and b (N reals each; b null for
+// zeros) as the real and imaginary parts of one complex transform of
+// N = 2^order points, times the kernel's complex spectrum k (N complex
+// values, interleaved, from pair_kernel), transformed back: the real part is
+// a's convolution with the kernel, the imaginary part b's. At the orders of
+// pair_order only, whose transforms read no table (so no specification);
+// work: pair_work_bytes. buf: 2N values. outA[i] = result a at from + i for
+// i < countA, outB likewise (the 1/N applied).
+template <class F> bool pair_order(int order);
+template <class F> int64_t pair_work_bytes(int order);
+template <class F> void pair_kernel(int order, const F* h, int taps, F* k, uint8_t* work);
+template <class F>
+void pair_section(int order, const F* a, const F* b, F* buf, const F* k, uint8_t* work, F* outA, F* outB,
+                  int64_t from, int64_t countA, int64_t countB);
+
 }  // namespace zams::fftp
 #pragma GCC visibility pop

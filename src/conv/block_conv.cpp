@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cassert>
 #include <cstring>
+#include <type_traits>
 
 #include "../common/blockconv.h"
 #include "../common/spec.h"
@@ -165,10 +166,72 @@ template <class D> zamStatus cyclic(const Kernel<D>& k, typename D::Elem* buf, u
     return section(k.fft, buf, buf, k.spectrum, work, 1 << k.order, buf, 0, int64_t(1) << k.order);
 }
 
+// Real data in a call of several sections: two sections a transform, as
+// the real and imaginary parts of one complex transform of N points
+// (pair_section). Pairs [first, last) of the call, in the given direction.
+template <class F>
+void pairs(const F* k, int order, int taps, const Signal& s, F* y, int64_t outLen, uint8_t* scratch, int64_t first,
+           int64_t last, bool backwards) {
+    const int64_t N = int64_t(1) << order, h = taps - 1, step = N - h;
+    F* buf = reinterpret_cast<F*>(scratch);  // 2N values, then two of N for gathered sections
+    uint8_t* work = scratch + 4 * N * int64_t(sizeof(F));
+    const F* body = static_cast<const F*>(s.body);
+    // A section's N signal values: in place in the body, or gathered.
+    const auto input = [&](int64_t sec, F* tmp) {
+        const int64_t p = sec * step + s.shift - h;
+        if (p >= s.headLen && p + N <= s.headLen + s.bodyLen) return body + (p - s.headLen);
+        gather(s, p, N, tmp);
+        return static_cast<const F*>(tmp);
+    };
+    for (int64_t j = 0; j < last - first; ++j) {
+        const int64_t pr = backwards ? last - 1 - j : first + j;
+        const int64_t n0 = 2 * pr * step, n1 = n0 + step;
+        const bool two = n1 < outLen;
+        const F* a = input(2 * pr, buf + 2 * N);
+        const F* b = two ? input(2 * pr + 1, buf + 3 * N) : nullptr;
+        fftp::pair_section(order, a, b, buf, k, work, y + n0, two ? y + n1 : nullptr, h, std::min(step, outLen - n0),
+                           two ? std::min(step, outLen - n1) : 0);
+    }
+}
+
+template <class F>
+zamStatus run_pairs(const F* h, int taps, const Signal& s, F* y, int64_t outLen, int order, int threads) {
+    const int64_t N = int64_t(1) << order, step = N - taps + 1;
+    const int64_t count = (outLen + step - 1) / step, npairs = (count + 1) / 2;
+    // One block for the call: the kernel's spectrum, then the threads' scratch.
+    const int64_t kBytes = round_up(size_t(2 * N) * sizeof(F), 64);
+    const int64_t stride = round_up(size_t(4 * N * int64_t(sizeof(F)) + fftp::pair_work_bytes<F>(order)), 64);
+    threads = int(std::max<int64_t>(1, std::min<int64_t>(threads, npairs)));
+    const int64_t bytes = kBytes + stride * threads;
+    uint8_t* mem = bytes < INT32_MAX ? zamsMalloc_8u(int(bytes)) : nullptr;
+    if (!mem) return zamStatusNoMemory;
+    F* k = reinterpret_cast<F*>(mem);
+    uint8_t* scratch = mem + kBytes;
+    fftp::pair_kernel<F>(order, h, taps, k, scratch + 4 * N * int64_t(sizeof(F)));
+    const uintptr_t yb = uintptr_t(y), ye = uintptr_t(y + outLen), bb = uintptr_t(s.body);
+    const uintptr_t be = uintptr_t(static_cast<const F*>(s.body) + s.bodyLen);
+    const bool inPlace = yb < be && bb < ye;
+    if (inPlace || threads <= 1) {
+        pairs(k, order, taps, s, y, outLen, scratch, 0, npairs, inPlace);
+    } else {
+#pragma omp parallel num_threads(threads)
+        {
+            const int t = omp_get_thread_num(), n = omp_get_num_threads();
+            pairs(k, order, taps, s, y, outLen, scratch + t * stride, npairs * t / n, npairs * (t + 1) / n, false);
+        }
+    }
+    zamsFree(mem);
+    return zamStatusOk;
+}
+
 template <class D>
 zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typename D::Elem* y, int64_t outLen,
                    int order, int threads) {
     using E = typename D::Elem;
+    if constexpr (std::is_same_v<D, fftp::Real<typename D::Elem>>) {
+        const int64_t step = (int64_t(1) << order) - taps + 1;
+        if (outLen > step && fftp::pair_order<E>(order)) return run_pairs(h, taps, s, y, outLen, order, threads);
+    }
     fftp::Sizes z;
     D fft;
     if (zamStatus st = sizes(fft, order, z)) return st;

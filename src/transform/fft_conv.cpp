@@ -138,10 +138,83 @@ zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t
     return zamStatusOk;
 }
 
+// Two real sections as the real and imaginary parts of one complex
+// transform: the orders whose complex transform is size-compiled code,
+// which reads no table, so it needs no specification.
+template <class F> bool pair_order(int order) {
+    return order >= fft::kSortMinOrder && order <= fft::big_max_order<F>();
+}
+template <class F> int64_t pair_work_bytes(int order) { return (int64_t(2) << order) * int64_t(sizeof(F)) + 64; }
+
+namespace {
+template <class F, bool Inv> void pair_fft(int order, F* buf, uint8_t* work) {
+    const fft::Plan<F> pl{order, nullptr, 0, nullptr, nullptr};
+    fft::cfft_inter<F, Inv>(pl, buf, buf, reinterpret_cast<F*>(align64(work)));
+}
+
+// c[2i] = a[i], c[2i + 1] = b[i] (0 when b is null), i < n.
+template <class F> void interleave(const F* a, const F* b, F* c, int64_t n) {
+    int64_t i = 0;
+    if constexpr (sizeof(F) == 4) {
+        const __m256 z = _mm256_setzero_ps();
+        for (; i + 8 <= n; i += 8) {
+            const __m256 x = _mm256_loadu_ps(a + i), y = b ? _mm256_loadu_ps(b + i) : z;
+            const __m256 lo = _mm256_unpacklo_ps(x, y), hi = _mm256_unpackhi_ps(x, y);
+            _mm256_storeu_ps(c + 2 * i, _mm256_permute2f128_ps(lo, hi, 0x20));
+            _mm256_storeu_ps(c + 2 * i + 8, _mm256_permute2f128_ps(lo, hi, 0x31));
+        }
+    }
+    for (; i < n; ++i) {
+        c[2 * i] = a[i];
+        c[2 * i + 1] = b ? b[i] : F(0);
+    }
+}
+
+// a[i] = c[2 (from + i)] s for i < na, b[i] = c[2 (from + i) + 1] s for i < nb.
+template <class F> void deinterleave(const F* c, int64_t from, F s, F* a, int64_t na, F* b, int64_t nb) {
+    c += 2 * from;
+    int64_t i = 0;
+    if constexpr (sizeof(F) == 4) {
+        const __m256 v = _mm256_set1_ps(s);
+        for (; i + 8 <= std::min(na, nb); i += 8) {
+            const __m256 x0 = _mm256_loadu_ps(c + 2 * i), x1 = _mm256_loadu_ps(c + 2 * i + 8);
+            const __m256 t0 = _mm256_permute2f128_ps(x0, x1, 0x20), t1 = _mm256_permute2f128_ps(x0, x1, 0x31);
+            _mm256_storeu_ps(a + i, _mm256_mul_ps(_mm256_shuffle_ps(t0, t1, 0x88), v));
+            _mm256_storeu_ps(b + i, _mm256_mul_ps(_mm256_shuffle_ps(t0, t1, 0xDD), v));
+        }
+    }
+    for (int64_t j = i; j < na; ++j) a[j] = c[2 * j] * s;
+    for (int64_t j = i; j < nb; ++j) b[j] = c[2 * j + 1] * s;
+}
+}  // namespace
+
+template <class F> void pair_kernel(int order, const F* h, int taps, F* k, uint8_t* work) {
+    const int64_t N = int64_t(1) << order;
+    interleave<F>(h, nullptr, k, taps);
+    std::memset(static_cast<void*>(k + 2 * taps), 0, size_t(2 * (N - taps)) * sizeof(F));
+    pair_fft<F, false>(order, k, work);
+}
+
+template <class F>
+void pair_section(int order, const F* a, const F* b, F* buf, const F* k, uint8_t* work, F* outA, F* outB,
+                  int64_t from, int64_t countA, int64_t countB) {
+    using T = fft::VT<F>;
+    const int64_t N = int64_t(1) << order;
+    interleave(a, b, buf, N);
+    pair_fft<F, false>(order, buf, work);
+    for (int64_t i = 0; i < 2 * N; i += 2 * T::W) T::store(buf + i, cmul_pairs<F>(T::load(buf + i), T::load(k + i)));
+    pair_fft<F, true>(order, buf, work);
+    deinterleave(buf, from, F(1) / F(N), outA, countA, outB, b ? countB : 0);
+}
+
 #define ZAMS_FFT_CONV(F)                                                                          \
     template zamStatus conv_sizes<F>(int, Sizes&);                                                \
     template zamStatus conv_build<F>(int, uint8_t*, uint8_t*, Real<F>&);                          \
-    template zamStatus conv_section<F>(const Real<F>&, const F*, F*, const F*, uint8_t*, F*, int64_t, int64_t);
+    template zamStatus conv_section<F>(const Real<F>&, const F*, F*, const F*, uint8_t*, F*, int64_t, int64_t); \
+    template bool pair_order<F>(int);                                                             \
+    template int64_t pair_work_bytes<F>(int);                                                     \
+    template void pair_kernel<F>(int, const F*, int, F*, uint8_t*);                               \
+    template void pair_section<F>(int, const F*, const F*, F*, const F*, uint8_t*, F*, F*, int64_t, int64_t, int64_t);
 ZAMS_FFT_CONV(float)
 ZAMS_FFT_CONV(double)
 
