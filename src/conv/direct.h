@@ -10,6 +10,7 @@
 #include <immintrin.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -96,6 +97,8 @@ inline constexpr int kVecs = 2;
 #else
 inline constexpr int kVecs = 1;
 #endif
+// Vectors a step of real data: two on both targets (i386 by dot_many_pairs).
+inline constexpr int kRealVecs = 2;
 
 // Four taps a[0..3] into the partials p[0..3] of the outputs at b: added,
 // or the first of each partial (First) stored.
@@ -160,6 +163,63 @@ template <class B> inline void dot_many_d(const double* a, int64_t n, const B* b
     }
 }
 
+// The same sums as dot_many_d, 4 V outputs a step, for eight vector
+// registers: the partials by term position mod 8 run as four pairs (l,
+// l + 4), each pair to its end and joined (q_l = p_l + p_{l+4}) before the
+// next starts, so only the two partials of a pair are live, each tap
+// broadcast once to the V vectors; (q_0 + q_1) + (q_2 + q_3) as there.
+template <int V, class B> inline void dot_many_pairs(const double* a, int64_t len, const B* b, B* out, int64_t cnt) {
+    // Indices in the pointer's width (lengths are those of int arguments).
+    const std::ptrdiff_t n = std::ptrdiff_t(len), count = std::ptrdiff_t(cnt), step = 4 * V;
+    const std::ptrdiff_t n8 = n & ~std::ptrdiff_t(7), n4 = n & ~std::ptrdiff_t(3);
+    const __m256d zero = _mm256_setzero_pd();
+    for (std::ptrdiff_t i = 0; i + step <= count; i += step) {
+        const B* bi = b + i;
+        __m256d s01[V], s23[V];
+        #pragma GCC unroll 4
+        for (int l = 0; l < 4; ++l) {
+            __m256d p[V], q[V];
+            // p_l: terms l, l + 8, ... below n4; p_{l+4}: terms l + 4, l + 12, ... below n8
+            const __m256d t0 = _mm256_broadcast_sd(a + l), t4 = _mm256_broadcast_sd(a + l + 4);
+            #pragma GCC unroll 8
+            for (int v = 0; v < V; ++v) {
+                p[v] = n4 > 0 ? _mm256_mul_pd(t0, load4(bi + l + 4 * v)) : zero;
+                q[v] = n8 > 0 ? _mm256_mul_pd(t4, load4(bi + l + 4 + 4 * v)) : zero;
+            }
+            for (std::ptrdiff_t j = l + 8; j < n8; j += 8) {
+                const __m256d u0 = _mm256_broadcast_sd(a + j), u4 = _mm256_broadcast_sd(a + j + 4);
+                #pragma GCC unroll 8
+                for (int v = 0; v < V; ++v) {
+                    p[v] = _mm256_add_pd(p[v], _mm256_mul_pd(u0, load4(bi + j + 4 * v)));
+                    q[v] = _mm256_add_pd(q[v], _mm256_mul_pd(u4, load4(bi + j + 4 + 4 * v)));
+                }
+            }
+            if (n4 > n8 && n8 > 0) {
+                const __m256d u0 = _mm256_broadcast_sd(a + n8 + l);
+                #pragma GCC unroll 8
+                for (int v = 0; v < V; ++v) p[v] = _mm256_add_pd(p[v], _mm256_mul_pd(u0, load4(bi + n8 + l + 4 * v)));
+            }
+            #pragma GCC unroll 8
+            for (int v = 0; v < V; ++v) {
+                const __m256d ql = _mm256_add_pd(p[v], q[v]);
+                if (l == 0) s01[v] = ql;
+                else if (l == 1) s01[v] = _mm256_add_pd(s01[v], ql);
+                else if (l == 2) s23[v] = ql;
+                else s23[v] = _mm256_add_pd(s23[v], ql);
+            }
+        }
+        #pragma GCC unroll 8
+        for (int v = 0; v < V; ++v) {
+            __m256d s = _mm256_add_pd(s01[v], s23[v]);
+            for (std::ptrdiff_t j = n4; j < n; ++j)
+                s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), load4(bi + j + 4 * v)));
+            s = _mm256_add_pd(s, zero);
+            if constexpr (std::is_same_v<B, float>) _mm_storeu_ps(out + i + 4 * v, _mm256_cvtpd_ps(s));
+            else _mm256_storeu_pd(out + i + 4 * v, s);
+        }
+    }
+}
+
 // Complex data: outRe[i] + i outIm[i] = lag_sum(a, b + i, n) for i < count,
 // its four sums in sequence from +0 as there, the outputs in the lanes. a
 // holds the taps as double pairs (re, im); re and im the parts of the
@@ -203,10 +263,11 @@ template <class B> inline constexpr int kParts = is_complex_v<B> ? 2 : 1;
 
 template <class B>
 inline void dot_many(const double* a, int64_t n, const B* b, B* out, int64_t count, double* scratch) {
-    constexpr int64_t step = 4 * kVecs;
+    constexpr int64_t step = is_complex_v<B> ? 4 * kVecs : 4 * kRealVecs;
     const int64_t whole = count - count % step;
     if constexpr (!is_complex_v<B>) {
-        dot_many_d(a, n, b, out, whole);
+        if constexpr (kVecs == kRealVecs) dot_many_d(a, n, b, out, whole);
+        else dot_many_pairs<kRealVecs>(a, n, b, out, whole);
     } else {
         double* x = scratch;                   // 2 runs of kChunk + n - 1
         double* y = scratch + 2 * (kChunk + n - 1);  // 2 runs of kChunk
