@@ -97,8 +97,11 @@ inline constexpr int kVecs = 2;
 #else
 inline constexpr int kVecs = 1;
 #endif
-// Vectors a step of real data: two on both targets (i386 by dot_many_pairs).
+// i386, real data: dot_many_pairs takes kernels up to 128 taps, eight
+// outputs a step; longer ones, whose four chains of additions bound both
+// kernels, run dot_many_d (measured).
 inline constexpr int kRealVecs = 2;
+inline constexpr bool pairs_for(int64_t n) { return kVecs < kRealVecs && n <= 128; }
 
 // Four taps a[0..3] into the partials p[0..3] of the outputs at b: added,
 // or the first of each partial (First) stored.
@@ -136,25 +139,26 @@ template <class B> inline void start4(bool any, const double* a, const B* b, __m
 // only while every term so far is zero, so they can differ only in a sum
 // that is zero, which the final + 0 makes +0 in every rounding mode where
 // dot_real's is (and leaves -0 where dot_real's is -0).
-template <class B> inline void dot_many_d(const double* a, int64_t n, const B* b, B* out, int64_t count) {
-    constexpr int64_t step = 4 * kVecs;
-    const int64_t n8 = n & ~int64_t(7), n4 = n & ~int64_t(3);
+template <class B> inline void dot_many_d(const double* a, int64_t len, const B* b, B* out, int64_t cnt) {
+    // Indices in the pointer's width (lengths are those of int arguments).
+    const std::ptrdiff_t n = std::ptrdiff_t(len), count = std::ptrdiff_t(cnt), step = 4 * kVecs;
+    const std::ptrdiff_t n8 = n & ~std::ptrdiff_t(7), n4 = n & ~std::ptrdiff_t(3);
     const __m256d zero = _mm256_setzero_pd();
-    for (int64_t i = 0; i + step <= count; i += step) {
+    for (std::ptrdiff_t i = 0; i + step <= count; i += step) {
         const B* bi = b + i;
         __m256d lo[4][kVecs], hi[4][kVecs];
         start4(n4 > 0, a, bi, lo);
-        for (int64_t j = 8; j < n8; j += 8) taps4<false>(a + j, bi + j, lo);
+        for (std::ptrdiff_t j = 8; j < n8; j += 8) taps4<false>(a + j, bi + j, lo);
         if (n4 > n8 && n8 > 0) taps4<false>(a + n8, bi + n8, lo);
         start4(n8 > 0, a + 4, bi + 4, hi);
-        for (int64_t j = 12; j < n8; j += 8) taps4<false>(a + j, bi + j, hi);
+        for (std::ptrdiff_t j = 12; j < n8; j += 8) taps4<false>(a + j, bi + j, hi);
         #pragma GCC unroll 8
         for (int v = 0; v < kVecs; ++v) {
             __m256d q[4];
             #pragma GCC unroll 8
             for (int r = 0; r < 4; ++r) q[r] = _mm256_add_pd(lo[r][v], hi[r][v]);
             __m256d s = _mm256_add_pd(_mm256_add_pd(q[0], q[1]), _mm256_add_pd(q[2], q[3]));
-            for (int64_t j = n4; j < n; ++j)
+            for (std::ptrdiff_t j = n4; j < n; ++j)
                 s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), load4(bi + j + 4 * v)));
             s = _mm256_add_pd(s, zero);
             if constexpr (std::is_same_v<B, float>) _mm_storeu_ps(out + i + 4 * v, _mm256_cvtpd_ps(s));
@@ -263,11 +267,11 @@ template <class B> inline constexpr int kParts = is_complex_v<B> ? 2 : 1;
 
 template <class B>
 inline void dot_many(const double* a, int64_t n, const B* b, B* out, int64_t count, double* scratch) {
-    constexpr int64_t step = is_complex_v<B> ? 4 * kVecs : 4 * kRealVecs;
+    const int64_t step = is_complex_v<B> || !pairs_for(n) ? 4 * kVecs : 4 * kRealVecs;
     const int64_t whole = count - count % step;
     if constexpr (!is_complex_v<B>) {
-        if constexpr (kVecs == kRealVecs) dot_many_d(a, n, b, out, whole);
-        else dot_many_pairs<kRealVecs>(a, n, b, out, whole);
+        if (pairs_for(n)) dot_many_pairs<kRealVecs>(a, n, b, out, whole);
+        else dot_many_d(a, n, b, out, whole);
     } else {
         double* x = scratch;                   // 2 runs of kChunk + n - 1
         double* y = scratch + 2 * (kChunk + n - 1);  // 2 runs of kChunk

@@ -139,10 +139,12 @@ zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t
 }
 
 // Two real sections as the real and imaginary parts of one complex
-// transform: the orders whose complex transform is size-compiled code,
-// which reads no table, so it needs no specification.
+// transform: the orders of the self-sorting transforms, which read no table
+// (so no specification is built). Above them (the split transforms) two
+// real transforms of half the order and their recombination took less time
+// (256 Ki x 1024 taps: 1.06 of it, x86-64).
 template <class F> bool pair_order(int order) {
-    return order >= fft::kSortMinOrder && order <= fft::big_max_order<F>();
+    return order >= fft::kSortMinOrder && order <= fft::sort_max_order<F>();
 }
 template <class F> int64_t pair_work_bytes(int order) { return (int64_t(2) << order) * int64_t(sizeof(F)) + 64; }
 
