@@ -172,7 +172,7 @@ template <class B> inline void dot_many_d(const double* a, int64_t len, const B*
 // l + 4), each pair to its end and joined (q_l = p_l + p_{l+4}) before the
 // next starts, so only the two partials of a pair are live, each tap
 // broadcast once to the V vectors; (q_0 + q_1) + (q_2 + q_3) as there.
-template <int V, class B> inline void dot_many_pairs(const double* a, int64_t len, const B* b, B* out, int64_t cnt) {
+template <int V, class B, class O> inline void dot_many_pairs(const double* a, int64_t len, const B* b, O* out, int64_t cnt) {
     // Indices in the pointer's width (lengths are those of int arguments).
     const std::ptrdiff_t n = std::ptrdiff_t(len), count = std::ptrdiff_t(cnt), step = 4 * V;
     const std::ptrdiff_t n8 = n & ~std::ptrdiff_t(7), n4 = n & ~std::ptrdiff_t(3);
@@ -218,7 +218,7 @@ template <int V, class B> inline void dot_many_pairs(const double* a, int64_t le
             for (std::ptrdiff_t j = n4; j < n; ++j)
                 s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), load4(bi + j + 4 * v)));
             s = _mm256_add_pd(s, zero);
-            if constexpr (std::is_same_v<B, float>) _mm_storeu_ps(out + i + 4 * v, _mm256_cvtpd_ps(s));
+            if constexpr (std::is_same_v<O, float>) _mm_storeu_ps(out + i + 4 * v, _mm256_cvtpd_ps(s));
             else _mm256_storeu_pd(out + i + 4 * v, s);
         }
     }
@@ -270,8 +270,23 @@ inline void dot_many(const double* a, int64_t n, const B* b, B* out, int64_t cou
     const int64_t step = is_complex_v<B> || !pairs_for(n) ? 4 * kVecs : 4 * kRealVecs;
     const int64_t whole = count - count % step;
     if constexpr (!is_complex_v<B>) {
-        if (pairs_for(n)) dot_many_pairs<kRealVecs>(a, n, b, out, whole);
-        else dot_many_d(a, n, b, out, whole);
+        if (!pairs_for(n)) {
+            dot_many_d(a, n, b, out, whole);
+        } else if (std::is_same_v<B, float> && n >= 32) {
+            // Float data from 32 taps converted to double a chunk at a time
+            // (exactly), so that the kernel's loads are plain (shorter
+            // kernels convert as they load: faster there, measured).
+            alignas(32) double x[kChunk + 128 + 7];
+            for (int64_t i = 0; i < whole; i += kChunk) {
+                const int64_t c = std::min(kChunk, whole - i), len = c + n - 1;
+                int64_t k = 0;
+                for (; k + 4 <= len; k += 4) _mm256_store_pd(x + k, load4(b + i + k));
+                for (; k < len; ++k) x[k] = double(b[i + k]);
+                dot_many_pairs<kRealVecs>(a, n, static_cast<const double*>(x), out + i, c);
+            }
+        } else {
+            dot_many_pairs<kRealVecs>(a, n, b, out, whole);
+        }
     } else {
         double* x = scratch;                   // 2 runs of kChunk + n - 1
         double* y = scratch + 2 * (kChunk + n - 1);  // 2 runs of kChunk
