@@ -100,9 +100,10 @@ zamStatus sections(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int
 }  // namespace
 
 int section_order(int64_t taps, int64_t outputs) {
-    // Building a specification costs about kBuild N of the units in which
-    // a transform costs N (m + 1) (the twiddle tables, one octant evaluated
-    // and the rest placed by symmetry; measured on x86-64 and i386).
+    // The call's set-up (a specification of the recombination factors, or
+    // none for pairs of sections; the kernel's buffers) is charged kBuild N
+    // in the units in which a transform costs N (m + 1); 5 keeps the orders
+    // the calls had before the set-up got cheaper.
     constexpr double kBuild = 5;
     const int lo = order_at_least(taps) + 1;
     // No longer than one section holding every output needs.

@@ -40,9 +40,10 @@ inline __m256d load4(const double* p) { return _mm256_loadu_pd(p); }
 // partial sums by i mod 8, each added in sequence; the partials combine as
 // q_l = p_l + p_{l+4} (l < 4), then (q_0 + q_1) + (q_2 + q_3); the last
 // n mod 4 terms are added to that in sequence.
-template <class A, class B> inline double dot_real(const A* a, const B* b, int64_t n) {
+template <class A, class B> inline double dot_real(const A* a, const B* b, int64_t len) {
+    const std::ptrdiff_t n = std::ptrdiff_t(len);  // the pointer's width (lengths of int arguments)
     __m256d s0 = _mm256_setzero_pd(), s1 = s0;
-    int64_t i = 0;
+    std::ptrdiff_t i = 0;
     for (; i + 8 <= n; i += 8) {
         s0 = _mm256_add_pd(s0, _mm256_mul_pd(load4(a + i), load4(b + i)));
         s1 = _mm256_add_pd(s1, _mm256_mul_pd(load4(a + i + 4), load4(b + i + 4)));
