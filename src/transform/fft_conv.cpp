@@ -70,7 +70,6 @@ template <class F> zamStatus conv_build(int order, uint8_t* mem, uint8_t* tmp, R
     return zamStatusOk;
 }
 
-
 template <class F>
 zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t* work, F* out, int64_t from,
                        int64_t count) {
