@@ -147,5 +147,41 @@ struct Complex : Plan<typename Fns<F>::CSpec, Fns<F>::csize, Fns<F>::cinit, Fns<
     static void mul(const Elem* k, Elem* d, int n) { X::cmul(k, d, n); }
 };
 
+// Convolution by sections on the real transform (src/transform/fft_conv.cpp).
+// conv_sizes and conv_build: a real specification of `order` with the
+// inverse scaled by 1/N (flag 2) that holds only the tables its transforms
+// read (at the orders whose transforms are size-compiled code; the ordinary
+// build elsewhere). It serves every call of Real<F> and conv_section, and is
+// released with the memory it lies in (tmp: sizes().init bytes, or null
+// when 0).
+template <class F> zamStatus conv_sizes(int order, Sizes& s);
+template <class F> zamStatus conv_build(int order, uint8_t* mem, uint8_t* tmp, Real<F>& out);
+// One section: y = the inverse transform of (the transform of x times k),
+// k a Perm spectrum of N values, x N reals (x may be buf), computed in buf
+// (N values); out[0 .. count) = y[from .. from + count) (out may be buf +
+// from, or lie apart from buf). The same bits as fwd_perm, the Perm product
+// and inv_perm one after another, in one pass over the spectrum instead of
+// three, the inverse's scale applied as the values go out. w: the plan's
+// work buffer.
+template <class F>
+zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t* w, F* out, int64_t from,
+                       int64_t count);
+
+// Two real sections at once (src/transform/fft_conv.cpp), for one-call
+// convolutions of several sections: a and b (N reals each; b null for
+// zeros) as the real and imaginary parts of one complex transform of
+// N = 2^order points, times the kernel's complex spectrum k (N complex
+// values, interleaved, from pair_kernel), transformed back: the real part is
+// a's convolution with the kernel, the imaginary part b's. At the orders of
+// pair_order only, whose transforms read no table (so no specification);
+// work: pair_work_bytes. buf: 2N values. outA[i] = result a at from + i for
+// i < countA, outB likewise (the 1/N applied).
+template <class F> bool pair_order(int order);
+template <class F> int64_t pair_work_bytes(int order);
+template <class F> void pair_kernel(int order, const F* h, int taps, F* k, uint8_t* work);
+template <class F>
+void pair_section(int order, const F* a, const F* b, F* buf, const F* k, uint8_t* work, F* outA, F* outB,
+                  int64_t from, int64_t countA, int64_t countB);
+
 }  // namespace zams::fftp
 #pragma GCC visibility pop

@@ -10,6 +10,7 @@
 #include <immintrin.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -39,9 +40,10 @@ inline __m256d load4(const double* p) { return _mm256_loadu_pd(p); }
 // partial sums by i mod 8, each added in sequence; the partials combine as
 // q_l = p_l + p_{l+4} (l < 4), then (q_0 + q_1) + (q_2 + q_3); the last
 // n mod 4 terms are added to that in sequence.
-template <class A, class B> inline double dot_real(const A* a, const B* b, int64_t n) {
+template <class A, class B> inline double dot_real(const A* a, const B* b, int64_t len) {
+    const std::ptrdiff_t n = std::ptrdiff_t(len);  // the pointer's width (lengths of int arguments)
     __m256d s0 = _mm256_setzero_pd(), s1 = s0;
-    int64_t i = 0;
+    std::ptrdiff_t i = 0;
     for (; i + 8 <= n; i += 8) {
         s0 = _mm256_add_pd(s0, _mm256_mul_pd(load4(a + i), load4(b + i)));
         s1 = _mm256_add_pd(s1, _mm256_mul_pd(load4(a + i + 4), load4(b + i + 4)));
@@ -96,6 +98,11 @@ inline constexpr int kVecs = 2;
 #else
 inline constexpr int kVecs = 1;
 #endif
+// i386, real data: dot_many_pairs takes kernels up to 128 taps, eight
+// outputs a step; longer ones, whose four chains of additions bound both
+// kernels, run dot_many_d (measured).
+inline constexpr int kRealVecs = 2;
+inline constexpr bool pairs_for(int64_t n) { return kVecs < kRealVecs && n <= 128; }
 
 // Four taps a[0..3] into the partials p[0..3] of the outputs at b: added,
 // or the first of each partial (First) stored.
@@ -133,28 +140,86 @@ template <class B> inline void start4(bool any, const double* a, const B* b, __m
 // only while every term so far is zero, so they can differ only in a sum
 // that is zero, which the final + 0 makes +0 in every rounding mode where
 // dot_real's is (and leaves -0 where dot_real's is -0).
-template <class B> inline void dot_many_d(const double* a, int64_t n, const B* b, B* out, int64_t count) {
-    constexpr int64_t step = 4 * kVecs;
-    const int64_t n8 = n & ~int64_t(7), n4 = n & ~int64_t(3);
+template <class B> inline void dot_many_d(const double* a, int64_t len, const B* b, B* out, int64_t cnt) {
+    // Indices in the pointer's width (lengths are those of int arguments).
+    const std::ptrdiff_t n = std::ptrdiff_t(len), count = std::ptrdiff_t(cnt), step = 4 * kVecs;
+    const std::ptrdiff_t n8 = n & ~std::ptrdiff_t(7), n4 = n & ~std::ptrdiff_t(3);
     const __m256d zero = _mm256_setzero_pd();
-    for (int64_t i = 0; i + step <= count; i += step) {
+    for (std::ptrdiff_t i = 0; i + step <= count; i += step) {
         const B* bi = b + i;
         __m256d lo[4][kVecs], hi[4][kVecs];
         start4(n4 > 0, a, bi, lo);
-        for (int64_t j = 8; j < n8; j += 8) taps4<false>(a + j, bi + j, lo);
+        for (std::ptrdiff_t j = 8; j < n8; j += 8) taps4<false>(a + j, bi + j, lo);
         if (n4 > n8 && n8 > 0) taps4<false>(a + n8, bi + n8, lo);
         start4(n8 > 0, a + 4, bi + 4, hi);
-        for (int64_t j = 12; j < n8; j += 8) taps4<false>(a + j, bi + j, hi);
+        for (std::ptrdiff_t j = 12; j < n8; j += 8) taps4<false>(a + j, bi + j, hi);
         #pragma GCC unroll 8
         for (int v = 0; v < kVecs; ++v) {
             __m256d q[4];
             #pragma GCC unroll 8
             for (int r = 0; r < 4; ++r) q[r] = _mm256_add_pd(lo[r][v], hi[r][v]);
             __m256d s = _mm256_add_pd(_mm256_add_pd(q[0], q[1]), _mm256_add_pd(q[2], q[3]));
-            for (int64_t j = n4; j < n; ++j)
+            for (std::ptrdiff_t j = n4; j < n; ++j)
                 s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), load4(bi + j + 4 * v)));
             s = _mm256_add_pd(s, zero);
             if constexpr (std::is_same_v<B, float>) _mm_storeu_ps(out + i + 4 * v, _mm256_cvtpd_ps(s));
+            else _mm256_storeu_pd(out + i + 4 * v, s);
+        }
+    }
+}
+
+// The same sums as dot_many_d, 4 V outputs a step, for eight vector
+// registers: the partials by term position mod 8 run as four pairs (l,
+// l + 4), each pair to its end and joined (q_l = p_l + p_{l+4}) before the
+// next starts, so only the two partials of a pair are live, each tap
+// broadcast once to the V vectors; (q_0 + q_1) + (q_2 + q_3) as there.
+template <int V, class B, class O> inline void dot_many_pairs(const double* a, int64_t len, const B* b, O* out, int64_t cnt) {
+    // Indices in the pointer's width (lengths are those of int arguments).
+    const std::ptrdiff_t n = std::ptrdiff_t(len), count = std::ptrdiff_t(cnt), step = 4 * V;
+    const std::ptrdiff_t n8 = n & ~std::ptrdiff_t(7), n4 = n & ~std::ptrdiff_t(3);
+    const __m256d zero = _mm256_setzero_pd();
+    for (std::ptrdiff_t i = 0; i + step <= count; i += step) {
+        const B* bi = b + i;
+        __m256d s01[V], s23[V];
+        #pragma GCC unroll 4
+        for (int l = 0; l < 4; ++l) {
+            __m256d p[V], q[V];
+            // p_l: terms l, l + 8, ... below n4; p_{l+4}: terms l + 4, l + 12, ... below n8
+            const __m256d t0 = _mm256_broadcast_sd(a + l), t4 = _mm256_broadcast_sd(a + l + 4);
+            #pragma GCC unroll 8
+            for (int v = 0; v < V; ++v) {
+                p[v] = n4 > 0 ? _mm256_mul_pd(t0, load4(bi + l + 4 * v)) : zero;
+                q[v] = n8 > 0 ? _mm256_mul_pd(t4, load4(bi + l + 4 + 4 * v)) : zero;
+            }
+            for (std::ptrdiff_t j = l + 8; j < n8; j += 8) {
+                const __m256d u0 = _mm256_broadcast_sd(a + j), u4 = _mm256_broadcast_sd(a + j + 4);
+                #pragma GCC unroll 8
+                for (int v = 0; v < V; ++v) {
+                    p[v] = _mm256_add_pd(p[v], _mm256_mul_pd(u0, load4(bi + j + 4 * v)));
+                    q[v] = _mm256_add_pd(q[v], _mm256_mul_pd(u4, load4(bi + j + 4 + 4 * v)));
+                }
+            }
+            if (n4 > n8 && n8 > 0) {
+                const __m256d u0 = _mm256_broadcast_sd(a + n8 + l);
+                #pragma GCC unroll 8
+                for (int v = 0; v < V; ++v) p[v] = _mm256_add_pd(p[v], _mm256_mul_pd(u0, load4(bi + n8 + l + 4 * v)));
+            }
+            #pragma GCC unroll 8
+            for (int v = 0; v < V; ++v) {
+                const __m256d ql = _mm256_add_pd(p[v], q[v]);
+                if (l == 0) s01[v] = ql;
+                else if (l == 1) s01[v] = _mm256_add_pd(s01[v], ql);
+                else if (l == 2) s23[v] = ql;
+                else s23[v] = _mm256_add_pd(s23[v], ql);
+            }
+        }
+        #pragma GCC unroll 8
+        for (int v = 0; v < V; ++v) {
+            __m256d s = _mm256_add_pd(s01[v], s23[v]);
+            for (std::ptrdiff_t j = n4; j < n; ++j)
+                s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), load4(bi + j + 4 * v)));
+            s = _mm256_add_pd(s, zero);
+            if constexpr (std::is_same_v<O, float>) _mm_storeu_ps(out + i + 4 * v, _mm256_cvtpd_ps(s));
             else _mm256_storeu_pd(out + i + 4 * v, s);
         }
     }
@@ -203,10 +268,26 @@ template <class B> inline constexpr int kParts = is_complex_v<B> ? 2 : 1;
 
 template <class B>
 inline void dot_many(const double* a, int64_t n, const B* b, B* out, int64_t count, double* scratch) {
-    constexpr int64_t step = 4 * kVecs;
+    const int64_t step = is_complex_v<B> || !pairs_for(n) ? 4 * kVecs : 4 * kRealVecs;
     const int64_t whole = count - count % step;
     if constexpr (!is_complex_v<B>) {
-        dot_many_d(a, n, b, out, whole);
+        if (!pairs_for(n)) {
+            dot_many_d(a, n, b, out, whole);
+        } else if (std::is_same_v<B, float> && n >= 32) {
+            // Float data from 32 taps converted to double a chunk at a time
+            // (exactly), so that the kernel's loads are plain (shorter
+            // kernels convert as they load: faster there, measured).
+            alignas(32) double x[kChunk + 128 + 7];
+            for (int64_t i = 0; i < whole; i += kChunk) {
+                const int64_t c = std::min(kChunk, whole - i), len = c + n - 1;
+                int64_t k = 0;
+                for (; k + 4 <= len; k += 4) _mm256_store_pd(x + k, load4(b + i + k));
+                for (; k < len; ++k) x[k] = double(b[i + k]);
+                dot_many_pairs<kRealVecs>(a, n, static_cast<const double*>(x), out + i, c);
+            }
+        } else {
+            dot_many_pairs<kRealVecs>(a, n, b, out, whole);
+        }
     } else {
         double* x = scratch;                   // 2 runs of kChunk + n - 1
         double* y = scratch + 2 * (kChunk + n - 1);  // 2 runs of kChunk

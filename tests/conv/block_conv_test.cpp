@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common/blockconv.h"
+#include "common/spec.h"
 #include "harness.h"
 
 namespace {
@@ -90,7 +91,8 @@ TYPED_TEST(BlockConv, MatchesDirectSumWithHistoryAndShifts) {
     // past either end of the signal.
     const Case cases[] = {{1, 0, 37, 37, 0},        {3, 2, 100, 100, 2},      {64, 63, 1000, 1000, 63},
                           {100, 99, 5000, 5000, 99}, {65, 0, 300, 364, 0},     {257, 0, 2000, 2256, 0},
-                          {40, 0, 500, 700, -150},   {33, 10, 200, 180, 120},  {128, 127, 129, 129, 127}};
+                          {40, 0, 500, 700, -150},   {33, 10, 200, 180, 120},  {128, 127, 129, 129, 127},
+                          {64, 0, 450, 513, 0}};  // three sections: a pair and one alone
     std::mt19937 g(7);
     for (const Case& c : cases) {
         const auto h = random_vec<D>(size_t(c.taps), g), head = random_vec<D>(size_t(c.head), g),
@@ -114,7 +116,7 @@ TYPED_TEST(BlockConv, ThreadsAndInPlaceGiveTheSameBits) {
     using D = TypeParam;
     using E = Elem<D>;
     std::mt19937 g(11);
-    const int taps = 80, len = 6000;
+    const int taps = 80, len = 5900;  // 31 sections: pairs split over threads, the last one alone
     const auto h = random_vec<D>(taps, g), head = random_vec<D>(taps - 1, g), body = random_vec<D>(len, g);
     const conv::Signal s{head.data(), taps - 1, body.data(), len, taps - 1};
     const int order = 8;  // many short sections
@@ -158,6 +160,49 @@ TYPED_TEST(BlockConv, CyclicConvolutionOfOnePeriod) {
         EXPECT_LE(worst, 8 * unit<D>() * (order + 1) * scale) << "order " << order;
         EXPECT_EQ(fft.release(), zamStatusOk);
     }
+}
+
+// A section in one pass over the spectrum, on the specification that holds
+// only the recombination factors, against the three steps on the ordinary
+// specification: the same bits at every order, out of place and in place.
+template <class F> void section_matches_three_steps(int maxOrder) {
+    using R = fftp::Real<F>;
+    std::mt19937 g(3);
+    for (int order = 1; order <= maxOrder; ++order) {
+        const size_t n = size_t(1) << order;
+        R full, lean;
+        ASSERT_EQ(R::alloc(order, zamFftScaleInverse, full), zamStatusOk);
+        fftp::Sizes z;
+        ASSERT_EQ(fftp::conv_sizes<F>(order, z), zamStatusOk);
+        std::vector<uint8_t> mem(size_t(z.spec) + 64), tmp(size_t(z.init) + 64);
+        ASSERT_EQ(fftp::conv_build<F>(order, align_up(mem.data(), 64), z.init ? tmp.data() : nullptr, lean),
+                  zamStatusOk);
+        std::vector<uint8_t> work(size_t(std::max(full.work_bytes(), lean.work_bytes())) + 64);
+        const auto h = random_vec<R>(n / 2, g);
+        std::vector<F> k(n), x = random_vec<R>(n, g), want(n), got(n);
+        std::copy(h.begin(), h.end(), k.begin());
+        ASSERT_EQ(full.fwd_perm(k.data(), k.data(), work.data()), zamStatusOk);
+        ASSERT_EQ(full.fwd_perm(x.data(), want.data(), work.data()), zamStatusOk);
+        R::mul_perm(k.data(), want.data(), int(n));
+        ASSERT_EQ(full.inv_perm(want.data(), want.data(), work.data()), zamStatusOk);
+        // The whole result in place, then a window of it out of place.
+        got = x;
+        ASSERT_EQ(fftp::conv_section(lean, got.data(), got.data(), k.data(), work.data(), got.data(), 0, int64_t(n)),
+                  zamStatusOk);
+        EXPECT_EQ(0, std::memcmp(want.data(), got.data(), n * sizeof(F))) << "order " << order << " in place";
+        const int64_t from = int64_t(n / 4), count = int64_t(n - n / 4);
+        std::vector<F> buf(n), out(n + 1, F(7));
+        ASSERT_EQ(fftp::conv_section(lean, x.data(), buf.data(), k.data(), work.data(), out.data(), from, count),
+                  zamStatusOk);
+        EXPECT_EQ(0, std::memcmp(want.data() + from, out.data(), size_t(count) * sizeof(F))) << "order " << order;
+        EXPECT_EQ(out[size_t(count)], F(7)) << "order " << order;  // nothing past the window
+        EXPECT_EQ(full.release(), zamStatusOk);
+    }
+}
+
+TEST(BlockConvSection, OnePassEqualsThreeSteps) {
+    section_matches_three_steps<float>(18);
+    section_matches_three_steps<double>(16);
 }
 
 TEST(BlockConvOrder, SectionsHoldTheKernelAndNoMoreThanTheCallNeeds) {

@@ -224,7 +224,7 @@ template <class T> T negative_zero() {
 template <class T> void direct_sums_have_one_order() {
     constexpr int lb = 300;
     for (const bool zeros : {false, true}) {
-        for (int la : {1, 3, 4, 5, 8, 10, 14, 15, 16, 21, 63}) {
+        for (int la : {1, 3, 4, 5, 8, 10, 14, 15, 16, 21, 36, 63, 130}) {
             auto a = rand_vec<T>(la, 23 + la), b = rand_vec<T>(lb, 29);
             if (zeros) {
                 for (T& v : a) v = positive(v);
