@@ -99,10 +99,11 @@ zamStatus run(const Kernel<D>& k, const Signal& s, typename D::Elem* y, int64_t 
 // plan's work buffer (fft.work_bytes() bytes, or null when that is 0).
 template <class D> zamStatus cyclic(const Kernel<D>& k, typename D::Elem* buf, uint8_t* work);
 
-// One call's worth: the FFT specification, the kernel and the scratch in
-// one block from zamsMalloc_8u, run, released on every path: nothing
-// outlives the call. For the stateless families (convolution,
-// correlation). -9 when memory cannot be had.
+// One call's worth: the kernel's spectrum and the scratch (and, where the
+// sections do not run two at a time on one complex transform, the FFT
+// specification) in one block from zamsMalloc_8u, run, released on every
+// path: nothing outlives the call. For the stateless families
+// (convolution, correlation). -9 when memory cannot be had.
 template <class D>
 zamStatus run_once(const typename D::Elem* h, int taps, const Signal& s, typename D::Elem* y, int64_t outLen,
                    int order, int threads);
