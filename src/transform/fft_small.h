@@ -238,4 +238,3 @@ template <int P, class F, class Pass> void later_passes(F* x, F* dst, F* work, P
 }  // namespace zams::fft
 
 #include "fft_sort.h"
-#include "fft_split.h"

@@ -1,4 +1,4 @@
-// Complex transforms of float orders 7 to 12 and double orders 7 to 13:
+// Complex transforms of float orders 7 to 16 and double orders 7 to 15:
 // self-sorting passes of radix 4, 8 or 16, natural order in and out, no bit
 // reversal. Double precision runs them by decimation in frequency, float by
 // decimation in time.
@@ -75,26 +75,28 @@ inline void store_transposed(float* y, int ys, const __m256* v) {
 }
 
 inline constexpr int kSortMinOrder = 7;
-template <class F> constexpr int sort_max_order() { return sizeof(F) == 4 ? 12 : 13; }
+template <class F> constexpr int sort_max_order() { return sizeof(F) == 4 ? 16 : 15; }
 
-// Radices of the passes of each order, first pass first (0 ends a list):
-// the fastest of the splits timed on both targets (on i386 they took
-// 10-30% less time than the planar passes they replaced, on x86-64 about
-// the same). The precisions differ at order 7 only, sort_radix.
-inline constexpr int kSortRadix[14][4] = {
+// Radices of the passes of each order, float then double, first pass
+// first (0 ends a list): the fastest of the splits timed on both targets.
+// From order 13 the points of a pass lie 8 KB or more apart, and radix-16
+// and radix-32 passes in the middle with radix 8 at the ends (double 15:
+// radix 16 and 32 first) beat a radix-8 pass in front of shorter transforms
+// by 20-25% (the radix-4 network at double order 15 by 10%).
+inline constexpr int kSortRadix[17][2][4] = {
     {}, {}, {}, {}, {}, {}, {},
-    {4, 4, 8},       // 7 (double)
-    {8, 4, 8},       // 8
-    {8, 4, 16},      // 9
-    {8, 8, 16},      // 10
-    {8, 8, 8, 4},    // 11
-    {8, 8, 8, 8},    // 12
-    {16, 8, 8, 8},   // 13 (double)
+    {{8, 4, 4}, {4, 4, 8}},              // 7
+    {{8, 4, 8}, {8, 4, 8}},              // 8
+    {{8, 4, 16}, {8, 4, 16}},            // 9
+    {{8, 8, 16}, {8, 8, 16}},            // 10
+    {{8, 8, 8, 4}, {8, 8, 8, 4}},        // 11
+    {{8, 8, 8, 8}, {8, 8, 8, 8}},        // 12
+    {{16, 8, 8, 8}, {16, 8, 8, 8}},      // 13
+    {{8, 16, 16, 8}, {8, 16, 16, 8}},    // 14
+    {{8, 16, 32, 8}, {16, 32, 8, 8}},    // 15
+    {{8, 32, 32, 8}, {}},                // 16 (float)
 };
-inline constexpr int kSortRadix7f[4] = {8, 4, 4};  // float order 7
-template <class F> constexpr const int (&sort_radix(int M))[4] {
-    return (sizeof(F) == 4 && M == 7) ? kSortRadix7f : kSortRadix[M];
-}
+template <class F> constexpr const int (&sort_radix(int M))[4] { return kSortRadix[M][sizeof(F) == 8]; }
 
 // A frequency pass of radix R over s >= W interleaved sequences of
 // length n = N / s (sequence q holds the points q + s j). With m = n / R it

@@ -63,8 +63,9 @@ template <class K> void check_accuracy(int order, size_t offset) {
     }
 }
 
-// Orders 11 on are the long layouts; the float orders 12 to 16 put a
-// radix-4 or radix-8 pass in front of shorter transforms.
+// Orders 2 to 6 are the straight-line transforms, 7 to 16 (double 15) the
+// self-sorting passes of every radix list, double 16 and the split
+// kinds the radix-4 network.
 TEST(FftComplex, AccuracyUpToOrder16) {
     const bool x64 = sizeof(void*) == 8;  // i386 runs under emulation: fewer orders
     Kinds<C32fc, C64fc, C32f, C64f>::each([&]<class K>() {
