@@ -2,7 +2,7 @@
 // shared by the complex and real transforms.
 //
 // Interleaved transforms of orders 2 to 6 run straight-line code
-// (fft_small.h), float orders 7 to 16 and double orders 7 to 15
+// (fft_small.h), float orders 7 to 16 and double orders 7 to 14
 // self-sorting passes of radix 4 to 32 (fft_sort.h), natural order in and
 // out. The split kinds, orders 0 and 1 and the longer orders run the network
 // below.

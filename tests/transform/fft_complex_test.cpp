@@ -63,8 +63,8 @@ template <class K> void check_accuracy(int order, size_t offset) {
     }
 }
 
-// Orders 2 to 6 are the straight-line transforms, 7 to 16 (double 15) the
-// self-sorting passes of every radix list, double 16 and the split
+// Orders 2 to 6 are the straight-line transforms, 7 to 16 (double 14) the
+// self-sorting passes of every radix list, double 15 and 16 and the split
 // kinds the radix-4 network.
 TEST(FftComplex, AccuracyUpToOrder16) {
     const bool x64 = sizeof(void*) == 8;  // i386 runs under emulation: fewer orders
@@ -218,12 +218,21 @@ ZAMS_DIGEST(fft_complex_small) {
 }
 
 ZAMS_DIGEST(fft_complex_medium) {
-    // every split of the planar passes (orders 8 to 12) and the radix-8 split (13)
+    // the pass lists of orders 8 to 13
     for (int order : {8, 9, 10, 11, 12, 13}) {
         digest_kind<C32fc>(d, order, 4);
         digest_kind<C64fc>(d, order, 1);
         digest_kind<C32f>(d, order, 8);
         digest_kind<C64f>(d, order, 2);
+    }
+}
+
+ZAMS_DIGEST(fft_complex_long) {
+    // the radix-16 and radix-32 pass lists (float 14 to 16, double 14) and
+    // the network below the large layout (double 15, 16)
+    for (int order : {14, 15, 16}) {
+        digest_kind<C32fc>(d, order, 2);
+        digest_kind<C64fc>(d, order, 4);
     }
 }
 
