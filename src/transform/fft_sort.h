@@ -42,21 +42,17 @@
 
 namespace zams::fft {
 
-// W complex vectors of W points to their transpose: lane l of v[j] out is
-// lane j of v[l] in.
-template <class F> inline void transpose_w(typename VT<F>::V* v) {
-    if constexpr (sizeof(F) == 4) {
-        FirstVec<F>::transpose(v[0], v[1], v[2], v[3]);
-    } else {
-        const auto a = _mm256_permute2f128_pd(v[0], v[1], 0x20), b = _mm256_permute2f128_pd(v[0], v[1], 0x31);
-        v[0] = a;
-        v[1] = b;
-    }
+// Two vectors of two complex values to their transpose (the double first
+// pass): lane l of v[j] out is lane j of v[l] in.
+inline void transpose_w(__m256d* v) {
+    const __m256d a = _mm256_permute2f128_pd(v[0], v[1], 0x20), b = _mm256_permute2f128_pd(v[0], v[1], 0x31);
+    v[0] = a;
+    v[1] = b;
 }
 
-// The transpose of W complex vectors of W points stored to y, row l (lane
-// l of every vector) at y + l ys: 128-bit halves go out as they are, so no
-// value crosses a lane in a register.
+// The transpose of four vectors of four complex values stored to y, row l
+// (lane l of every vector) at y + l ys: 128-bit halves go out as they are,
+// so no value crosses a lane in a register.
 inline void store_transposed(float* y, int ys, const __m256* v) {
     const __m256d t0 = _mm256_unpacklo_pd(_mm256_castps_pd(v[0]), _mm256_castps_pd(v[1]));
     const __m256d t1 = _mm256_unpackhi_pd(_mm256_castps_pd(v[0]), _mm256_castps_pd(v[1]));
@@ -130,10 +126,9 @@ template <class F, bool Inv, int R, int N, int s> void dif_pass(const F* x, F* y
     }
 }
 
-
 // The frequency passes' factors: w_N^j for j < N, and the first pass's in
-// reading order: W
-// positions p at a time, R - 1 vectors of them (k = 1 .. R - 1).
+// reading order: W positions p at a time, R - 1 vectors of them
+// (k = 1 .. R - 1).
 template <class F, int M> struct DifTab {
     static constexpr int N = 1 << M, R = sort_radix<F>(M)[0], W = VT<F>::W;
     alignas(32) F root[2 * N];
@@ -163,7 +158,7 @@ template <class F, bool Inv, int R, int N> void dif_first(const F* x, F* y, cons
         F* y0 = y + 2 * R * p;
 #pragma GCC unroll 16
         for (int k = 0; k < R; k += W) {
-            transpose_w<F>(c + k);
+            transpose_w(c + k);
 #pragma GCC unroll 4
             for (int l = 0; l < W; ++l) T::store(y0 + 2 * (R * l + k), c[k + l]);
         }
