@@ -150,13 +150,13 @@ TEST(FftComplex, BitsIndependentOfAddresses) {
             ASSERT_EQ(os.build(order, 8), zamStatusOk);
             const auto x = zt::random_reals<F>(2 * n, 60 + order, F(-1), F(1));
             std::vector<uint8_t> buf(size_t(os.workSize));
+            Zam8u* b = os.workSize ? buf.data() : nullptr;
             for (int inverse = 0; inverse < 2; ++inverse) {
                 std::vector<F> want(2 * n), src(2 * n + 2), got(2 * n + 2);
-                ASSERT_EQ(call<K>(inverse, false, x.data(), want.data(), os.spec, os.workSize ? buf.data() : nullptr, n), zamStatusOk);
+                ASSERT_EQ(call<K>(inverse, false, x.data(), want.data(), os.spec, b, n), zamStatusOk);
                 for (size_t off : {1, 2}) {
                     std::memcpy(src.data() + off, x.data(), 2 * n * sizeof(F));
-                    ASSERT_EQ(call<K>(inverse, false, src.data() + off, got.data() + 2 - off, os.spec, os.workSize ? buf.data() : nullptr, n),
-                              zamStatusOk);
+                    ASSERT_EQ(call<K>(inverse, false, src.data() + off, got.data() + 2 - off, os.spec, b, n), zamStatusOk);
                     EXPECT_EQ(0, std::memcmp(want.data(), got.data() + 2 - off, 2 * n * sizeof(F)))
                         << K::kName << " order " << order << " inverse " << inverse << " offset " << off;
                 }
