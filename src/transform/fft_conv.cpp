@@ -17,7 +17,7 @@ template <class F> constexpr int32_t kRealId = sizeof(F) == 4 ? fft::kIdR32f : f
 // recombination factors. Below order 8 the ordinary build is that already;
 // from order 18 the factors are split in two tables.
 template <class F> constexpr bool lean(int order) {
-    return order >= 8 && order - 1 <= fft::big_max_order<F>() && order < fft::kRealSplitOrder;
+    return order >= 8 && order - 1 <= fft::sort_max_order<F>() && order < fft::kRealSplitOrder;
 }
 template <class F> constexpr int64_t lean_bytes(int order) {
     return 128 + int64_t(round64(((size_t(1) << order) / 4 + 1) * 2 * sizeof(F)));
@@ -138,12 +138,13 @@ zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t
 }
 
 // Two real sections as the real and imaginary parts of one complex
-// transform: the orders of the self-sorting transforms, which read no table
-// (so no specification is built). Above them (the split transforms) two
-// real transforms of half the order and their recombination took less time
-// (256 Ki x 1024 taps: 1.06 of it, x86-64).
+// transform: self-sorting orders, which read no table (so no specification
+// is built), up to float order 12 and double 13. Above them two real
+// transforms of half the order and their recombination took less time
+// (256 Ki x 1024 taps: 1.06 of it, x86-64, timed before the self-sorting
+// passes reached the longer orders).
 template <class F> bool pair_order(int order) {
-    return order >= fft::kSortMinOrder && order <= fft::sort_max_order<F>();
+    return order >= fft::kSortMinOrder && order <= (sizeof(F) == 4 ? 12 : 13);
 }
 template <class F> int64_t pair_work_bytes(int order) { return (int64_t(2) << order) * int64_t(sizeof(F)) + 64; }
 

@@ -2,11 +2,10 @@
 // shared by the complex and real transforms.
 //
 // Interleaved transforms of orders 2 to 6 run straight-line code
-// (fft_small.h), orders 7 to 12 (double 7 to 13) self-sorting passes of
-// radix 4, 8 and 16 (fft_sort.h), float orders 13 to 16 and double order 14
-// a radix-8 pass in front of shorter transforms (fft_split.h), natural
-// order in and out. The split kinds, orders 0 and 1 and the longer orders run
-// the network below.
+// (fft_small.h), float orders 7 to 16 and double orders 7 to 14
+// self-sorting passes of radix 4 to 32 (fft_sort.h), natural order in and
+// out. The split kinds, orders 0 and 1 and the longer orders run the network
+// below.
 //
 // The network is a decimation-in-time one on bit-reversed input: a
 // first pass reads the source in bit-reversed order and runs the twiddle-free
@@ -741,8 +740,6 @@ template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F*
         small_fft<F, Inv>(src, dst, pl.M);
     } else if (pl.M >= kSortMinOrder && pl.M <= sort_max_order<F>()) {
         sort_fft<F, Inv>(src, dst, work, pl.M);
-    } else if (pl.M >= big_min_order<F>() && pl.M <= big_max_order<F>()) {
-        big_fft<F, Inv>(src, dst, work, pl.M);
     } else if (pl.M >= kTiledOrder) {
         // Into a destination off the vector alignment the passes run in
         // the work buffer, where it holds the whole transform, and one copy

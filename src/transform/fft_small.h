@@ -81,23 +81,41 @@ template <class F, bool Inv> inline typename VT<F>::V cmul_dup(typename VT<F>::V
 // x_n the vector at x + n xs (in vectors), w^m = root[2 m rs]; radix-4
 // decimation in time, radix 2 at the end. The leaves load straight from
 // memory so the data is never copied to the stack first.
-template <class F, bool Inv, int N>
-__attribute__((always_inline)) inline void vdft(const F* x, int xs, typename VT<F>::V* y, const F* root, int rs) {
+template <class F, bool Inv, int N, class Ld>
+__attribute__((always_inline)) inline void vdft_ld(const Ld& ld, int n0, int ns, typename VT<F>::V* y, const F* root, int rs) {
     using T = VT<F>;
-    constexpr int S = 2 * T::W;  // floats a vector
     if constexpr (N == 1) {
-        y[0] = T::load(x);
+        y[0] = ld(n0);
     } else if constexpr (N == 2) {
-        const auto a = T::load(x), b = T::load(x + S * xs);
+        const auto a = ld(n0), b = ld(n0 + ns);
         y[0] = T::add(a, b);
         y[1] = T::sub(a, b);
     } else {
         constexpr int Q = N / 4;
 #pragma GCC unroll 64
-        for (int r = 0; r < 4; ++r) vdft<F, Inv, Q>(x + S * r * xs, 4 * xs, y + r * Q, root, 4 * rs);
+        for (int r = 0; r < 4; ++r) vdft_ld<F, Inv, Q>(ld, n0 + r * ns, 4 * ns, y + r * Q, root, 4 * rs);
 #pragma GCC unroll 64
         for (int k = 0; k < Q; ++k) {
             auto a0 = y[k], a1 = y[Q + k], a2 = y[2 * Q + k], a3 = y[3 * Q + k];
+            if (8 * k == N) {
+                // w = w_8, w^2 = -i, w^3 = -w_8 conj: with p = a1 + a3, m = a1 - a3
+                // and q = -i p (+i p for the inverse), a1 w + a3 w^3 = h (m + q)
+                // and -i (a1 w - a3 w^3) = h (q - m), h = 1/sqrt 2: two real
+                // products in place of two complex ones.
+                a2 = mul_negi<F>(a2);
+                if constexpr (Inv) a2 = T::xor_(a2, T::allsign());
+                const auto pp = T::add(a1, a3), mm = T::sub(a1, a3);
+                auto q = mul_negi<F>(pp);
+                if constexpr (Inv) q = T::xor_(q, T::allsign());
+                const auto h = T::set1(F(0.70710678118654752440));
+                const auto c2 = T::mul(T::add(mm, q), h), u = T::mul(T::sub(q, mm), h);
+                const auto c0 = T::add(a0, a2), c1 = T::sub(a0, a2);
+                y[k] = T::add(c0, c2);
+                y[2 * Q + k] = T::sub(c0, c2);
+                y[Q + k] = T::add(c1, u);
+                y[3 * Q + k] = T::sub(c1, u);
+                continue;
+            }
             if (k != 0) {
                 a1 = cmul_bc<F, Inv>(a1, root + 2 * k * rs);
                 // w^(2k) is -i (forward) or +i exactly when 2k = N/4
@@ -117,6 +135,13 @@ __attribute__((always_inline)) inline void vdft(const F* x, int xs, typename VT<
             y[3 * Q + k] = Inv ? T::add(c1, t) : T::sub(c1, t);
         }
     }
+}
+
+// The inputs x_n at x + n xs (in vectors).
+template <class F, bool Inv, int N>
+__attribute__((always_inline)) inline void vdft(const F* x, int xs, typename VT<F>::V* y, const F* root, int rs) {
+    constexpr int S = 2 * VT<F>::W;  // floats a vector
+    vdft_ld<F, Inv, N>([x, xs](int n) { return VT<F>::load(x + S * n * xs); }, 0, 1, y, root, rs);
 }
 
 template <class F, bool Inv, int M> void small_fft_m(const F* src, F* dst, const SmallTabs<F>& tb) {
@@ -213,4 +238,3 @@ template <int P, class F, class Pass> void later_passes(F* x, F* dst, F* work, P
 }  // namespace zams::fft
 
 #include "fft_sort.h"
-#include "fft_split.h"

@@ -1,70 +1,101 @@
-// Complex transforms of float orders 7 to 12 and double orders 7 to 13:
+// Complex transforms of float orders 7 to 16 and double orders 7 to 14:
 // self-sorting passes of radix 4, 8 or 16, natural order in and out, no bit
-// reversal.
+// reversal. Double precision runs them by decimation in frequency, float by
+// decimation in time.
 //
-// A pass sees s interleaved sequences of length n = N / s (sequence q holds
-// the points q + s j). With m = n / R, it takes the R points j = p + r m
-// (r < R) of every sequence, transforms them to b_k, and stores
-// b_k w_n^(p k) at q + s (R p + k): the next pass sees R s sequences of
-// length m. After the last pass (m = 1, no factors) bin k of the whole
-// transform sits at k.
+// Frequency (double). A pass sees s interleaved sequences of length
+// n = N / s (sequence q holds the points q + s j). With m = n / R, it takes
+// the R points j = p + r m (r < R) of every sequence, transforms them to b_k,
+// and stores b_k w_n^(p k) at q + s (R p + k): the next pass sees R s
+// sequences of length m. After the last pass (m = 1, no factors) bin k of
+// the whole transform sits at k. The first pass (s = 1) runs its R-point
+// transforms across W p at once (the lanes of a vector) and transposes
+// groups of W results into place as it stores; its factors lie in reading
+// order, one vector (w^(pk), w^((p+1)k), ...) a step. The later passes
+// (dif_pass) run W sequences q at once, one factor w_N^(pks) broadcast to
+// every lane.
 //
-// The first pass (s = 1) runs its R-point transforms across W p at once
-// (the lanes of a vector) and transposes groups of W results into place as
-// it stores; its factors lie in reading order, one vector (w^(pk),
-// w^((p+1)k), ...) a step. The later passes are sort_pass below: W
-// sequences q at once, one factor w_N^(pks) broadcast to every lane. The
-// R-point transforms are the straight-line ones of fft_small.h: a radix-8
-// transform is eight vectors, the register count of the 32-bit target, a
-// radix-16 one sixteen, that of the 64-bit target.
+// Time (float). Before a pass the data are N / Ns transforms of Ns points
+// (Ns the product of the radices before it). For j < N/R with k = j mod Ns
+// the pass takes the R points x_(j + r N/R), multiplies point r by
+// w_(Ns R)^(r k) as it loads it, transforms them to b_r and stores b_r at
+// (j - k) R + k + r Ns. Lanes run over W consecutive j: the first pass
+// (Ns = 1) has no factors and transposes groups of W results into place, the
+// later ones (Ns >= W) store whole vectors. A factor applied to a point in
+// memory needs no shuffle: the loads duplicate the point's real and
+// imaginary parts, and a w = re w + im (i w) with both w and i w from a table
+// (three vector operations against four). In double precision the load that
+// duplicates the imaginary parts would cross cache lines or shuffle, and the
+// frequency passes are faster there.
 //
-// Passes alternate between the destination and the work buffer (2^M
-// complex values); the last pass reads and writes the same positions, so
-// it may run in place on the destination. The source is read only by the
-// first pass, so it may be the destination. Radix-16 passes whose points lie
-// 4 KB apart (double order 12) lose to four radix-8 passes on cache-set
-// conflicts.
+// The R-point transforms are the straight-line ones of fft_small.h: a
+// radix-8 transform is eight vectors, the register count of the 32-bit
+// target, a radix-16 one sixteen, that of the 64-bit target. Passes
+// alternate between the destination and the work buffer (2^M complex
+// values); the last pass reads and writes the same positions, so it may run
+// in place on the destination. The source is read only by the first pass,
+// so it may be the destination. Radix-16 passes whose points lie 4 KB apart
+// (double order 12) lose to four radix-8 passes on cache-set conflicts.
 #pragma once
 
 // Included from the end of fft_small.h (vdft, cmul_bc, cmul_mem, ilog2).
 
 namespace zams::fft {
 
-// W complex vectors of W points to their transpose: lane l of v[j] out is
-// lane j of v[l] in.
-template <class F> inline void transpose_w(typename VT<F>::V* v) {
-    if constexpr (sizeof(F) == 4) {
-        FirstVec<F>::transpose(v[0], v[1], v[2], v[3]);
-    } else {
-        const auto a = _mm256_permute2f128_pd(v[0], v[1], 0x20), b = _mm256_permute2f128_pd(v[0], v[1], 0x31);
-        v[0] = a;
-        v[1] = b;
-    }
+// Two vectors of two complex values to their transpose (the double first
+// pass): lane l of v[j] out is lane j of v[l] in.
+inline void transpose_w(__m256d* v) {
+    const __m256d a = _mm256_permute2f128_pd(v[0], v[1], 0x20), b = _mm256_permute2f128_pd(v[0], v[1], 0x31);
+    v[0] = a;
+    v[1] = b;
+}
+
+// The transpose of four vectors of four complex values stored to y, row l
+// (lane l of every vector) at y + l ys: 128-bit halves go out as they are,
+// so no value crosses a lane in a register.
+inline void store_transposed(float* y, int ys, const __m256* v) {
+    const __m256d t0 = _mm256_unpacklo_pd(_mm256_castps_pd(v[0]), _mm256_castps_pd(v[1]));
+    const __m256d t1 = _mm256_unpackhi_pd(_mm256_castps_pd(v[0]), _mm256_castps_pd(v[1]));
+    const __m256d t2 = _mm256_unpacklo_pd(_mm256_castps_pd(v[2]), _mm256_castps_pd(v[3]));
+    const __m256d t3 = _mm256_unpackhi_pd(_mm256_castps_pd(v[2]), _mm256_castps_pd(v[3]));
+    double* z = reinterpret_cast<double*>(y);
+    const int zs = ys / 2;
+    _mm_storeu_pd(z, _mm256_castpd256_pd128(t0));
+    _mm_storeu_pd(z + 2, _mm256_castpd256_pd128(t2));
+    _mm_storeu_pd(z + zs, _mm256_castpd256_pd128(t1));
+    _mm_storeu_pd(z + zs + 2, _mm256_castpd256_pd128(t3));
+    _mm_storeu_pd(z + 2 * zs, _mm256_extractf128_pd(t0, 1));
+    _mm_storeu_pd(z + 2 * zs + 2, _mm256_extractf128_pd(t2, 1));
+    _mm_storeu_pd(z + 3 * zs, _mm256_extractf128_pd(t1, 1));
+    _mm_storeu_pd(z + 3 * zs + 2, _mm256_extractf128_pd(t3, 1));
 }
 
 inline constexpr int kSortMinOrder = 7;
-template <class F> constexpr int sort_max_order() { return sizeof(F) == 4 ? 12 : 13; }
+template <class F> constexpr int sort_max_order() { return sizeof(F) == 4 ? 16 : 14; }
 
-// Radices of the passes of each order, first pass first (0 ends a list):
-// the fastest of the splits timed on both targets (on i386 they took
-// 10-30% less time than the planar passes they replaced, on x86-64 about
-// the same). The precisions differ at order 7 only, sort_radix.
-inline constexpr int kSortRadix[14][4] = {
+// Radices of the passes of each order, float then double, first pass
+// first (0 ends a list): the fastest of the splits timed on both targets.
+// From order 13 the points of a pass lie 8 KB or more apart, and radix-16
+// and radix-32 passes in the middle with radix 8 at the ends beat a radix-8
+// pass in front of shorter transforms by 20-25%. Double order 15 stays with
+// the radix-4 network: 16-32-8-8 took 10% less time out of place on x86-64
+// but none on i386, and 10% more there in place.
+inline constexpr int kSortRadix[17][2][4] = {
     {}, {}, {}, {}, {}, {}, {},
-    {4, 4, 8},       // 7 (double)
-    {8, 4, 8},       // 8
-    {8, 4, 16},      // 9
-    {8, 8, 16},      // 10
-    {8, 8, 8, 4},    // 11
-    {8, 8, 8, 8},    // 12
-    {16, 8, 8, 8},   // 13 (double)
+    {{8, 4, 4}, {4, 4, 8}},              // 7
+    {{8, 4, 8}, {8, 4, 8}},              // 8
+    {{8, 4, 16}, {8, 4, 16}},            // 9
+    {{8, 8, 16}, {8, 8, 16}},            // 10
+    {{8, 8, 8, 4}, {8, 8, 8, 4}},        // 11
+    {{8, 8, 8, 8}, {8, 8, 8, 8}},        // 12
+    {{16, 8, 8, 8}, {16, 8, 8, 8}},      // 13
+    {{8, 16, 16, 8}, {8, 16, 16, 8}},    // 14
+    {{8, 16, 32, 8}, {}},                // 15 (float)
+    {{8, 32, 32, 8}, {}},                // 16 (float)
 };
-inline constexpr int kSortRadix7f[4] = {8, 4, 4};  // float order 7
-template <class F> constexpr const int (&sort_radix(int M))[4] {
-    return (sizeof(F) == 4 && M == 7) ? kSortRadix7f : kSortRadix[M];
-}
+template <class F> constexpr const int (&sort_radix(int M))[4] { return kSortRadix[M][sizeof(F) == 8]; }
 
-// A self-sorting pass of radix R over s >= W interleaved sequences of
+// A frequency pass of radix R over s >= W interleaved sequences of
 // length n = N / s (sequence q holds the points q + s j). With m = n / R it
 // takes the R points j = p + r m of every sequence, transforms them to b_k
 // and stores b_k w_N^(p k s) at q + s (R p + k): the next pass sees R s
@@ -72,7 +103,7 @@ template <class F> constexpr const int (&sort_radix(int M))[4] {
 // factor broadcast to every lane, w_N^(p k s) = root[2 p k s]. With m = 1
 // there are no factors, and x may be y: every position is read before it
 // is written.
-template <class F, bool Inv, int R, int N, int s> void sort_pass(const F* x, F* y, const F* root) {
+template <class F, bool Inv, int R, int N, int s> void dif_pass(const F* x, F* y, const F* root) {
     using T = VT<F>;
     constexpr int W = T::W, m = N / (s * R), xs = s * m / W;
     const F* rt = small_tabs<F>().root[ilog2(R)];
@@ -95,27 +126,27 @@ template <class F, bool Inv, int R, int N, int s> void sort_pass(const F* x, F* 
     }
 }
 
-
-// w_N^j for j < N, and the first pass's factors in reading order: W
-// positions p at a time, R - 1 vectors of them (k = 1 .. R - 1).
-template <class F, int M> struct SortTab {
+// The frequency passes' factors: w_N^j for j < N, and the first pass's in
+// reading order: W positions p at a time, R - 1 vectors of them
+// (k = 1 .. R - 1).
+template <class F, int M> struct DifTab {
     static constexpr int N = 1 << M, R = sort_radix<F>(M)[0], W = VT<F>::W;
     alignas(32) F root[2 * N];
     alignas(32) F first[2 * (N / R) * (R - 1)];
-    SortTab() {
+    DifTab() {
         for (long long j = 0; j < N; ++j) put_w(root + 2 * j, 2 * j, N);
         for (long long p = 0; p < N / R; p += W)
             for (long long k = 1; k < R; ++k)
                 for (long long l = 0; l < W; ++l) put_w(first + 2 * ((R - 1) * p + (k - 1) * W + l), 2 * (p + l) * k, N);
     }
 };
-template <class F, int M> const SortTab<F, M>& sort_tab() {
-    static const SortTab<F, M> t;
+template <class F, int M> const DifTab<F, M>& dif_tab() {
+    static const DifTab<F, M> t;
     return t;
 }
 
-// The first pass of N points, radix R, x to y.
-template <class F, bool Inv, int R, int N> void sort_first(const F* x, F* y, const F* tw) {
+// The first frequency pass of N points, radix R, x to y.
+template <class F, bool Inv, int R, int N> void dif_first(const F* x, F* y, const F* tw) {
     using T = VT<F>;
     constexpr int m = N / R, W = T::W;
     const F* rt = small_tabs<F>().root[ilog2(R)];
@@ -127,9 +158,85 @@ template <class F, bool Inv, int R, int N> void sort_first(const F* x, F* y, con
         F* y0 = y + 2 * R * p;
 #pragma GCC unroll 16
         for (int k = 0; k < R; k += W) {
-            transpose_w<F>(c + k);
+            transpose_w(c + k);
 #pragma GCC unroll 4
             for (int l = 0; l < W; ++l) T::store(y0 + 2 * (R * l + k), c[k + l]);
+        }
+    }
+}
+
+// The time passes' factors: for every pass after the first, k-group g (W
+// consecutive k) and r = 1 .. R - 1, the vector of w_(Ns R)^(r k) and the
+// vector of i w_(Ns R)^(r k) = w_(Ns R)^(r k - Ns R / 4).
+template <class F, int M> struct DitTab {
+    static constexpr int N = 1 << M, W = VT<F>::W;
+    static constexpr const int (&rad)[4] = sort_radix<F>(M);
+    static constexpr int P = pass_count(rad);
+    static constexpr int offset(int i) {  // of pass i's factors
+        int o = 0;
+        for (int j = 1; j < i; ++j) o += 4 * (rad[j] - 1) * pass_stride(rad, j);
+        return o;
+    }
+    alignas(32) F w[offset(P)];
+    DitTab() {
+        for (int i = 1; i < P; ++i) {
+            const long long Ns = pass_stride(rad, i), R = rad[i], n = Ns * R;
+            F* t = w + offset(i);
+            for (long long g = 0; g < Ns; g += W)
+                for (long long r = 1; r < R; ++r, t += 4 * W)
+                    for (long long l = 0; l < W; ++l) {
+                        const long long e = (r * (g + l)) % n;
+                        put_w(t + 2 * l, 2 * e, n);
+                        put_w(t + 2 * W + 2 * l, (2 * e - n / 2 + 2 * n) % (2 * n), n);
+                    }
+        }
+    }
+};
+template <class F, int M> const DitTab<F, M>& dit_tab() {
+    static const DitTab<F, M> t;
+    return t;
+}
+
+// a w (a conj(w) for the inverse), a at a, the vectors w and i w at wt:
+// a w = re w + im (i w) and a conj(w) = re conj(w) - im conj(i w), the parts
+// re and im of a duplicated by the loads.
+template <bool Inv> inline __m256 cmul_in(const float* a, const float* wt) {
+    const __m256 re = _mm256_moveldup_ps(_mm256_loadu_ps(a)), im = _mm256_movehdup_ps(_mm256_loadu_ps(a));
+    __m256 w = _mm256_load_ps(wt), iw = _mm256_load_ps(wt + 8);
+    if constexpr (Inv) {
+        const __m256 sg = VT<float>::imsign();
+        return _mm256_sub_ps(_mm256_mul_ps(re, _mm256_xor_ps(w, sg)), _mm256_mul_ps(im, _mm256_xor_ps(iw, sg)));
+    }
+    return _mm256_add_ps(_mm256_mul_ps(re, w), _mm256_mul_ps(im, iw));
+}
+
+// The first time pass of N points, radix R, x to y.
+template <bool Inv, int R, int N> void dit_first(const float* x, float* y) {
+    constexpr int m = N / R, W = 4;
+    const float* rt = small_tabs<float>().root[ilog2(R)];
+    for (int j = 0; j < m; j += W) {
+        __m256 c[R];
+        vdft<float, Inv, R>(x + 2 * j, m / W, c, rt, 1);
+#pragma GCC unroll 16
+        for (int k = 0; k < R; k += W) store_transposed(y + 2 * (R * j + k), 2 * R, c + k);
+    }
+}
+
+// A later time pass of radix R (Ns >= W), its factors at tw, x to y.
+template <bool Inv, int R, int N, int Ns> void dit_pass(const float* x, float* y, const float* tw) {
+    constexpr int W = 4, m = N / R, TS = 4 * W * (R - 1);  // factors a k-group
+    const float* rt = small_tabs<float>().root[ilog2(R)];
+    for (int jb = 0; jb < m; jb += Ns) {
+        const float* t = tw;
+        for (int k = 0; k < Ns; k += W, t += TS) {
+            const float* xj = x + 2 * (jb + k);
+            __m256 c[R];
+            vdft_ld<float, Inv, R>(
+                [xj, t](int r) { return r == 0 ? _mm256_loadu_ps(xj) : cmul_in<Inv>(xj + 2 * r * m, t + 4 * W * (r - 1)); },
+                0, 1, c, rt, 1);
+            float* yk = y + 2 * (jb * R + k);
+#pragma GCC unroll 64
+            for (int r = 0; r < R; ++r) _mm256_storeu_ps(yk + 2 * r * Ns, c[r]);
         }
     }
 }
@@ -139,12 +246,20 @@ template <class F, bool Inv, int M> void sort_fft_m(const F* src, F* dst, F* wor
     constexpr int N = 1 << M;
     constexpr const int(&rad)[4] = sort_radix<F>(M);
     constexpr int P = pass_count(rad);
-    const SortTab<F, M>& tb = sort_tab<F, M>();
     F* x = first_out<P>(src, dst, work);
-    sort_first<F, Inv, rad[0], N>(src, x, tb.first);
-    later_passes<P>(x, dst, work, [&]<int I>(const F* in, F* out) {
-        sort_pass<F, Inv, rad[I], N, pass_stride(rad, I)>(in, out, tb.root);
-    });
+    if constexpr (sizeof(F) == 4) {
+        const DitTab<F, M>& tb = dit_tab<F, M>();
+        dit_first<Inv, rad[0], N>(src, x);
+        later_passes<P>(x, dst, work, [&]<int I>(const F* in, F* out) {
+            dit_pass<Inv, rad[I], N, pass_stride(rad, I)>(in, out, tb.w + DitTab<F, M>::offset(I));
+        });
+    } else {
+        const DifTab<F, M>& tb = dif_tab<F, M>();
+        dif_first<F, Inv, rad[0], N>(src, x, tb.first);
+        later_passes<P>(x, dst, work, [&]<int I>(const F* in, F* out) {
+            dif_pass<F, Inv, rad[I], N, pass_stride(rad, I)>(in, out, tb.root);
+        });
+    }
 }
 
 // Orders kSortMinOrder to sort_max_order<F>(); src may be dst, work holds

@@ -63,8 +63,9 @@ template <class K> void check_accuracy(int order, size_t offset) {
     }
 }
 
-// Orders 11 on are the long layouts; the float orders 12 to 16 put a
-// radix-4 or radix-8 pass in front of shorter transforms.
+// Orders 2 to 6 are the straight-line transforms, 7 to 16 (double 14) the
+// self-sorting passes of every radix list, double 15 and 16 and the split
+// kinds the radix-4 network.
 TEST(FftComplex, AccuracyUpToOrder16) {
     const bool x64 = sizeof(void*) == 8;  // i386 runs under emulation: fewer orders
     Kinds<C32fc, C64fc, C32f, C64f>::each([&]<class K>() {
@@ -136,6 +137,34 @@ TEST(FftComplex, InPlaceAndWorkBufferGiveSameBits) {
     }
 }
 
+// The bits do not depend on where the data lie: source and destination one
+// and two values off their aligned places give the aligned run's results,
+// both directions, every order of the pass kernels and the straight-line
+// transforms.
+TEST(FftComplex, BitsIndependentOfAddresses) {
+    Kinds<C32fc, C64fc>::each([&]<class K>() {
+        using F = typename K::F;
+        for (int order = 2; order <= 16; ++order) {
+            const size_t n = size_t(1) << order;
+            OwnedSpec<K> os;
+            ASSERT_EQ(os.build(order, 8), zamStatusOk);
+            const auto x = zt::random_reals<F>(2 * n, 60 + order, F(-1), F(1));
+            std::vector<uint8_t> buf(size_t(os.workSize));
+            Zam8u* b = os.workSize ? buf.data() : nullptr;
+            for (int inverse = 0; inverse < 2; ++inverse) {
+                std::vector<F> want(2 * n), src(2 * n + 2), got(2 * n + 2);
+                ASSERT_EQ(call<K>(inverse, false, x.data(), want.data(), os.spec, b, n), zamStatusOk);
+                for (size_t off : {1, 2}) {
+                    std::memcpy(src.data() + off, x.data(), 2 * n * sizeof(F));
+                    ASSERT_EQ(call<K>(inverse, false, src.data() + off, got.data() + 2 - off, os.spec, b, n), zamStatusOk);
+                    EXPECT_EQ(0, std::memcmp(want.data(), got.data() + 2 - off, 2 * n * sizeof(F)))
+                        << K::kName << " order " << order << " inverse " << inverse << " offset " << off;
+                }
+            }
+        }
+    });
+}
+
 // One spec, two threads, each with its own buffer: the results equal a
 // single-threaded run.
 TEST(FftComplex, SharedSpecFromTwoThreads) {
@@ -189,12 +218,21 @@ ZAMS_DIGEST(fft_complex_small) {
 }
 
 ZAMS_DIGEST(fft_complex_medium) {
-    // every split of the planar passes (orders 8 to 12) and the radix-8 split (13)
+    // the pass lists of orders 8 to 13
     for (int order : {8, 9, 10, 11, 12, 13}) {
         digest_kind<C32fc>(d, order, 4);
         digest_kind<C64fc>(d, order, 1);
         digest_kind<C32f>(d, order, 8);
         digest_kind<C64f>(d, order, 2);
+    }
+}
+
+ZAMS_DIGEST(fft_complex_long) {
+    // the radix-16 and radix-32 pass lists (float 14 to 16, double 14) and
+    // the network below the large layout (double 15, 16)
+    for (int order : {14, 15, 16}) {
+        digest_kind<C32fc>(d, order, 2);
+        digest_kind<C64fc>(d, order, 4);
     }
 }
 
