@@ -31,6 +31,7 @@
 #include <immintrin.h>
 
 #include <cstddef>
+#include <utility>
 
 #include "fft_core.h"
 
@@ -109,8 +110,8 @@ template <class F> struct Vec {
 };
 
 // ------------------------------------------------------------ radices --
-// The first factor A of a composite radix P = A B (A a prime power, B > 1
-// coprime to it), 0 for a prime radix and for 4.
+// The first factor A of a composite radix P = A B (A the power of P's
+// least prime, B > 1 coprime to it), 0 for a prime or a prime power.
 constexpr int pfa_first(int p) {
     if (p < 2) return 0;
     int q = 2;
@@ -129,29 +130,19 @@ constexpr int inv_mod(int a, int m) {
     return x;
 }
 
-// Calls go.template operator()<P>() with the radix p as a constant: every
-// radix with a butterfly of its own, 0 (any odd prime) for the rest.
-template <class Go> inline void by_radix(int p, Go&& go) {
-    switch (p) {
-        case 2: go.template operator()<2>(); break;
-        case 3: go.template operator()<3>(); break;
-        case 4: go.template operator()<4>(); break;
-        case 5: go.template operator()<5>(); break;
-        case 6: go.template operator()<6>(); break;
-        case 7: go.template operator()<7>(); break;
-        case 10: go.template operator()<10>(); break;
-        case 12: go.template operator()<12>(); break;
-        case 14: go.template operator()<14>(); break;
-        case 15: go.template operator()<15>(); break;
-        case 20: go.template operator()<20>(); break;
-        case 21: go.template operator()<21>(); break;
-        case 28: go.template operator()<28>(); break;
-        case 35: go.template operator()<35>(); break;
-        default: go.template operator()<0>(); break;
-    }
+// The radices with a butterfly of their own: the primes 2, 3, 5, 7, the
+// 4, and the composite ones (pfa_first > 0). Any other odd prime up to
+// kMaxRadix runs the general odd butterfly (P = 0).
+using Radices = std::integer_sequence<int, 2, 3, 4, 5, 6, 7, 10, 12, 14, 15, 20, 21, 28, 35>;
+template <int... R> constexpr bool listed(int p, std::integer_sequence<int, R...>) { return ((p == R) || ...); }
+constexpr bool composite(int p) { return pfa_first(p) > 0 && listed(p, Radices{}); }
+
+// Calls go.template operator()<P>() with the radix p as a constant P: a
+// listed radix, else 0.
+template <class Go, int... R> inline void by_radix(int p, Go&& go, std::integer_sequence<int, R...>) {
+    if (!((p == R ? (go.template operator()<R>(), true) : false) || ...)) go.template operator()<0>();
 }
-// The composite radices by_radix compiles, for the plan.
-inline constexpr int kComposite[] = {6, 10, 12, 14, 15, 20, 21, 28, 35};
+template <class Go> inline void by_radix(int p, Go&& go) { by_radix(p, go, Radices{}); }
 
 // f(i) for lo <= i < N, unrolled, when the count N is known at compile
 // time (N > 0), else for lo <= i < n.
@@ -165,10 +156,10 @@ template <int N, class Fn> __attribute__((always_inline)) inline void for_n(int 
 }
 
 // Whether a position's loads and stores of radix P are unrolled: on
-// x86-64 every radix known at compile time (3000 = 20 x 10 x 15: 0.88 of
-// the time rolled), on i386 the composite ones only (the prime ones rolled
-// keep their eight registers: 1536 0.91, 100 0.82 of the time unrolled).
-// The same operations in the same order either way.
+// x86-64 every radix known at compile time (rolled, 3000 = 20 x 15 x 10
+// took 1.15 of the time), on i386 the composite ones only (unrolling the
+// prime ones on its eight registers took 1.2 of the time at 100 and 1.1
+// to 1.2 at 1536). The same operations in the same order either way.
 template <int P> inline constexpr bool kUnrolled = P > 0 && (sizeof(void*) == 8 || pfa_first(P) > 0);
 
 // ----------------------------------------------------------- butterflies --

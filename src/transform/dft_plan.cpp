@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <iterator>
 
 #include "../common/blockconv.h"
 #include "../common/trig.h"
@@ -31,8 +30,8 @@ inline int64_t pow_mod(int64_t b, int64_t e, int64_t m) {
 
 // The radices of n in pass order. The prime factors: 4s, a 2, the odd
 // primes; each odd prime, the largest first, takes the 2 or else a 4 into
-// a composite radix (kComposite), the odd primes left pair off (15, 21,
-// 35): every fusion saves a sweep over the data. The first pass takes a
+// a composite radix (`composite`, dft_passes.h), the odd primes left pair
+// off (15, 21, 35): every fusion saves a sweep over the data. The first pass takes a
 // radix with a 4 in it when there is one, else the largest (the first pass
 // runs in lanes, which a wide radix keeps busy). Returns the count, or 0
 // when a prime factor exceeds kMaxRadix. No fusion when `fuse` is false:
@@ -41,7 +40,6 @@ inline int64_t pow_mod(int64_t b, int64_t e, int64_t m) {
 // 600 fused 0.80 to 0.98). (Radix-8 passes were measured slower than pairs
 // of radix-4 ones here.)
 inline constexpr int kFuseMin = 200;
-bool composite(int p) { return std::find(std::begin(kComposite), std::end(kComposite), p) != std::end(kComposite); }
 int radices(int n, int32_t* r, bool fuse) {
     int two = 0, k = 0;
     int32_t odd[kMaxStages];
