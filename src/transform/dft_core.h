@@ -4,17 +4,18 @@
 // A complex plan of n points is one of five methods, chosen from n alone:
 //
 //   Pow2       n = 2^k: the power-of-two FFT, its spec built inside ours;
-//   Split      n = M L, M = 2^k >= 64, L > 1 odd with every prime factor at
-//              most kMaxRadix, double precision from 3072 points (where it
-//              was measured faster than Mixed): the self-sorting passes of
-//              L on the M
-//              columns x[n1 + M n2] (the last pass multiplies by
-//              W_n^(n1 k2) from a table of n values), L power-of-two FFTs
-//              of M over the rows, and one interleave
-//              X[L k1 + k2] = row k2 [k1]: most of the work runs in the
-//              power-of-two FFT;
+//   Split      n = M L, M = 2^k >= 1024 (at most 1024 up to 2^16 points),
+//              L > 1 with every prime factor at most kMaxRadix, double
+//              precision from 3072 points (where it was measured faster
+//              than Mixed): the self-sorting passes of L on the M columns
+//              x[n1 + M n2] (the last pass multiplies by W_n^(n1 k2) from a
+//              table of n values), L power-of-two FFTs of M over the rows,
+//              and one interleave X[L k1 + k2] = row k2 [k1]: most of the
+//              work runs in the power-of-two FFT;
 //   Mixed      every prime factor at most kMaxRadix: self-sorting passes of
-//              radix 4, 2, 3, 5, 7 and any other odd prime (dft_passes.h);
+//              radix 4, 2, 3, 5, 7, any other odd prime, and the composite
+//              radices of two coprime factors (6, 10, 12, 14, 15, 20, 21,
+//              28, 35: two stages in one pass, dft_passes.h);
 //   Rader      n a prime with n - 1 a power of two (257, 65537): the
 //              cyclic convolution of length n - 1 over the generator's
 //              powers, through the block convolution engine;

@@ -28,36 +28,67 @@ inline int64_t pow_mod(int64_t b, int64_t e, int64_t m) {
     return r;
 }
 
-// The radices of n in pass order: 4s, a 2, then the odd primes ascending;
-// the first pass takes a 4 when there is one, else the largest radix (the
-// first pass runs in lanes, which a wide radix keeps busy). Returns the
-// count, or 0 when a prime factor exceeds kMaxRadix. (Radix-8 passes were
-// measured slower than pairs of radix-4 ones here.)
-int radices(int n, int32_t* r) {
-    int k = 0;
+// The radices of n in pass order. The prime factors: 4s, a 2, the odd
+// primes; each odd prime, the largest first, takes the 2 or else a 4 into
+// a composite radix (`composite`, dft_passes.h), the odd primes left pair
+// off (15, 21, 35): every fusion saves a sweep over the data. The first pass takes a
+// radix with a 4 in it when there is one, else the largest (the first pass
+// runs in lanes, which a wide radix keeps busy). Returns the count, or 0
+// when a prime factor exceeds kMaxRadix. No fusion when `fuse` is false:
+// short sequences (below kFuseMin) keep the prime radices, whose first pass
+// fills its lanes (100: 20 x 5 took 1.26 of the time of 4 x 5 x 5, 240 to
+// 600 fused 0.80 to 0.98). (Radix-8 passes were measured slower than pairs
+// of radix-4 ones here.)
+inline constexpr int kFuseMin = 200;
+int radices(int n, int32_t* r, bool fuse) {
+    int two = 0, k = 0;
+    int32_t odd[kMaxStages];
+    int no = 0;
     while (n % 4 == 0) { r[k++] = 4; n /= 4; }
-    if (n % 2 == 0) { r[k++] = 2; n /= 2; }
+    if (n % 2 == 0) { two = 1; n /= 2; }
     for (int p = 3; n > 1; p += 2) {
         if (p > kMaxRadix) return 0;
-        while (n % p == 0) { r[k++] = p; n /= p; }
+        while (n % p == 0) { odd[no++] = p; n /= p; }
     }
-    if (k > 1 && r[0] != 4) std::swap(r[0], r[k - 1]);
+    int fours = k;
+    k = 0;
+    for (int i = no - 1; i >= 0 && fuse; --i) {  // the largest odd primes take the powers of two
+        if (two && composite(2 * odd[i])) { odd[i] *= 2; two = 0; }
+        else if (fours && composite(4 * odd[i])) { odd[i] *= 4; --fours; }
+    }
+    for (int i = 0; i < fours; ++i) r[k++] = 4;
+    if (two) r[k++] = 2;
+    for (int i = 0; i < no; ++i) {
+        if (!odd[i]) continue;
+        for (int j = i + 1; j < no && odd[i] % 2 && fuse; ++j)
+            if (odd[j] && odd[j] % 2 && composite(odd[i] * odd[j])) { odd[i] *= odd[j]; odd[j] = 0; }
+        r[k++] = odd[i];
+    }
+    int first = 0;
+    for (int i = 1; i < k; ++i)
+        if (r[first] % 4 ? r[i] % 4 == 0 || r[i] > r[first] : r[i] % 4 == 0 && r[i] > r[first]) first = i;
+    std::swap(r[0], r[first]);
     return k;
 }
 
-// The order of M when n = M L runs by the Split method (M = 2^k at least
-// kSplitMin, L > 1 with every prime factor at most kMaxRadix, n at least
-// kSplitMinLen), else 0. Measured against the mixed-radix passes: Split
-// wins in double precision from a few thousand points (48000: 0.83 of the
-// passes' time), loses below (1536: 1.13) and in single precision at every
-// length tried (its L FFTs and interleave move more data than the passes
-// of four values a vector save).
-inline constexpr int kSplitMin = 64;
+// The order of M when n = M L runs by the Split method, else 0: double
+// precision, at least kSplitMinLen points, 2^k >= kSplitMin dividing n,
+// every prime factor of L at most kMaxRadix. M = 2^k, at most kSplitRow
+// up to kSplitWhole points (rows that stay in the first-level cache, the
+// rest of the power of two in L's passes, which fuse it with the odd
+// factors: 12288 = 1024 x 12 runs one radix-12 pass and twelve FFTs of
+// 1024, 0.89 of the time of 3 x 4096), all of 2^k above. Measured against
+// the mixed-radix passes (double): Split wins from 2^10 | n (6144: 0.85,
+// 24576: 0.83 of the time), loses below (48000 = 2^7 375: 1.06, 96000:
+// 1.25), and in single precision it wins nowhere (3072: 1.45, 12288: 1.0).
+inline constexpr int kSplitMin = 1024, kSplitRow = 1024, kSplitWhole = 1 << 16;
 template <class F> inline constexpr int kSplitMinLen = sizeof(F) == 8 ? 3072 : kMaxLen + 1;
 template <class F> int split_len(int n) {
-    const int M = n & -n;
+    int M = n & -n;
+    if (M < kSplitMin || M == n || n < kSplitMinLen<F>) return 0;
+    if (n <= kSplitWhole) M = std::min(M, kSplitRow);
     int L = n / M;
-    if (M < kSplitMin || L == 1 || n < kSplitMinLen<F>) return 0;
+    while (L % 2 == 0) L /= 2;
     for (int p = 3; L > 1; p += 2) {
         if (p > kMaxRadix) return 0;
         while (L % p == 0) L /= p;
@@ -181,16 +212,18 @@ zamStatus lay_cplan(int n, int flag, uint8_t* base, CPlan<F>* pl, int64_t off, u
                             put_w(t + 2 * (st.lanes ? (q - 1) * m + j : j * (p - 1) + (q - 1)), 2 * j * q, len);
                 }
             }
-            if (p & 1) {
-                st.roots = take(int64_t(p) * esz);
+            if (const int nroots = roots_count(p)) {
+                st.roots = take(int64_t(nroots) * esz);
                 if (build) {
                     F* t = reinterpret_cast<F*>(base + st.roots);
-                    for (int k = 0; k < p; ++k) {
-                        double sv, cv;
-                        sincospi_ratio(2 * k, p, &sv, &cv);
-                        t[2 * k] = F(cv);
-                        t[2 * k + 1] = F(sv);
-                    }
+                    const int a = pfa_first(p), f[2] = {a ? a : p, a ? p / a : 0};
+                    for (const int q : f)
+                        for (int k = 0; k < q; ++k, t += 2) {
+                            double sv, cv;
+                            sincospi_ratio(2 * k, q, &sv, &cv);
+                            t[0] = F(cv);
+                            t[1] = F(sv);
+                        }
                 }
             }
             s *= p;
@@ -212,7 +245,7 @@ zamStatus lay_cplan(int n, int flag, uint8_t* base, CPlan<F>* pl, int64_t off, u
         fftp::Sizes fs;
         if (zamStatus s = inner_fft(order, zamFftScaleNone, fs)) return s;
         const int64_t M = int64_t(1) << order, L = n >> order;
-        P.nst = stages(int(L), radices(int(L), r), false);
+        P.nst = stages(int(L), radices(int(L), r, true), false);
         // Twiddle rows W_n^(n1 q), q < s, then W_n^(n1 s t), 0 < t < p (p
         // the last radix, s = L / p): the last pass multiplies the two.
         const int64_t Mo = M + kRowPad<F>, p = P.st[P.nst - 1].radix, s = L / p;
@@ -223,7 +256,7 @@ zamStatus lay_cplan(int n, int flag, uint8_t* base, CPlan<F>* pl, int64_t off, u
                 for (int64_t n1 = 0; n1 < M; ++n1) put_w(t + 2 * (i * Mo + n1), 2 * n1 * (i < s ? i : s * (i - s + 1)), n);
         }
         P.bufBytes = int32_t(L * Mo * esz);
-    } else if ((nr = radices(n, r)) > 0) {
+    } else if ((nr = radices(n, r, n >= kFuseMin)) > 0) {
         P.method = kMixed;
         P.nst = stages(n, nr, true);
         P.bufBytes = int32_t(n * esz);

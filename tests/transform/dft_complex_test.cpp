@@ -60,9 +60,12 @@ TYPED_TEST(DftComplex, InverseMatchesTheModel) {
     }
 }
 
-// Longer lengths: powers of primes, smooth mixed lengths, primes near
-// 2^12 and 2^16 (Rader at 65537), products of two large primes.
-const int kLong[] = {1536, 2187, 3000, 3200, 3520, 5760, 4093, 4099, 12288, 15625, 21600, 44100, 48000, 65521, 65537, 4099 * 17, 257 * 263};
+// Longer lengths: powers of primes, smooth mixed lengths (composite radices
+// of every pairing; in double rows of 1024 behind one or two passes, and
+// whole powers of two above 2^16), primes near 2^12 and 2^16 (Rader at
+// 65537), products of two large primes.
+const int kLong[] = {1536, 2187, 3000, 3200, 3520, 5760, 4093, 4099, 12288, 15625, 21600, 24576, 44100, 48000,
+                     65521, 65537, 3 << 17, 4099 * 17, 257 * 263};
 
 TYPED_TEST(DftComplex, LongLengthsMatchAReference) {
     using F = TypeParam;
@@ -129,7 +132,7 @@ TYPED_TEST(DftComplex, FlagsScaleTheRightDirection) {
 TYPED_TEST(DftComplex, InPlaceAndWorkBuffersGiveTheSameBits) {
     using F = TypeParam;
     using K = CKind<F>;
-    for (int n : {5, 7, 48, 60, 64, 243, 97, 257, 1000, 3072, 3200, 5760}) {  // odd and even pass counts, every method
+    for (int n : {5, 7, 48, 60, 64, 243, 97, 257, 1000, 3072, 3200, 5760, 24576}) {  // odd and even pass counts, every method
         Owned<K> s;
         ASSERT_EQ(s.build(n, zamFftScaleSqrtBoth), zamStatusOk);
         int bs = -1;
@@ -196,7 +199,7 @@ TYPED_TEST(DftComplex, ArgumentChecksInOrder) {
 }
 
 ZAMS_DIGEST(dft_complex) {
-    for (int n : {1, 3, 12, 60, 64, 97, 243, 257, 1000, 4099, 3200, 3520}) {
+    for (int n : {1, 3, 12, 60, 64, 97, 243, 257, 1000, 4099, 3200, 3520, 6144, 44100}) {
         const int flag = 1 << (n % 4);
         const auto xf = random_c<Zam32fc>(size_t(n), uint32_t(n));
         const auto xd = random_c<Zam64fc>(size_t(n), uint32_t(n));
