@@ -156,11 +156,22 @@ template <class F, bool Inv, int R, int N> void dif_first(const F* x, F* y, cons
 #pragma GCC unroll 32
         for (int k = 1; k < R; ++k) c[k] = cmul_mem<F, Inv>(c[k], tw + 2 * W * (k - 1));
         F* y0 = y + 2 * R * p;
+        if constexpr (N >= 256 && N <= 512) {
+            // lane l of result k to y0 + 2 (R l + k) by 128-bit halves: no lane
+            // crossing in a register (10-25% less time up to 1024 points,
+            // more beyond, where the transposed vectors are faster)
 #pragma GCC unroll 16
-        for (int k = 0; k < R; k += W) {
-            transpose_w(c + k);
+            for (int k = 0; k < R; ++k) {
+                _mm_storeu_pd(y0 + 2 * k, _mm256_castpd256_pd128(c[k]));
+                _mm_storeu_pd(y0 + 2 * (R + k), _mm256_extractf128_pd(c[k], 1));
+            }
+        } else {
+#pragma GCC unroll 16
+            for (int k = 0; k < R; k += W) {
+                transpose_w(c + k);
 #pragma GCC unroll 4
-            for (int l = 0; l < W; ++l) T::store(y0 + 2 * (R * l + k), c[k + l]);
+                for (int l = 0; l < W; ++l) T::store(y0 + 2 * (R * l + k), c[k + l]);
+            }
         }
     }
 }
