@@ -71,7 +71,7 @@ template <class F> struct CPlan {
     int32_t fftWork;                // the inner FFT's work buffer, its slack included
     Stage st[kMaxStages];
     uint32_t sub;                   // Bluestein on a smooth length: its unscaled plan, else 0
-    uint32_t pad;                   // the same size on both targets
+    int32_t shortPlan;              // Mixed: its index + 1 in ShortPlans (dft_passes.h), else 0
 };
 static_assert(sizeof(CPlan<float>) == 576 && sizeof(CPlan<double>) == 584);
 

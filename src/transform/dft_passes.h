@@ -31,6 +31,8 @@
 #include <immintrin.h>
 
 #include <cstddef>
+#include <cstdint>
+#include <tuple>
 #include <utility>
 
 #include "fft_core.h"
@@ -252,9 +254,12 @@ inline void position(const F* x, size_t in, F* y, size_t out, size_t laneStride,
     });
 }
 
-// A pass in runs along q. tw: [j][t - 1] (m > 1 only).
-template <class F, bool Inv, int P, bool Scaled>
+// A pass in runs along q. tw: [j][t - 1] (m > 1 only). CS, CM: s and m
+// when known at compile time (a short plan's passes), else 0.
+template <class F, bool Inv, int P, bool Scaled, size_t CS = 0, size_t CM = 0>
 void pass_runs(const F* x, F* y, size_t s, size_t m, int p, const F* tw, const F* roots, F scale) {
+    if constexpr (CS > 0) s = CS;
+    if constexpr (CM > 0) m = CM;
     using VO = Vec<F>;
     using SO = One<F>;
     constexpr size_t W = size_t(VO::W);
@@ -284,9 +289,11 @@ void pass_runs(const F* x, F* y, size_t s, size_t m, int p, const F* tw, const F
     }
 }
 
-// The first pass (s = 1) in lanes along j. tw: [t - 1][j].
-template <class F, bool Inv, int P>
+// The first pass (s = 1) in lanes along j. tw: [t - 1][j]. CM: m when
+// known at compile time, else 0.
+template <class F, bool Inv, int P, size_t CM = 0>
 void pass_lanes(const F* x, F* y, size_t m, int p, const F* tw, const F* roots) {
+    if constexpr (CM > 0) m = CM;
     using VO = Vec<F>;
     using SO = One<F>;
     constexpr size_t W = size_t(VO::W);
@@ -308,6 +315,56 @@ void run_pass(const F* x, F* y, size_t s, size_t m, int p, bool lanes, const F* 
         else if (scale) pass_runs<F, Inv, P, true>(x, y, s, m, p, tw, roots, *scale);
         else pass_runs<F, Inv, P, false>(x, y, s, m, p, tw, roots, F(1));
     });
+}
+
+// The short plans: sequences of radices whose passes run with every count
+// known at compile time, in one call (no dispatch by radix, constant
+// strides and loop counts). The same operations in the same order as the
+// passes of run_pass, so the same bits. 100 = 4 x 5 x 5 ran in 0.85 of
+// the time of the dispatched passes (64fc).
+template <int... R> struct Seq {};
+using ShortPlans = std::tuple<Seq<4, 5, 5>>;
+inline constexpr int kShortMaxStages = 3;
+
+// The index + 1 in ShortPlans of the radices r[0..nr), else 0.
+template <int... R> constexpr bool same_seq(Seq<R...>, const int32_t* r, int nr) {
+    constexpr int v[] = {R...};
+    if (nr != int(sizeof...(R))) return false;
+    for (int i = 0; i < nr; ++i)
+        if (v[i] != r[i]) return false;
+    return true;
+}
+inline int short_plan(const int32_t* r, int nr) {
+    return [&]<class... S>(std::tuple<S...>*) {
+        int k = 0, i = 0;
+        ((++i, !k && same_seq(S{}, r, nr) ? k = i : 0), ...);
+        return k;
+    }(static_cast<ShortPlans*>(nullptr));
+}
+
+// The passes of Seq<R...> over n = R0 R1 ... points from x to dst through
+// t, alternating as run_cplan does (the last pass writes dst), the first
+// in lanes when its m fills a vector. tw[i], roots[i]: the stage tables;
+// scale: the last pass's factor or null.
+template <class F, bool Inv, int... R>
+void short_passes(const F* x, F* dst, F* t, const F* const* tw, const F* const* roots, const F* scale) {
+    constexpr int rs[] = {R...};
+    constexpr size_t nst = sizeof...(R), n = (size_t(R) * ...);
+    constexpr auto stride = [](size_t i) {
+        size_t v = 1;
+        for (size_t j = 0; j < i; ++j) v *= size_t(rs[j]);
+        return v;
+    };
+    const auto pass = [&]<size_t I>() {
+        constexpr int P = rs[I];
+        constexpr size_t S = stride(I), M = n / S / size_t(P);
+        F* y = ((nst - 1 - I) & 1) ? t : dst;
+        if constexpr (I == 0 && M >= size_t(Vec<F>::W)) pass_lanes<F, Inv, P, M>(x, y, 0, P, tw[I], roots[I]);
+        else if (I + 1 == nst && scale) pass_runs<F, Inv, P, true, S, M>(x, y, 0, 0, P, tw[I], roots[I], *scale);
+        else pass_runs<F, Inv, P, false, S, M>(x, y, 0, 0, P, tw[I], roots[I], F(1));
+        x = y;
+    };
+    [&]<size_t... I>(std::index_sequence<I...>) { (pass.template operator()<I>(), ...); }(std::make_index_sequence<nst>{});
 }
 
 // The Split method's rows of M values lie Mo = M + kRowPad apart (64
@@ -373,4 +430,15 @@ template <class F> void interleave(const F* t, F* y, size_t M, size_t Mo, size_t
     }
 }
 
+}  // namespace zams::dft
+
+namespace zams::dft {
+// The short plans' runners in the order of ShortPlans.
+template <class F, bool Inv>
+using ShortFn = void (*)(const F*, F*, F*, const F* const*, const F* const*, const F*);
+template <class F, bool Inv, class... S>
+constexpr ShortFn<F, Inv> short_table(std::tuple<S...>*, int k) {
+    constexpr ShortFn<F, Inv> t[] = {[]<int... R>(Seq<R...>*) { return &short_passes<F, Inv, R...>; }(static_cast<S*>(nullptr))...};
+    return t[k];
+}
 }  // namespace zams::dft

@@ -259,6 +259,7 @@ zamStatus lay_cplan(int n, int flag, uint8_t* base, CPlan<F>* pl, int64_t off, u
     } else if ((nr = radices(n, r, n >= kFuseMin)) > 0) {
         P.method = kMixed;
         P.nst = stages(n, nr, true);
+        P.shortPlan = short_plan(r, nr);
         P.bufBytes = int32_t(n * esz);
     } else if (is_prime(n) && is_pow2(n - 1)) {
         // Rader: X[g^-r] = x[0] + sum_q x[g^q] w^(g^(q-r)), w = exp(-2 pi i / n).
@@ -377,6 +378,15 @@ zamStatus run_cplan(const uint8_t* base, const CPlan<F>& pl, const F* src, F* ds
             if (src == dst && (pl.nst & 1)) {  // the first pass would write what it reads
                 std::memcpy(t, src, n * 2 * sizeof(F));
                 x = t;
+            }
+            if (pl.shortPlan) {
+                const F *tw[kShortMaxStages], *roots[kShortMaxStages];
+                for (int i = 0; i < pl.nst; ++i) {
+                    tw[i] = pl.st[i].tw ? reinterpret_cast<const F*>(base + pl.st[i].tw) : nullptr;
+                    roots[i] = pl.st[i].roots ? reinterpret_cast<const F*>(base + pl.st[i].roots) : nullptr;
+                }
+                short_table<F, Inv>(static_cast<ShortPlans*>(nullptr), pl.shortPlan - 1)(x, dst, t, tw, roots, scale);
+                return zamStatusOk;
             }
             size_t s = 1, len = n;
             for (int i = 0; i < pl.nst; ++i) {
