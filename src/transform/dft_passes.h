@@ -319,12 +319,15 @@ void run_pass(const F* x, F* y, size_t s, size_t m, int p, bool lanes, const F* 
 
 // The short plans: sequences of radices whose passes run with every count
 // known at compile time, in one call (no dispatch by radix, constant
-// strides and loop counts). The same operations in the same order as the
-// passes of run_pass, so the same bits. 100 = 4 x 5 x 5 ran in 0.85 of
-// the time of the dispatched passes (64fc).
+// strides and loop counts), the same operations in the same order as
+// run_pass, so the same bits. Measured against the dispatched passes
+// (64fc, 32fc): 60 0.76, 0.68; 80 0.77, 0.69; 100 0.82, 0.73 (i386 0.69,
+// 0.65); 120 0.74, 0.63; 200 to 400 0.86 to 0.93; 500 and 1000 only 0.94
+// to 0.99, not worth their code.
 template <int... R> struct Seq {};
-using ShortPlans = std::tuple<Seq<4, 5, 5>>;
-inline constexpr int kShortMaxStages = 3;
+using ShortPlans = std::tuple<Seq<4, 5, 5>, Seq<4, 3, 5>, Seq<4, 4, 5>, Seq<4, 2, 3, 5>, Seq<20, 10>, Seq<20, 12>,
+                              Seq<20, 15>, Seq<20, 20>>;
+inline constexpr int kShortMaxStages = 4;
 
 // The index + 1 in ShortPlans of the radices r[0..nr), else 0.
 template <int... R> constexpr bool same_seq(Seq<R...>, const int32_t* r, int nr) {
