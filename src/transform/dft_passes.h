@@ -322,12 +322,12 @@ void run_pass(const F* x, F* y, size_t s, size_t m, int p, bool lanes, const F* 
 // strides and loop counts), the same operations in the same order as
 // run_pass, so the same bits. Measured against the dispatched passes
 // (64fc, 32fc): 60 0.76, 0.68; 80 0.77, 0.69; 100 0.82, 0.73 (i386 0.69,
-// 0.65); 120 0.74, 0.63; 200 to 400 0.86 to 0.93; 500 and 1000 only 0.94
-// to 0.99, not worth their code.
+// 0.65); 120 0.74, 0.63; 200 to 400 0.86 to 0.93; 1536 0.94, 0.91 (i386
+// 0.89, 0.77); 500 and 1000 only 0.94 to 0.99, not worth their code.
 template <int... R> struct Seq {};
 using ShortPlans = std::tuple<Seq<4, 5, 5>, Seq<4, 3, 5>, Seq<4, 4, 5>, Seq<4, 2, 3, 5>, Seq<20, 10>, Seq<20, 12>,
-                              Seq<20, 15>, Seq<20, 20>>;
-inline constexpr int kShortMaxStages = 4;
+                              Seq<20, 15>, Seq<20, 20>, Seq<4, 4, 4, 4, 6>>;
+inline constexpr int kShortMaxStages = 5;
 
 // The index + 1 in ShortPlans of the radices r[0..nr), else 0.
 template <int... R> constexpr bool same_seq(Seq<R...>, const int32_t* r, int nr) {
