@@ -327,7 +327,6 @@ void run_pass(const F* x, F* y, size_t s, size_t m, int p, bool lanes, const F* 
 template <int... R> struct Seq {};
 using ShortPlans = std::tuple<Seq<4, 5, 5>, Seq<4, 3, 5>, Seq<4, 4, 5>, Seq<4, 2, 3, 5>, Seq<20, 10>, Seq<20, 12>,
                               Seq<20, 15>, Seq<20, 20>, Seq<4, 4, 4, 4, 6>>;
-inline constexpr int kShortMaxStages = 5;
 
 // The index + 1 in ShortPlans of the radices r[0..nr), else 0.
 template <int... R> constexpr bool same_seq(Seq<R...>, const int32_t* r, int nr) {
@@ -347,10 +346,10 @@ inline int short_plan(const int32_t* r, int nr) {
 
 // The passes of Seq<R...> over n = R0 R1 ... points from x to dst through
 // t, alternating as run_cplan does (the last pass writes dst), the first
-// in lanes when its m fills a vector. tw[i], roots[i]: the stage tables;
-// scale: the last pass's factor or null.
-template <class F, bool Inv, int... R>
-void short_passes(const F* x, F* dst, F* t, const F* const* tw, const F* const* roots, const F* scale) {
+// in lanes when its m fills a vector. st[i].tw, st[i].roots: the stage
+// tables' offsets from base; scale: the last pass's factor or null.
+template <class F, bool Inv, class St, int... R>
+void short_passes(const uint8_t* base, const St* st, const F* x, F* dst, F* t, const F* scale) {
     constexpr int rs[] = {R...};
     constexpr size_t nst = sizeof...(R), n = (size_t(R) * ...);
     constexpr auto stride = [](size_t i) {
@@ -362,9 +361,11 @@ void short_passes(const F* x, F* dst, F* t, const F* const* tw, const F* const* 
         constexpr int P = rs[I];
         constexpr size_t S = stride(I), M = n / S / size_t(P);
         F* y = ((nst - 1 - I) & 1) ? t : dst;
-        if constexpr (I == 0 && M >= size_t(Vec<F>::W)) pass_lanes<F, Inv, P, M>(x, y, 0, P, tw[I], roots[I]);
-        else if (I + 1 == nst && scale) pass_runs<F, Inv, P, true, S, M>(x, y, 0, 0, P, tw[I], roots[I], *scale);
-        else pass_runs<F, Inv, P, false, S, M>(x, y, 0, 0, P, tw[I], roots[I], F(1));
+        const F* tw = reinterpret_cast<const F*>(base + st[I].tw);  // unused where the offset is 0
+        const F* roots = reinterpret_cast<const F*>(base + st[I].roots);
+        if constexpr (I == 0 && M >= size_t(Vec<F>::W)) pass_lanes<F, Inv, P, M>(x, y, 0, P, tw, roots);
+        else if (I + 1 == nst && scale) pass_runs<F, Inv, P, true, S, M>(x, y, 0, 0, P, tw, roots, *scale);
+        else pass_runs<F, Inv, P, false, S, M>(x, y, 0, 0, P, tw, roots, F(1));
         x = y;
     };
     [&]<size_t... I>(std::index_sequence<I...>) { (pass.template operator()<I>(), ...); }(std::make_index_sequence<nst>{});
@@ -461,11 +462,13 @@ template <class F> void interleave(const F* t, F* y, size_t M, size_t Mo, size_t
 
 namespace zams::dft {
 // The short plans' runners in the order of ShortPlans.
-template <class F, bool Inv>
-using ShortFn = void (*)(const F*, F*, F*, const F* const*, const F* const*, const F*);
-template <class F, bool Inv, class... S>
-constexpr ShortFn<F, Inv> short_table(std::tuple<S...>*, int k) {
-    constexpr ShortFn<F, Inv> t[] = {[]<int... R>(Seq<R...>*) { return &short_passes<F, Inv, R...>; }(static_cast<S*>(nullptr))...};
-    return t[k];
+template <class F, bool Inv, class St>
+using ShortFn = void (*)(const uint8_t*, const St*, const F*, F*, F*, const F*);
+template <class F, bool Inv, class St, int... R> constexpr ShortFn<F, Inv, St> short_fn(Seq<R...>*) {
+    return &short_passes<F, Inv, St, R...>;
 }
+template <class F, bool Inv, class St, class T> struct ShortTable;
+template <class F, bool Inv, class St, class... S> struct ShortTable<F, Inv, St, std::tuple<S...>> {
+    static constexpr ShortFn<F, Inv, St> fn[] = {short_fn<F, Inv, St>(static_cast<S*>(nullptr))...};
+};
 }  // namespace zams::dft

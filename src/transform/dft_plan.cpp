@@ -365,6 +365,16 @@ template <class F, bool Inv>
 zamStatus run_cplan(const uint8_t* base, const CPlan<F>& pl, const F* src, F* dst, uint8_t* work) {
     const size_t n = size_t(pl.n);
     const F* scale = (Inv ? pl.invOn : pl.fwdOn) ? (Inv ? &pl.invScale : &pl.fwdScale) : nullptr;
+    if (pl.shortPlan) {  // Mixed with its counts compiled (dft_passes.h)
+        F* t = reinterpret_cast<F*>(work);
+        const F* x = src;
+        if (src == dst && (pl.nst & 1)) {  // the first pass would write what it reads
+            std::memcpy(t, src, n * 2 * sizeof(F));
+            x = t;
+        }
+        ShortTable<F, Inv, Stage, ShortPlans>::fn[pl.shortPlan - 1](base, pl.st, x, dst, t, scale);
+        return zamStatusOk;
+    }
     switch (pl.method) {
         case kPow2: {
             const Dom<F> d = fft_at<F>(base, pl.fft);
@@ -378,15 +388,6 @@ zamStatus run_cplan(const uint8_t* base, const CPlan<F>& pl, const F* src, F* ds
             if (src == dst && (pl.nst & 1)) {  // the first pass would write what it reads
                 std::memcpy(t, src, n * 2 * sizeof(F));
                 x = t;
-            }
-            if (pl.shortPlan) {
-                const F *tw[kShortMaxStages], *roots[kShortMaxStages];
-                for (int i = 0; i < pl.nst; ++i) {
-                    tw[i] = pl.st[i].tw ? reinterpret_cast<const F*>(base + pl.st[i].tw) : nullptr;
-                    roots[i] = pl.st[i].roots ? reinterpret_cast<const F*>(base + pl.st[i].roots) : nullptr;
-                }
-                short_table<F, Inv>(static_cast<ShortPlans*>(nullptr), pl.shortPlan - 1)(x, dst, t, tw, roots, scale);
-                return zamStatusOk;
             }
             size_t s = 1, len = n;
             for (int i = 0; i < pl.nst; ++i) {
