@@ -458,9 +458,6 @@ template <class F> void interleave(const F* t, F* y, size_t M, size_t Mo, size_t
     }
 }
 
-}  // namespace zams::dft
-
-namespace zams::dft {
 // The short plans' runners in the order of ShortPlans.
 template <class F, bool Inv, class St>
 using ShortFn = void (*)(const uint8_t*, const St*, const F*, F*, F*, const F*);
@@ -471,4 +468,5 @@ template <class F, bool Inv, class St, class T> struct ShortTable;
 template <class F, bool Inv, class St, class... S> struct ShortTable<F, Inv, St, std::tuple<S...>> {
     static constexpr ShortFn<F, Inv, St> fn[] = {short_fn<F, Inv, St>(static_cast<S*>(nullptr))...};
 };
+
 }  // namespace zams::dft
