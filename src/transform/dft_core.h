@@ -15,7 +15,9 @@
 //   Mixed      every prime factor at most kMaxRadix: self-sorting passes of
 //              radix 4, 2, 3, 5, 7, any other odd prime, and the composite
 //              radices of two coprime factors (6, 10, 12, 14, 15, 20, 21,
-//              28, 35: two stages in one pass, dft_passes.h);
+//              28, 35: two stages in one pass, dft_passes.h); a short
+//              plan's radices (ShortPlans) run in one call with every
+//              count known at compile time;
 //   Rader      n a prime with n - 1 a power of two (257, 65537): the
 //              cyclic convolution of length n - 1 over the generator's
 //              powers, through the block convolution engine;
@@ -71,7 +73,7 @@ template <class F> struct CPlan {
     int32_t fftWork;                // the inner FFT's work buffer, its slack included
     Stage st[kMaxStages];
     uint32_t sub;                   // Bluestein on a smooth length: its unscaled plan, else 0
-    uint32_t pad;                   // the same size on both targets
+    int32_t shortPlan;              // Mixed: its index + 1 in ShortPlans (dft_passes.h), else 0
 };
 static_assert(sizeof(CPlan<float>) == 576 && sizeof(CPlan<double>) == 584);
 

@@ -259,6 +259,7 @@ zamStatus lay_cplan(int n, int flag, uint8_t* base, CPlan<F>* pl, int64_t off, u
     } else if ((nr = radices(n, r, n >= kFuseMin)) > 0) {
         P.method = kMixed;
         P.nst = stages(n, nr, true);
+        P.shortPlan = short_plan(r, nr);
         P.bufBytes = int32_t(n * esz);
     } else if (is_prime(n) && is_pow2(n - 1)) {
         // Rader: X[g^-r] = x[0] + sum_q x[g^q] w^(g^(q-r)), w = exp(-2 pi i / n).
@@ -364,6 +365,16 @@ template <class F, bool Inv>
 zamStatus run_cplan(const uint8_t* base, const CPlan<F>& pl, const F* src, F* dst, uint8_t* work) {
     const size_t n = size_t(pl.n);
     const F* scale = (Inv ? pl.invOn : pl.fwdOn) ? (Inv ? &pl.invScale : &pl.fwdScale) : nullptr;
+    if (pl.shortPlan) {  // Mixed with its counts compiled (dft_passes.h)
+        F* t = reinterpret_cast<F*>(work);
+        const F* x = src;
+        if (src == dst && (pl.nst & 1)) {  // the first pass would write what it reads
+            std::memcpy(t, src, n * 2 * sizeof(F));
+            x = t;
+        }
+        ShortTable<F, Inv, Stage, ShortPlans>::fn[pl.shortPlan - 1](base, pl.st, x, dst, t, scale);
+        return zamStatusOk;
+    }
     switch (pl.method) {
         case kPow2: {
             const Dom<F> d = fft_at<F>(base, pl.fft);

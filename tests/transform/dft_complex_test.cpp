@@ -107,7 +107,7 @@ TYPED_TEST(DftComplex, LongLengthsMatchAReference) {
 TYPED_TEST(DftComplex, FlagsScaleTheRightDirection) {
     using F = TypeParam;
     using K = CKind<F>;
-    for (int n : {1, 16, 12, 97, 257}) {
+    for (int n : {1, 16, 12, 97, 100, 257}) {  // 100: a short plan scales in its last pass
         const auto x = random_c<typename K::C>(size_t(n), 9);
         Owned<K> none;
         ASSERT_EQ(none.build(n, zamFftScaleNone), zamStatusOk);
@@ -132,7 +132,7 @@ TYPED_TEST(DftComplex, FlagsScaleTheRightDirection) {
 TYPED_TEST(DftComplex, InPlaceAndWorkBuffersGiveTheSameBits) {
     using F = TypeParam;
     using K = CKind<F>;
-    for (int n : {5, 7, 48, 60, 64, 243, 97, 257, 1000, 3072, 3200, 5760, 24576}) {  // odd and even pass counts, every method
+    for (int n : {5, 7, 48, 60, 64, 100, 120, 240, 243, 97, 257, 1000, 3072, 3200, 5760, 24576}) {  // odd and even pass counts, every method, short plans
         Owned<K> s;
         ASSERT_EQ(s.build(n, zamFftScaleSqrtBoth), zamStatusOk);
         int bs = -1;
