@@ -323,10 +323,13 @@ void run_pass(const F* x, F* y, size_t s, size_t m, int p, bool lanes, const F* 
 // run_pass, so the same bits. Measured against the dispatched passes
 // (64fc, 32fc): 60 0.76, 0.68; 80 0.77, 0.69; 100 0.82, 0.73 (i386 0.69,
 // 0.65); 120 0.74, 0.63; 200 to 400 0.86 to 0.93; 1536 0.94, 0.91 (i386
-// 0.89, 0.77); 500 and 1000 only 0.94 to 0.99, not worth their code.
+// 0.89, 0.77); 50, the complex half of the real 100: the real 100 about
+// 0.67 of its time on x86-64 and 0.60 on i386 (against the peer, 1.20 to
+// 0.81 and 1.31 to 0.79); 500 and 1000 only 0.94 to 0.99, not worth their
+// code.
 template <int... R> struct Seq {};
 using ShortPlans = std::tuple<Seq<4, 5, 5>, Seq<4, 3, 5>, Seq<4, 4, 5>, Seq<4, 2, 3, 5>, Seq<20, 10>, Seq<20, 12>,
-                              Seq<20, 15>, Seq<20, 20>, Seq<4, 4, 4, 4, 6>>;
+                              Seq<20, 15>, Seq<20, 20>, Seq<4, 4, 4, 4, 6>, Seq<5, 2, 5>>;
 
 // The index + 1 in ShortPlans of the radices r[0..nr), else 0.
 template <int... R> constexpr bool same_seq(Seq<R...>, const int32_t* r, int nr) {
