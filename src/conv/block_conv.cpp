@@ -13,7 +13,7 @@
 namespace zams::conv {
 namespace {
 
-// The domains. Real data: the specification holds only what its
+// The domains. Real data: the FFT spec structure holds only what its
 // transforms read, and a section runs the spectrum's three steps in one pass
 // (conv_section). Complex data: the ordinary specification, and the
 // transform, the product and the inverse one after another.

@@ -162,7 +162,7 @@ TYPED_TEST(BlockConv, CyclicConvolutionOfOnePeriod) {
     }
 }
 
-// A section in one pass over the spectrum, on the specification that holds
+// A section in one pass over the spectrum, on the FFT spec structure that holds
 // only the recombination factors, against the three steps on the ordinary
 // specification: the same bits at every order, out of place and in place.
 template <class F> void section_matches_three_steps(int maxOrder) {
