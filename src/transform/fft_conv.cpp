@@ -31,16 +31,6 @@ template <class F> inline void mul_pair(F* b, const F* k) {
     b[1] = im;
 }
 
-// out[i] = s[i] times c, for i < n (out may be s).
-template <class F> void scale_to(const F* s, F* out, int64_t n, F c) {
-    using T = fft::VT<F>;
-    constexpr int64_t S = 2 * T::W;
-    const auto v = T::set1(c);
-    int64_t i = 0;
-    for (; i + S <= n; i += S) T::store(out + i, T::mul(T::load(s + i), v));
-    for (; i < n; ++i) out[i] = s[i] * c;
-}
-
 }  // namespace
 
 template <class F> zamStatus conv_sizes(int order, Sizes& s) {
@@ -132,7 +122,7 @@ zamStatus conv_section(const Real<F>& d, const F* x, F* buf, const F* k, uint8_t
     fft::recombine_tail<F, true>(m, m, H, w, j);
     fft::half_transform<F, true>(h, buf, buf, work);
     // The inverse's scale as the values go out.
-    if (h->invOn) scale_to(buf + from, out, count, h->scale);
+    if (h->invOn) fft::scale_n(buf + from, out, size_t(count), h->scale);
     else if (out != buf + from) std::memmove(out, buf + from, size_t(count) * sizeof(F));
     return zamStatusOk;
 }

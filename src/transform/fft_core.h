@@ -557,15 +557,17 @@ template <class F> void bitrev_inplace(F* a, int M) {
     }
 }
 
-// n reals times s, in place.
-template <class F> void scale_n(F* a, size_t n, F s) {
+// out[i] = a[i] times s for the n reals of a (out may be a).
+template <class F> void scale_n(const F* a, F* out, size_t n, F s) {
     using T = VT<F>;
     constexpr size_t S = 2 * T::W;
     auto v = T::set1(s);
     size_t i = 0;
-    for (; i + S <= n; i += S) T::store(a + i, T::mul(T::load(a + i), v));
-    for (; i < n; ++i) a[i] = a[i] * s;
+    for (; i + S <= n; i += S) T::store(out + i, T::mul(T::load(a + i), v));
+    for (; i < n; ++i) out[i] = a[i] * s;
 }
+// n reals times s, in place.
+template <class F> void scale_n(F* a, size_t n, F s) { scale_n(static_cast<const F*>(a), a, n, s); }
 
 // ------------------------------------------------------- table builders --
 // 1/sqrt(n) of the float transforms (the FFT's flag 4, the DCT's first
