@@ -133,6 +133,21 @@ template <class B> inline void start4(bool any, const double* a, const B* b, __m
         for (auto& v : r) v = _mm256_setzero_pd();
 }
 
+// Four finished sums rounded to the outputs: + 0 first (see dot_many_d).
+template <class O> inline void put4(O* out, __m256d s) {
+    s = _mm256_add_pd(s, _mm256_setzero_pd());
+    if constexpr (std::is_same_v<O, float>) _mm_storeu_ps(out, _mm256_cvtpd_ps(s));
+    else _mm256_storeu_pd(out, s);
+}
+
+// Pair l's joined partials q_l into (q_0 + q_1) and (q_2 + q_3).
+inline void join_pair(int l, __m256d ql, __m256d& s01, __m256d& s23) {
+    if (l == 0) s01 = ql;
+    else if (l == 1) s01 = _mm256_add_pd(s01, ql);
+    else if (l == 2) s23 = ql;
+    else s23 = _mm256_add_pd(s23, ql);
+}
+
 // out[i] = dot_real(a, b + i, n), for i < count: the same sums in the same
 // order, the outputs in the lanes; float data converted as it is loaded
 // (exactly), float outputs rounded once from the double sums. Two passes over the taps (those at
@@ -146,7 +161,6 @@ template <class B> inline void dot_many_d(const double* a, int64_t len, const B*
     // Indices in the pointer's width (lengths are those of int arguments).
     const std::ptrdiff_t n = std::ptrdiff_t(len), count = std::ptrdiff_t(cnt), step = 4 * kVecs;
     const std::ptrdiff_t n8 = n & ~std::ptrdiff_t(7), n4 = n & ~std::ptrdiff_t(3);
-    const __m256d zero = _mm256_setzero_pd();
     for (std::ptrdiff_t i = 0; i + step <= count; i += step) {
         const B* bi = b + i;
         __m256d lo[4][kVecs], hi[4][kVecs];
@@ -163,9 +177,7 @@ template <class B> inline void dot_many_d(const double* a, int64_t len, const B*
             __m256d s = _mm256_add_pd(_mm256_add_pd(q[0], q[1]), _mm256_add_pd(q[2], q[3]));
             for (std::ptrdiff_t j = n4; j < n; ++j)
                 s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), load4(bi + j + 4 * v)));
-            s = _mm256_add_pd(s, zero);
-            if constexpr (std::is_same_v<B, float>) _mm_storeu_ps(out + i + 4 * v, _mm256_cvtpd_ps(s));
-            else _mm256_storeu_pd(out + i + 4 * v, s);
+            put4(out + i + 4 * v, s);
         }
     }
 }
@@ -208,11 +220,7 @@ template <int V, class B, class O> inline void dot_many_pairs(const double* a, i
             }
             #pragma GCC unroll 8
             for (int v = 0; v < V; ++v) {
-                const __m256d ql = _mm256_add_pd(p[v], q[v]);
-                if (l == 0) s01[v] = ql;
-                else if (l == 1) s01[v] = _mm256_add_pd(s01[v], ql);
-                else if (l == 2) s23[v] = ql;
-                else s23[v] = _mm256_add_pd(s23[v], ql);
+                join_pair(l, _mm256_add_pd(p[v], q[v]), s01[v], s23[v]);
             }
         }
         #pragma GCC unroll 8
@@ -220,9 +228,7 @@ template <int V, class B, class O> inline void dot_many_pairs(const double* a, i
             __m256d s = _mm256_add_pd(s01[v], s23[v]);
             for (std::ptrdiff_t j = n4; j < n; ++j)
                 s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), load4(bi + j + 4 * v)));
-            s = _mm256_add_pd(s, zero);
-            if constexpr (std::is_same_v<O, float>) _mm_storeu_ps(out + i + 4 * v, _mm256_cvtpd_ps(s));
-            else _mm256_storeu_pd(out + i + 4 * v, s);
+            put4(out + i + 4 * v, s);
         }
     }
 }
@@ -254,11 +260,7 @@ template <int N, int V> struct Fixed {
                     q = _mm256_add_pd(q, prod(j + 4, v));
                 }
                 if (n4 > n8 && n8 > 0) p = _mm256_add_pd(p, prod(n8 + l, v));
-                const __m256d ql = _mm256_add_pd(p, q);
-                if (l == 0) s01[v] = ql;
-                else if (l == 1) s01[v] = _mm256_add_pd(s01[v], ql);
-                else if (l == 2) s23[v] = ql;
-                else s23[v] = _mm256_add_pd(s23[v], ql);
+                join_pair(l, _mm256_add_pd(p, q), s01[v], s23[v]);
             }
         }
         #pragma GCC unroll 8
@@ -266,9 +268,7 @@ template <int N, int V> struct Fixed {
             __m256d s = _mm256_add_pd(s01[v], s23[v]);
             #pragma GCC unroll 4
             for (int j = n4; j < N; ++j) s = _mm256_add_pd(s, prod(j, v));
-            s = _mm256_add_pd(s, zero);
-            if constexpr (std::is_same_v<O, float>) _mm_storeu_ps(out + 4 * v, _mm256_cvtpd_ps(s));
-            else _mm256_storeu_pd(out + 4 * v, s);
+            put4(out + 4 * v, s);
         }
     }
 
