@@ -330,13 +330,13 @@ inline constexpr int64_t kChunk = 256;
 
 // Tap counts with a kernel of their own (Fixed), dispatched by a table:
 // 4 kFixedVecs outputs a step (measured: three vectors on x86-64, two on
-// i386, where from 16 taps the pairs kernel is as fast).
+// i386).
 #if defined(__x86_64__)
-inline constexpr int kFixedVecs = 3, kFixedMax = 16;
+inline constexpr int kFixedVecs = 3;
 #else
-inline constexpr int kFixedVecs = 2, kFixedMax = 15;
+inline constexpr int kFixedVecs = 2;
 #endif
-inline constexpr int kFixedMin = 4;
+inline constexpr int kFixedMin = 4, kFixedMax = 16;
 template <class B> using FixedFn = void (*)(const double*, const B*, B*, std::ptrdiff_t);
 template <class B, int... I> constexpr std::array<FixedFn<B>, sizeof...(I)> fixed_table(std::integer_sequence<int, I...>) {
     return {&Fixed<kFixedMin + I, kFixedVecs>::template run<B>...};
