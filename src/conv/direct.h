@@ -236,12 +236,13 @@ template <int V, class B, class O> inline void dot_many_pairs(const double* a, i
 // The sums of dot_many_pairs for a tap count N known at compile time, 4 V
 // outputs a step, every product and join unrolled, the taps broadcast once
 // a call into t (read as memory operands). Float data goes through a block
-// of doubles a chunk at a time, each input converted once (exactly) by the
-// steps themselves, kLead inputs ahead of the first read (the block's last
-// N - 1 mod 4 inputs before the steps, so nothing past the data is read).
+// of doubles on the stack (about 8 KiB: a chunk of about 1 Ki outputs, few
+// restarts, measured), each input converted once (exactly) by the steps
+// themselves, kLead inputs ahead of the first read (the block's last N - 1
+// mod 4 inputs before the steps, so nothing past the data is read).
 template <int N, int V> struct Fixed {
     static constexpr int n8 = N & ~7, n4 = N & ~3, kStep = 4 * V;
-    static constexpr std::ptrdiff_t kChunkOut = 256 / kStep * kStep, kLead = (kStep + N + 2) / 4 * 4 + 32;
+    static constexpr std::ptrdiff_t kChunkOut = 1024 / kStep * kStep, kLead = (kStep + N + 2) / 4 * 4 + 32;
 
     // Outputs i .. i + 4 V - 1 from the doubles at x (x[i] the first
     // input of output i).

@@ -224,7 +224,7 @@ template <class T> T negative_zero() {
 }
 
 template <class T> void direct_sums_have_one_order() {
-    for (const int lb : {300, 45}) {
+    for (const int lb : {1100, 45}) {
         for (const bool zeros : {false, true}) {
             for (int la : {1, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 21, 36, 63, 130}) {
                 auto a = rand_vec<T>(la, 23 + la), b = rand_vec<T>(lb, 29);
@@ -244,6 +244,7 @@ template <class T> void direct_sums_have_one_order() {
                 expect_bits(whole, one, "CrossCorr by single lags", la);
                 expect_bits(whole, moved, "CrossCorr moved", la);
                 if constexpr (std::is_same_v<T, float>) {
+                    if (la >= 64 && la + lb - 1 >= 512) continue;  // the convolution's FFT path
                     const int m = la + lb - 1;
                     std::vector<float> conv(static_cast<size_t>(m)), single(conv), shifted(conv);
                     ASSERT_EQ(zamsConv_32f(a.data(), la, b.data(), lb, conv.data()), zamStatusOk);
