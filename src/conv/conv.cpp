@@ -43,15 +43,17 @@ template <class T> zamStatus conv_range(const T* a, int la, const T* b, int lb, 
     } else {
         const DoubleTaps<T> ar(a + la - 1, la, -1);
         if (!ar.ok()) return zamStatusNoMemory;
-        const int64_t full0 = std::clamp<int64_t>(la - 1, first, first + count);
-        const int64_t full1 = std::clamp<int64_t>(lb, full0, first + count);
-        auto edge = [&](int64_t n) {
-            const int64_t k0 = std::max<int64_t>(0, n - lb + 1), k1 = std::min<int64_t>(la - 1, n);
-            out[n - first] = T(dot_real(ar.get() + (la - 1 - k1), b + (n - k1), k1 - k0 + 1));
+        // Output indices in the pointer's width: they address the sources.
+        using P = std::ptrdiff_t;
+        const P f = P(first), e = P(first + count);
+        const P full0 = std::clamp<P>(la - 1, f, e), full1 = std::clamp<P>(lb, full0, e);
+        auto edge = [&](P n) {
+            const P k0 = std::max<P>(0, n - lb + 1), k1 = std::min<P>(la - 1, n);
+            out[n - f] = T(dot_real(ar.get() + (la - 1 - k1), b + (n - k1), k1 - k0 + 1));
         };
-        for (int64_t n = first; n < full0; ++n) edge(n);
-        dot_many(ar.get(), la, b + (full0 - la + 1), out + (full0 - first), full1 - full0, ar.scratch());
-        for (int64_t n = full1; n < first + count; ++n) edge(n);
+        for (P n = f; n < full0; ++n) edge(n);
+        dot_many(ar.get(), la, b + (full0 - la + 1), out + (full0 - f), full1 - full0, ar.scratch());
+        for (P n = full1; n < e; ++n) edge(n);
     }
     return zamStatusOk;
 }

@@ -153,9 +153,11 @@ zamStatus crosscorr(const T* a, int la, const T* b, int lb, O* dst, int dstLen, 
             return st < 0 ? st : zamStatusOk;
         }
     }
-    auto one = [&](int64_t n) {
-        const int64_t lag = start + n;
-        const int64_t k0 = std::max<int64_t>(0, -lag), k1 = std::min<int64_t>(la, lb - lag);
+    // Lags in the pointer's width: from here they lie in [1 - la, lb - 1].
+    using P = std::ptrdiff_t;
+    auto one = [&, start = P(start)](P n) {
+        const P lag = start + n;
+        const P k0 = std::max<P>(0, -lag), k1 = std::min<P>(la, lb - lag);
         const auto s = lag_sum(a + k0, b + k0 + lag, k1 - k0);
         if constexpr (std::is_same_v<O, Zam64s>) out[n] = s;
         else if constexpr (kInt<T>) out[n] = scale_round_sat<O>(s, sf);
@@ -176,8 +178,8 @@ zamStatus crosscorr(const T* a, int la, const T* b, int lb, O* dst, int dstLen, 
         }
         if (!many) full0 = full1 = count;
     }
-    for (int64_t n = 0; n < full0; ++n) one(n);
-    for (int64_t n = full1; n < count; ++n) one(n);
+    for (P n = 0; n < P(full0); ++n) one(n);
+    for (P n = P(full1); n < P(count); ++n) one(n);
     return zamStatusOk;
 }
 

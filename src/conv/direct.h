@@ -10,9 +10,11 @@
 #include <immintrin.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
+#include <utility>
 
 #include "../common/types.h"
 #include "zamcore.h"
@@ -131,6 +133,21 @@ template <class B> inline void start4(bool any, const double* a, const B* b, __m
         for (auto& v : r) v = _mm256_setzero_pd();
 }
 
+// Four finished sums rounded to the outputs: + 0 first (see dot_many_d).
+template <class O> inline void put4(O* out, __m256d s) {
+    s = _mm256_add_pd(s, _mm256_setzero_pd());
+    if constexpr (std::is_same_v<O, float>) _mm_storeu_ps(out, _mm256_cvtpd_ps(s));
+    else _mm256_storeu_pd(out, s);
+}
+
+// Pair l's joined partials q_l into (q_0 + q_1) and (q_2 + q_3).
+inline void join_pair(int l, __m256d ql, __m256d& s01, __m256d& s23) {
+    if (l == 0) s01 = ql;
+    else if (l == 1) s01 = _mm256_add_pd(s01, ql);
+    else if (l == 2) s23 = ql;
+    else s23 = _mm256_add_pd(s23, ql);
+}
+
 // out[i] = dot_real(a, b + i, n), for i < count: the same sums in the same
 // order, the outputs in the lanes; float data converted as it is loaded
 // (exactly), float outputs rounded once from the double sums. Two passes over the taps (those at
@@ -144,7 +161,6 @@ template <class B> inline void dot_many_d(const double* a, int64_t len, const B*
     // Indices in the pointer's width (lengths are those of int arguments).
     const std::ptrdiff_t n = std::ptrdiff_t(len), count = std::ptrdiff_t(cnt), step = 4 * kVecs;
     const std::ptrdiff_t n8 = n & ~std::ptrdiff_t(7), n4 = n & ~std::ptrdiff_t(3);
-    const __m256d zero = _mm256_setzero_pd();
     for (std::ptrdiff_t i = 0; i + step <= count; i += step) {
         const B* bi = b + i;
         __m256d lo[4][kVecs], hi[4][kVecs];
@@ -161,9 +177,7 @@ template <class B> inline void dot_many_d(const double* a, int64_t len, const B*
             __m256d s = _mm256_add_pd(_mm256_add_pd(q[0], q[1]), _mm256_add_pd(q[2], q[3]));
             for (std::ptrdiff_t j = n4; j < n; ++j)
                 s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), load4(bi + j + 4 * v)));
-            s = _mm256_add_pd(s, zero);
-            if constexpr (std::is_same_v<B, float>) _mm_storeu_ps(out + i + 4 * v, _mm256_cvtpd_ps(s));
-            else _mm256_storeu_pd(out + i + 4 * v, s);
+            put4(out + i + 4 * v, s);
         }
     }
 }
@@ -206,11 +220,7 @@ template <int V, class B, class O> inline void dot_many_pairs(const double* a, i
             }
             #pragma GCC unroll 8
             for (int v = 0; v < V; ++v) {
-                const __m256d ql = _mm256_add_pd(p[v], q[v]);
-                if (l == 0) s01[v] = ql;
-                else if (l == 1) s01[v] = _mm256_add_pd(s01[v], ql);
-                else if (l == 2) s23[v] = ql;
-                else s23[v] = _mm256_add_pd(s23[v], ql);
+                join_pair(l, _mm256_add_pd(p[v], q[v]), s01[v], s23[v]);
             }
         }
         #pragma GCC unroll 8
@@ -218,12 +228,73 @@ template <int V, class B, class O> inline void dot_many_pairs(const double* a, i
             __m256d s = _mm256_add_pd(s01[v], s23[v]);
             for (std::ptrdiff_t j = n4; j < n; ++j)
                 s = _mm256_add_pd(s, _mm256_mul_pd(_mm256_broadcast_sd(a + j), load4(bi + j + 4 * v)));
-            s = _mm256_add_pd(s, zero);
-            if constexpr (std::is_same_v<O, float>) _mm_storeu_ps(out + i + 4 * v, _mm256_cvtpd_ps(s));
-            else _mm256_storeu_pd(out + i + 4 * v, s);
+            put4(out + i + 4 * v, s);
         }
     }
 }
+
+// The sums of dot_many_pairs for a tap count N known at compile time, 4 V
+// outputs a step, every product and join unrolled, the taps broadcast once
+// a call into t (read as memory operands). Float data goes through a block
+// of doubles on the stack (about 8 KiB: a chunk of about 1 Ki outputs, few
+// restarts, measured), each input converted once (exactly) by the steps
+// themselves, kLead inputs ahead of the first read (the block's last N - 1
+// mod 4 inputs before the steps, so nothing past the data is read).
+template <int N, int V> struct Fixed {
+    static constexpr int n8 = N & ~7, n4 = N & ~3, kStep = 4 * V;
+    static constexpr std::ptrdiff_t kChunkOut = 1024 / kStep * kStep, kLead = (kStep + N + 2) / 4 * 4 + 32;
+
+    // Outputs i .. i + 4 V - 1 from the doubles at x (x[i] the first
+    // input of output i).
+    template <class O> static void step(const double* t, const double* x, O* out) {
+        const __m256d zero = _mm256_setzero_pd();
+        auto prod = [&](int j, int v) { return _mm256_mul_pd(_mm256_load_pd(t + 4 * j), _mm256_loadu_pd(x + j + 4 * v)); };
+        __m256d s01[V], s23[V];
+        #pragma GCC unroll 4
+        for (int l = 0; l < 4; ++l) {
+            #pragma GCC unroll 8
+            for (int v = 0; v < V; ++v) {
+                __m256d p = n4 > 0 ? prod(l, v) : zero, q = n8 > 0 ? prod(l + 4, v) : zero;
+                #pragma GCC unroll 4
+                for (int j = l + 8; j < n8; j += 8) {
+                    p = _mm256_add_pd(p, prod(j, v));
+                    q = _mm256_add_pd(q, prod(j + 4, v));
+                }
+                if (n4 > n8 && n8 > 0) p = _mm256_add_pd(p, prod(n8 + l, v));
+                join_pair(l, _mm256_add_pd(p, q), s01[v], s23[v]);
+            }
+        }
+        #pragma GCC unroll 8
+        for (int v = 0; v < V; ++v) {
+            __m256d s = _mm256_add_pd(s01[v], s23[v]);
+            #pragma GCC unroll 4
+            for (int j = n4; j < N; ++j) s = _mm256_add_pd(s, prod(j, v));
+            put4(out + 4 * v, s);
+        }
+    }
+
+    // out[i] for i < count (a multiple of 4 V).
+    template <class B> static void run(const double* t, const B* b, B* out, std::ptrdiff_t count) {
+        using P = std::ptrdiff_t;
+        if constexpr (std::is_same_v<B, double>) {
+            for (P i = 0; i < count; i += kStep) step(t, b + i, out + i);
+        } else {
+            alignas(32) double x[kChunkOut + N + 3];
+            for (P i0 = 0; i0 < count; i0 += kChunkOut) {
+                const B* bi = b + i0;
+                const P c = std::min(kChunkOut, count - i0), len = c + N - 1, len4 = len & ~P(3);
+                for (P k = 0; k < std::min(kLead, len4); k += 4) _mm256_store_pd(x + k, load4(bi + k));
+                for (P k = len4; k < len; ++k) x[k] = double(bi[k]);
+                for (P i = 0; i < c; i += kStep) {
+                    #pragma GCC unroll 8
+                    for (int g = 0; g < V; ++g)
+                        if (const P k = i + kLead + 4 * g; k < len4) _mm256_store_pd(x + k, load4(bi + k));
+                    step(t, x + i, out + i0 + i);
+                }
+            }
+        }
+    }
+};
 
 // Complex data: outRe[i] + i outIm[i] = lag_sum(a, b + i, n) for i < count,
 // its four sums in sequence from +0 as there, the outputs in the lanes. a
@@ -258,6 +329,22 @@ inline void cdot_many_d(const double* a, int64_t n, const double* re, const doub
 // Outputs a pass of dot_many over float data.
 inline constexpr int64_t kChunk = 256;
 
+// Tap counts with a kernel of their own (Fixed), dispatched by a table:
+// 4 kFixedVecs outputs a step (measured: three vectors on x86-64, two on
+// i386).
+#if defined(__x86_64__)
+inline constexpr int kFixedVecs = 3;
+#else
+inline constexpr int kFixedVecs = 2;
+#endif
+inline constexpr int kFixedMin = 4, kFixedMax = 16;
+template <class B> using FixedFn = void (*)(const double*, const B*, B*, std::ptrdiff_t);
+template <class B, int... I> constexpr std::array<FixedFn<B>, sizeof...(I)> fixed_table(std::integer_sequence<int, I...>) {
+    return {&Fixed<kFixedMin + I, kFixedVecs>::template run<B>...};
+}
+template <class B>
+inline constexpr auto kFixed = fixed_table<B>(std::make_integer_sequence<int, kFixedMax - kFixedMin + 1>{});
+
 // The many-output kernels over any floating data: out[i] = the lag sum of
 // a (n taps in double, pairs for complex data) against b + i, for
 // i < count. Real data is read where it lies (floats converted as they
@@ -268,10 +355,16 @@ template <class B> inline constexpr int kParts = is_complex_v<B> ? 2 : 1;
 
 template <class B>
 inline void dot_many(const double* a, int64_t n, const B* b, B* out, int64_t count, double* scratch) {
-    const int64_t step = is_complex_v<B> || !pairs_for(n) ? 4 * kVecs : 4 * kRealVecs;
-    const int64_t whole = count - count % step;
+    const bool fixed = !is_complex_v<B> && n >= kFixedMin && n <= kFixedMax;
+    // In the pointer's width (a 64-bit remainder is a library call on i386).
+    const std::ptrdiff_t step = fixed ? 4 * kFixedVecs : is_complex_v<B> || !pairs_for(n) ? 4 * kVecs : 4 * kRealVecs;
+    const int64_t whole = std::ptrdiff_t(count) - std::ptrdiff_t(count) % step;
     if constexpr (!is_complex_v<B>) {
-        if (!pairs_for(n)) {
+        if (fixed) {
+            alignas(32) double t[4 * kFixedMax];
+            for (int64_t j = 0; j < n; ++j) _mm256_store_pd(t + 4 * j, _mm256_broadcast_sd(a + j));
+            kFixed<B>[n - kFixedMin](t, b, out, whole);
+        } else if (!pairs_for(n)) {
             dot_many_d(a, n, b, out, whole);
         } else if (std::is_same_v<B, float> && n >= 32) {
             // Float data from 32 taps converted to double a chunk at a time
