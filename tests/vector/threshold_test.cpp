@@ -4,7 +4,6 @@
 
 #include "digest.h"
 #include "sweep.h"
-#include "zamcore.h"
 
 namespace {
 
@@ -234,9 +233,8 @@ TEST(ThresholdInv, ComplexMatchesModel) {
 // elements are all written.
 TEST(ThresholdInv, ZeroWarningsOnBothPaths) {
     struct Case { int below, from; } const sizes[] = {{8191, 8192}, {2047, 2048}};
-    int saved = ownGetNumThreads();
     for (int threads : {1, 2}) {
-        zamSetNumThreads(threads);
+        zt::Threads th(threads);
         for (int len : {sizes[0].below, sizes[0].from, sizes[0].from + 1}) {
             for (int where : {0, len / 2 + 1, len - 1}) {
                 std::vector<Zam32f> x(len, 2.0f), y(len, 9.0f);
@@ -268,7 +266,6 @@ TEST(ThresholdInv, ZeroWarningsOnBothPaths) {
             EXPECT_EQ(c[len - 1].im, -0.25);
         }
     }
-    zamSetNumThreads(saved);
 }
 
 // ------------------------------------------------------------ checks
