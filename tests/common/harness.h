@@ -12,6 +12,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "zamcore.h"
 #include "zams.h"
 
 namespace zt {
@@ -91,12 +92,36 @@ inline std::vector<size_t> all_offsets() {
     return v;
 }
 
+// Sets the library's thread count for a scope and restores it.
+class Threads {
+public:
+    explicit Threads(int n) : old_(ownGetNumThreads()) { zamSetNumThreads(n); }
+    ~Threads() { zamSetNumThreads(old_); }
+    Threads(const Threads&) = delete;
+    Threads& operator=(const Threads&) = delete;
+
+private:
+    int old_;
+};
+
+// The result a call wrote, after checking that it succeeded:
+// EXPECT_EQ(zt::ok(zamsSum_32s_Sfs(x, n, &s, 0), s), want).
+template <class T> const T& ok(zamStatus s, const T& out) {
+    EXPECT_EQ(s, zamStatusOk);
+    return out;
+}
+
 // Raw bit pattern of a value, for exact comparisons that see -0 and NaN payloads.
 template <class T> auto bits(T v) {
     if constexpr (sizeof(T) == 8) { uint64_t b; std::memcpy(&b, &v, 8); return b; }
     else if constexpr (sizeof(T) == 4) { uint32_t b; std::memcpy(&b, &v, 4); return b; }
     else if constexpr (sizeof(T) == 2) { uint16_t b; std::memcpy(&b, &v, 2); return b; }
     else { uint8_t b; std::memcpy(&b, &v, 1); return b; }
+}
+
+// The same bits, element for element.
+template <class T> bool same_bits(const std::vector<T>& a, const std::vector<T>& b) {
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
 }
 
 }  // namespace zt

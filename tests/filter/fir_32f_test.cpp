@@ -9,17 +9,12 @@
 
 #include "digest.h"
 #include "fir_model.h"
-#include "zamcore.h"
 
 namespace {
 
 using fm::LD;
 
-struct Threads {
-    explicit Threads(int n) : old_(ownGetNumThreads()) { zamSetNumThreads(n); }
-    ~Threads() { zamSetNumThreads(old_); }
-    int old_;
-};
+using zt::Threads;
 
 // A 32f state in caller memory, sized at the current thread count.
 struct State {
@@ -188,7 +183,7 @@ TEST(Fir32f, DirectFormIsItsStatedArithmetic) {
             std::fill(dl.data(), dl.data() + 2 * L, 0.0f);
             int ii = L / 2;
             ASSERT_EQ(zamsFIR_Direct_32f_I(io.data(), 120, taps.data(), L, dl.data(), &ii), 0);
-            ASSERT_TRUE(fm::same(io, std::vector<float>(y.begin(), y.begin() + 120))) << "in place L=" << L;
+            ASSERT_TRUE(zt::same_bits(io, std::vector<float>(y.begin(), y.begin() + 120))) << "in place L=" << L;
             ASSERT_EQ(zamsFIR_Direct_32f(x.data() + 120, y.data() + 120, 180, taps.data(), L, dl.data(), &ii), 0);
             float v = x[0], w = x[0];
             int i2 = idx;

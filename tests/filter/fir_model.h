@@ -121,9 +121,6 @@ template <class T> std::vector<T> vec(size_t n, uint32_t seed, int lim) {
 template <class T> constexpr bool is_int_v =
     std::is_integral_v<T> || std::is_same_v<T, Zam16sc> || std::is_same_v<T, Zam32sc>;
 
-// The same bits, element for element.
-template <class D> bool same(const std::vector<D>& a, const std::vector<D>& b) {
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(D)) == 0;
-}
+using zt::same_bits;
 
 }  // namespace fm

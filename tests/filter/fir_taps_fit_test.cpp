@@ -21,23 +21,17 @@ const std::vector<Zam16s> kWant = {100, 200, 0, -200, 0};
 const Zam32f kTaps[4] = {1.0f, kInf, kNaN, -kInf};
 
 TEST(FirTapsFit, NonFiniteFloatTapsSaturate) {
-    ZamsFIRState32s_16s* st = nullptr;
-    ASSERT_EQ(zamsFIRInitAlloc32s_16s32f(&st, kTaps, 4, nullptr), 0);
-    const Zam16s src[5] = {100, 0, 0, 0, 0};
-    std::vector<Zam16s> dst(5, 7);
-    EXPECT_EQ(zamsFIR32s_16s_Sfs(src, dst.data(), 5, st, 0), 0);
-    EXPECT_EQ(dst, kWant);
-    zamsFIRFree32s_16s(st);
-}
-
-TEST(FirTapsFit, NonFiniteFloatTapsSaturateMultirate) {
-    ZamsFIRState32s_16s* st = nullptr;
-    ASSERT_EQ(zamsFIRMRInitAlloc32s_16s32f(&st, kTaps, 4, 1, 0, 1, 0, nullptr), 0);
-    const Zam16s src[5] = {100, 0, 0, 0, 0};
-    std::vector<Zam16s> dst(5, 7);
-    EXPECT_EQ(zamsFIR32s_16s_Sfs(src, dst.data(), 5, st, 0), 0);
-    EXPECT_EQ(dst, kWant);
-    zamsFIRFree32s_16s(st);
+    for (bool multirate : {false, true}) {
+        ZamsFIRState32s_16s* st = nullptr;
+        ASSERT_EQ(multirate ? zamsFIRMRInitAlloc32s_16s32f(&st, kTaps, 4, 1, 0, 1, 0, nullptr)
+                            : zamsFIRInitAlloc32s_16s32f(&st, kTaps, 4, nullptr),
+                  0);
+        const Zam16s src[5] = {100, 0, 0, 0, 0};
+        std::vector<Zam16s> dst(5, 7);
+        EXPECT_EQ(zamsFIR32s_16s_Sfs(src, dst.data(), 5, st, 0), 0);
+        EXPECT_EQ(dst, kWant) << "multirate " << multirate;
+        zamsFIRFree32s_16s(st);
+    }
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ using fm::LC;
 using fm::LD;
 
 using fm::is_int_v;
-using fm::same;
+using zt::same_bits;
 using fm::vec;
 
 // One pair's exports behind one signature each (factor and scale factor
@@ -278,11 +278,11 @@ TYPED_TEST(FirTypes, SetTapsAndLineEqualAFreshState) {
         std::vector<D> dg(db.size()), y1(x.size()), y2(x.size());
         ASSERT_EQ(P::get_taps(set, tg.data()), 0);
         ASSERT_EQ(P::get_dly(set, dg.data()), 0);
-        EXPECT_TRUE(same(tg, b)) << P::name << " L=" << L;
-        EXPECT_TRUE(same(dg, db)) << P::name << " L=" << L;
+        EXPECT_TRUE(same_bits(tg, b)) << P::name << " L=" << L;
+        EXPECT_TRUE(same_bits(dg, db)) << P::name << " L=" << L;
         ASSERT_EQ(P::run(x.data(), y1.data(), 300, set, sf), 0);
         ASSERT_EQ(P::run(x.data(), y2.data(), 300, fresh, sf), 0);
-        EXPECT_TRUE(same(y1, y2)) << P::name << " L=" << L;
+        EXPECT_TRUE(same_bits(y1, y2)) << P::name << " L=" << L;
         ASSERT_EQ(P::free(set), 0);
         ASSERT_EQ(P::free(fresh), 0);
     }
@@ -331,7 +331,7 @@ TYPED_TEST(FirTypes, DirectFormsEqualTheStateFormAndEachOther) {
             n = std::min(x.size() - done, n * 3);
             ASSERT_EQ(P::direct_i(got.data() + done, int(n), taps.data(), L, f, dl1.data(), &ix1, sf), 0);
         }
-        EXPECT_TRUE(same(want, got)) << P::name << " in place L=" << L;
+        EXPECT_TRUE(same_bits(want, got)) << P::name << " in place L=" << L;
         for (size_t n = 0; n < x.size(); ++n) {
             D y{}, z = x[n];
             ASSERT_EQ(P::one_direct(x[n], &y, taps.data(), L, f, dl2.data(), &ix2, sf), 0);
@@ -339,7 +339,7 @@ TYPED_TEST(FirTypes, DirectFormsEqualTheStateFormAndEachOther) {
             ASSERT_EQ(0, std::memcmp(&y, &want[n], sizeof(D))) << P::name << " one L=" << L << " n=" << n;
             ASSERT_EQ(0, std::memcmp(&z, &want[n], sizeof(D))) << P::name << " one_i L=" << L << " n=" << n;
         }
-        EXPECT_TRUE(same(dlw, dl1) && same(dlw, dl2) && same(dlw, dl3)) << P::name << " L=" << L;
+        EXPECT_TRUE(same_bits(dlw, dl1) && same_bits(dlw, dl2) && same_bits(dlw, dl3)) << P::name << " L=" << L;
         EXPECT_TRUE(ix1 == ixw && ix2 == ixw && ix3 == ixw) << P::name << " L=" << L;
     }
 }
@@ -503,34 +503,34 @@ TYPED_TEST(FirFloatTapsLife, MatchesIntegerTapsSiblingAndRoundTrips) {
             ASSERT_EQ(P::run(x.data(), ya.data(), int(x.size()), a, sf), 0);
             ASSERT_EQ(P::run(x.data(), yb.data(), int(x.size()), b, sf), 0);
             ASSERT_TRUE(mem.guards_intact()) << P::name << " L=" << L;
-            EXPECT_TRUE(same(want, ya)) << P::name << " Init L=" << L << " e=" << e;
-            EXPECT_TRUE(same(want, yb)) << P::name << " InitAlloc L=" << L << " e=" << e;
+            EXPECT_TRUE(same_bits(want, ya)) << P::name << " Init L=" << L << " e=" << e;
+            EXPECT_TRUE(same_bits(want, yb)) << P::name << " InitAlloc L=" << L << " e=" << e;
             // taps and delay line round trips
             std::vector<F> tg(static_cast<size_t>(L));
             ASSERT_EQ(P::get_taps(a, tg.data()), 0);
-            EXPECT_TRUE(same(tf, tg)) << P::name;
+            EXPECT_TRUE(same_bits(tf, tg)) << P::name;
             std::vector<D> dg(static_cast<size_t>(L));
             ASSERT_EQ(P::get_dly(b, dg.data()), 0);
             std::vector<D> last(x.rbegin(), x.rbegin() + L);
-            EXPECT_TRUE(same(last, dg)) << P::name << " delay line after filtering";
+            EXPECT_TRUE(same_bits(last, dg)) << P::name << " delay line after filtering";
             const auto dnew = vec<D>(size_t(L), uint32_t(L + 99), 30000);
             ASSERT_EQ(P::set_dly(b, dnew.data()), 0);
             ASSERT_EQ(P::get_dly(b, dg.data()), 0);
-            EXPECT_TRUE(same(dnew, dg)) << P::name;
+            EXPECT_TRUE(same_bits(dnew, dg)) << P::name;
             // new taps (reversed) and a zero delay line: a fresh sibling's outputs
             std::vector<F> tr(tf.rbegin(), tf.rend());
             std::vector<I> kr(ki.rbegin(), ki.rend());
             ASSERT_EQ(P::set_taps(tr.data(), a), 0);
             ASSERT_EQ(P::get_taps(a, tg.data()), 0);
-            EXPECT_TRUE(same(tr, tg)) << P::name;
+            EXPECT_TRUE(same_bits(tr, tg)) << P::name;
             ASSERT_EQ(P::set_dly(a, nullptr), 0);
             ASSERT_EQ(P::get_dly(a, dg.data()), 0);
-            EXPECT_TRUE(same(std::vector<D>(size_t(L)), dg)) << P::name << " null delay line is zeros";
+            EXPECT_TRUE(same_bits(std::vector<D>(size_t(L)), dg)) << P::name << " null delay line is zeros";
             typename P::S* sib2 = nullptr;
             ASSERT_EQ(P::sib_alloc(&sib2, kr.data(), L, e, nullptr), 0);
             ASSERT_EQ(P::run(x.data(), want.data(), int(x.size()), sib2, sf), 0);
             ASSERT_EQ(P::run(x.data(), ya.data(), int(x.size()), a, sf), 0);
-            EXPECT_TRUE(same(want, ya)) << P::name << " after SetTaps L=" << L << " e=" << e;
+            EXPECT_TRUE(same_bits(want, ya)) << P::name << " after SetTaps L=" << L << " e=" << e;
             ASSERT_TRUE(mem.guards_intact());
             // Free: allocated and in caller memory (a no-op) alike
             EXPECT_EQ(P::free(a), 0);

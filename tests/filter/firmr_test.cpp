@@ -61,9 +61,6 @@ template <class T> std::vector<T> rnd(int n, uint32_t seed) {
     }
     return out;
 }
-template <class T> bool same_bits(const std::vector<T>& a, const std::vector<T>& b) {
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
-}
 
 // The entry points of a floating type, its multirate build and the
 // single-rate operations that take the state.
@@ -125,9 +122,9 @@ template <class T, class S> void check_model(const Api<T, S>& a, const char* wha
         // The delay line is the last inputs, newest first; the taps come back as given.
         std::vector<T> d(static_cast<size_t>(H)), t(static_cast<size_t>(r.L));
         ASSERT_EQ(a.getDly(st.p, d.data()), 0);
-        ASSERT_TRUE(same_bits(d, std::vector<T>(x.rbegin(), x.rbegin() + H))) << what;
+        ASSERT_TRUE(zt::same_bits(d, std::vector<T>(x.rbegin(), x.rbegin() + H))) << what;
         ASSERT_EQ(a.getTaps(st.p, t.data()), 0);
-        ASSERT_TRUE(same_bits(t, taps)) << what;
+        ASSERT_TRUE(zt::same_bits(t, taps)) << what;
     }
 }
 
@@ -155,16 +152,16 @@ template <class T, class S> void check_pieces(const Api<T, S>& a, const char* wh
             ASSERT_EQ(a.filter(x.data() + b * r.D, yp.data() + b * r.U, n, parts.p), 0);
             std::copy(x.begin() + b * r.D, x.begin() + (b + n) * r.D, buf.begin());
             ASSERT_EQ(a.filterI(buf.data(), n, inpl.p), 0);
-            ASSERT_TRUE(same_bits(std::vector<T>(buf.begin(), buf.begin() + n * r.U),
+            ASSERT_TRUE(zt::same_bits(std::vector<T>(buf.begin(), buf.begin() + n * r.U),
                                   std::vector<T>(y.begin() + b * r.U, y.begin() + (b + n) * r.U)))
                 << what << " in place U=" << r.U << " D=" << r.D << " b=" << b;
             b += n;
         }
-        ASSERT_TRUE(same_bits(y, yp)) << what << " U=" << r.U << " D=" << r.D;
+        ASSERT_TRUE(zt::same_bits(y, yp)) << what << " U=" << r.U << " D=" << r.D;
         S* al = nullptr;
         ASSERT_EQ(a.alloc(&al, taps.data(), r.L, r.U, r.up, r.D, r.dp, nullptr), 0);
         ASSERT_EQ(a.filter(x.data(), yp.data(), N, al), 0);
-        ASSERT_TRUE(same_bits(y, yp)) << what;
+        ASSERT_TRUE(zt::same_bits(y, yp)) << what;
         ASSERT_EQ(a.release(al), 0);
         ASSERT_EQ(a.release(one.p), 0);  // caller memory: nothing to release, the state stays usable
         ASSERT_EQ(a.filter(x.data(), yp.data(), 1, one.p), 0);
@@ -193,7 +190,7 @@ TEST(FirMR, SetTapsAndDelayLineActLikeAFreshState) {
     ASSERT_EQ(d, d2);
     ASSERT_EQ(zamsFIR_32f(x.data(), ya.data(), N, a.p), 0);
     ASSERT_EQ(zamsFIR_32f(x.data(), yb.data(), N, b.p), 0);
-    ASSERT_TRUE(same_bits(ya, yb));
+    ASSERT_TRUE(zt::same_bits(ya, yb));
     ASSERT_EQ(zamsFIRSetDlyLine_32f(a.p, nullptr), 0);
     ASSERT_EQ(zamsFIRGetDlyLine_32f(a.p, d.data()), 0);
     ASSERT_EQ(d, std::vector<float>(static_cast<size_t>(H), 0.0f));
@@ -206,7 +203,7 @@ TEST(FirMR, SetTapsAndDelayLineActLikeAFreshState) {
     ASSERT_EQ(zamsFIRSetDlyLine_32f(b.p, d2.data()), 0);
     ASSERT_EQ(zamsFIR_32f(x.data(), ya.data(), N, s), 0);
     ASSERT_EQ(zamsFIR_32f(x.data(), yb.data(), N, b.p), 0);
-    ASSERT_TRUE(same_bits(ya, yb));
+    ASSERT_TRUE(zt::same_bits(ya, yb));
     ASSERT_EQ(zamsFIRMRStreamInitAlloc_32f(&s, t2.data(), r.L, r.U, r.up, r.D, r.dp, nullptr), 0);
     ASSERT_EQ(zamsFIRFree_32f(s), 0);
 }
@@ -229,7 +226,7 @@ TEST(FirMR, CallerMemoryAtEveryMisalignment) {
             ASSERT_EQ(zamsFIR_32f(src.data(), dst.data(), N, p), 0);
             ASSERT_TRUE(buf.guards_intact() && src.guards_intact() && dst.guards_intact()) << "off=" << off;
             if (off == 0) ref = dst.to_vector();
-            ASSERT_TRUE(same_bits(dst.to_vector(), ref)) << "off=" << off;
+            ASSERT_TRUE(zt::same_bits(dst.to_vector(), ref)) << "off=" << off;
         }
     }
 }

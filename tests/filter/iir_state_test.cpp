@@ -61,8 +61,7 @@ TEST(IirState, SizeQueryStatuses) {
         int s = -1;
         for (Form f : forms(api)) {
             SCOPED_TRACE(api.name);
-            EXPECT_EQ(size_of(api, f, 1, nullptr), zamStatusNullPointer);
-            EXPECT_EQ(size_of(api, f, 0, nullptr), zamStatusNullPointer);
+            EXPECT_EQ(size_of(api, f, 0, nullptr), zamStatusNullPointer);  // the pointer before the order
             EXPECT_EQ(size_of(api, f, 0, &s), zamStatusBadFilterOrder);
             EXPECT_EQ(size_of(api, f, -3, &s), zamStatusBadFilterOrder);
             EXPECT_EQ(size_of(api, f, 1 << 28, &s), zamStatusNoMemory);
@@ -185,48 +184,24 @@ TEST(IirState, ZeroLeadingCoefficients) {
     });
 }
 
-TEST(IirState, NullPointersOrderAndForeignStates) {
+// The order of the checks: pointers before the order, the order before
+// the memory; nothing built on an error. (Each null pointer alone and
+// foreign states are the hostile sweep's.)
+TEST(IirState, ChecksInOrder) {
     each_kind([](const auto& api) {
         using T = typename std::decay_t<decltype(api)>::Taps;
         using S = typename std::decay_t<decltype(api)>::State;
         SCOPED_TRACE(api.name);
         const auto taps = random_taps<T>(Ar, 2, 1);
-        std::vector<T> d(8);
         int size = 0;
         ASSERT_EQ(api.size(2, &size), zamStatusOk);
         std::vector<Zam8u> buf(size);
         S* st = nullptr;
         EXPECT_EQ(api.init(nullptr, taps.data(), 0, nullptr, buf.data()), zamStatusNullPointer);
-        EXPECT_EQ(api.init(&st, nullptr, 2, nullptr, buf.data()), zamStatusNullPointer);
-        EXPECT_EQ(api.init(&st, taps.data(), 2, nullptr, nullptr), zamStatusNullPointer);
         EXPECT_EQ(api.init(&st, taps.data(), 0, nullptr, buf.data()), zamStatusBadFilterOrder);
-        EXPECT_EQ(api.alloc(nullptr, taps.data(), 2, nullptr), zamStatusNullPointer);
-        EXPECT_EQ(api.alloc(&st, nullptr, 2, nullptr), zamStatusNullPointer);
         EXPECT_EQ(api.alloc(&st, taps.data(), -1, nullptr), zamStatusBadFilterOrder);
         EXPECT_EQ(api.alloc(&st, taps.data(), 1 << 28, nullptr), zamStatusNoMemory);  // taps never read
         EXPECT_EQ(api.initBq(&st, taps.data(), 0, nullptr, buf.data()), zamStatusBadFilterOrder);
         EXPECT_EQ(st, nullptr);
-        EXPECT_EQ(api.free(nullptr), zamStatusNullPointer);
-        EXPECT_EQ(api.setTaps(nullptr, st), zamStatusNullPointer);
-        EXPECT_EQ(api.getDly(nullptr, st), zamStatusNullPointer);
-        EXPECT_EQ(api.setDly(d.data(), nullptr), zamStatusNullPointer);
-
-        // Zeroed memory, random memory and another kind's state: -17, nothing written.
-        std::vector<Zam8u> zero(size, 0), noise(size);
-        for (size_t i = 0; i < noise.size(); ++i) noise[i] = Zam8u(i * 37 + 11);
-        ZamsIIRState_64f* other = nullptr;
-        const double otaps[] = {1, 0.5, 2, 0.25};
-        ASSERT_EQ(zamsIIRInitAlloc_64f(&other, otaps, 1, nullptr), zamStatusOk);
-        for (void* p : {static_cast<void*>(zero.data()), static_cast<void*>(noise.data()), static_cast<void*>(other)}) {
-            if (std::is_same_v<S, ZamsIIRState_64f> && p == other) continue;
-            S* s = static_cast<S*>(p);
-            const std::vector<Zam8u> before(static_cast<Zam8u*>(p), static_cast<Zam8u*>(p) + 64);
-            EXPECT_EQ(api.free(s), zamStatusContextMismatch);
-            EXPECT_EQ(api.setTaps(taps.data(), s), zamStatusContextMismatch);
-            EXPECT_EQ(api.getDly(d.data(), s), zamStatusContextMismatch);
-            EXPECT_EQ(api.setDly(nullptr, s), zamStatusContextMismatch);
-            EXPECT_EQ(std::memcmp(before.data(), p, 64), 0);
-        }
-        EXPECT_EQ(zamsIIRFree_64f(other), zamStatusOk);
     });
 }

@@ -9,19 +9,11 @@
 
 #include "digest.h"
 #include "harness.h"
-#include "zamcore.h"
 
 namespace mt {
 
-// Sets the library's thread count for a test and restores it.
-class Threads {
-public:
-    explicit Threads(int n) : old_(ownGetNumThreads()) { zamSetNumThreads(n); }
-    ~Threads() { zamSetNumThreads(old_); }
-
-private:
-    int old_;
-};
+using zt::ok;
+using zt::Threads;
 
 #ifdef __SIZEOF_INT128__
 using Wide = __int128;
@@ -109,12 +101,6 @@ template <class F> void steps_agree(zamStatus (*fn)(const F*, F*, int), const st
             ASSERT_EQ(zt::bits(y[size_t(i)]), zt::bits(one)) << what << " " << x[size_t(i)] << " at " << i;
         }
     }
-}
-
-// The result a call wrote, after checking that it succeeded.
-template <class T> const T& ok(zamStatus s, const T& out) {
-    EXPECT_EQ(s, zamStatusOk);
-    return out;
 }
 
 // The first n values, complex ones as their parts, for one comparison:

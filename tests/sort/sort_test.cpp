@@ -12,7 +12,6 @@
 
 #include "digest.h"
 #include "harness.h"
-#include "zamcore.h"
 
 namespace {
 
@@ -137,7 +136,6 @@ template <class T> struct Radix {
 // guards) and with a null one, on one and on two threads, around the length
 // at which they split.
 template <class T> void check_radix(const Radix<T>& api, int split) {
-    const int saved = ownGetNumThreads();
     for (int len : {1, 100, split - 1, split, split + 1, 5 * split + 3})
         for (const auto& in : inputs<T>(len, uint32_t(len) + 9)) {
             int bytes = 0;
@@ -147,7 +145,7 @@ template <class T> void check_radix(const Radix<T>& api, int split) {
                 std::vector<int> idx;
                 oracle(in, d == 1, val, idx);
                 for (int threads : {1, 2}) {
-                    zamSetNumThreads(threads);
+                    zt::Threads th(threads);
                     zt::Guarded<T> a(len, sizeof(T) / 2), b(len);
                     zt::Guarded<Zam8u> work(size_t(bytes), 5);
                     a.copy_from(in.data());
@@ -160,7 +158,6 @@ template <class T> void check_radix(const Radix<T>& api, int split) {
                 }
             }
         }
-    zamSetNumThreads(saved);
 }
 
 #define RADIX_API(c) \

@@ -14,12 +14,7 @@ namespace st {
 
 using LD = long double;
 
-// The result a call wrote, after checking that it succeeded:
-// EXPECT_EQ(st::ok(zamsSum_32s_Sfs(x, n, &s, 0), s), want).
-template <class T> const T& ok(zamStatus s, const T& out) {
-    EXPECT_EQ(s, zamStatusOk);
-    return out;
-}
+using zt::ok;
 
 // x 2^-sf rounded to nearest even, saturated to [lo, hi].
 inline LD scaled(LD x, int sf, LD lo, LD hi) { return std::min(hi, std::max(lo, std::nearbyint(std::ldexp(x, -sf)))); }
