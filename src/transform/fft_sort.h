@@ -184,13 +184,13 @@ template <class F, int M> struct DitTab {
     static constexpr int N = 1 << M, W = VT<F>::W;
     static constexpr const int (&rad)[4] = sort_radix<F>(M);
     static constexpr int P = pass_count(rad);
-    // A pass whose w and i w would take 32 KB or more (the first-level
-    // cache is 48 KB) keeps w alone and forms i w by a shuffle
-    // (cmul_in_half): with the source and destination beside it the table
-    // no longer streams through the cache (float order 16: 1 MB of factors
-    // became 0.55 MB, 8-11% less time; order 12: 2-4%). Below that size the
-    // shuffle costs more than the loads it saves (orders 9 and 10: 4% more).
-    static constexpr bool half(int i) { return 16 * (rad[i] - 1) * pass_stride(rad, i) >= 32768; }
+    // A pass whose w and i w would take 16 KB or more keeps w alone and
+    // forms i w by a shuffle (cmul_in_half): beside the source and the
+    // destination the table then streams less through the 48 KB first-level
+    // cache (float order 16: 1 MB of factors became 0.55 MB, 8-12% less
+    // time; orders 11 to 15: 1-5%). Below that size the shuffle costs more
+    // than the loads it saves (all passes of orders 9 and 10: 4% more).
+    static constexpr bool half(int i) { return 16 * (rad[i] - 1) * pass_stride(rad, i) >= 16384; }
     static constexpr int parts(int i) { return half(i) ? 2 : 4; }  // floats a factor
     static constexpr int offset(int i) {  // of pass i's factors
         int o = 0;
