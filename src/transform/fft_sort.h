@@ -77,9 +77,10 @@ template <class F> constexpr int sort_max_order() { return sizeof(F) == 4 ? 16 :
 // first (0 ends a list): the fastest of the splits timed on both targets.
 // From order 13 the points of a pass lie 8 KB or more apart, and radix-16
 // and radix-32 passes in the middle with radix 8 at the ends beat a radix-8
-// pass in front of shorter transforms by 20-25%. Double order 15 stays with
-// the radix-4 network: 16-32-8-8 took 10% less time out of place on x86-64
-// but none on i386, and 10% more there in place.
+// pass in front of shorter transforms by 20-25%. Double order 15 runs depth
+// first (depth_fft below): as passes over the whole transform, 16-32-8-8
+// took 10% less time than the radix-4 network out of place on x86-64 but
+// none on i386, and 10% more there in place.
 inline constexpr int kSortRadix[17][2][4] = {
     {}, {}, {}, {}, {}, {}, {},
     {{8, 4, 4}, {4, 4, 8}},              // 7
@@ -282,9 +283,10 @@ template <bool Inv, int R, int N, int Ns> void dit_pass(const float* x, float* y
 // work buffer, ending in the work buffer. There bin b of sequence k lies at
 // position k + 2 b of its pair, which is bin k + R b of the whole
 // transform: the last passes (dif_last_blocks) run once every pair is done,
-// as the destination held the pairs in between. 8-8-8-8-8 took 10-15% less
-// time than the radix-4 network out of place on x86-64 and i386; the lists
-// with radix 16 spill on i386, those with radix 4 run more passes.
+// as the destination held the pairs in between. 8-8-8-8-8 took 14-19% less
+// time than the radix-4 network on x86-64, 3-7% less out of place on i386
+// and the same in place; the lists with radix 16 spill on i386 and those
+// with radix 4 run more passes (both slower).
 inline constexpr int kDepthOrder = 15;
 inline constexpr int kDepthRadix[] = {8, 8, 8, 8, 8};  // first pass, block passes, last pass
 inline constexpr int kDepthPasses = sizeof(kDepthRadix) / sizeof(int);
