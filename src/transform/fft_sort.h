@@ -285,8 +285,8 @@ template <bool Inv, int R, int N, int Ns> void dit_pass(const float* x, float* y
 // transform: the last passes (dif_last_blocks) run once every pair is done,
 // as the destination held the pairs in between. 8-8-8-8-8 took 14-19% less
 // time than the radix-4 network on x86-64, 3-7% less out of place on i386
-// and the same in place; the lists with radix 16 spill on i386 and those
-// with radix 4 run more passes (both slower).
+// and 1-2% more in place there; the lists with radix 16 spill on i386 and
+// those with radix 4 run more passes (both slower).
 inline constexpr int kDepthOrder = 15;
 inline constexpr int kDepthRadix[] = {8, 8, 8, 8, 8};  // first pass, block passes, last pass
 inline constexpr int kDepthPasses = sizeof(kDepthRadix) / sizeof(int);
