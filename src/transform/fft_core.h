@@ -2,7 +2,7 @@
 // shared by the complex and real transforms.
 //
 // Interleaved transforms of orders 2 to 6 run straight-line code
-// (fft_small.h), float orders 7 to 16 and double orders 7 to 14
+// (fft_small.h), float orders 7 to 16 and double orders 7 to 15
 // self-sorting passes of radix 4 to 32 (fft_sort.h), natural order in and
 // out. The split kinds, orders 0 and 1 and the longer orders run the network
 // below.
@@ -742,6 +742,8 @@ template <class F, bool Inv> void cfft_inter(const Plan<F>& pl, const F* src, F*
         small_fft<F, Inv>(src, dst, pl.M);
     } else if (pl.M >= kSortMinOrder && pl.M <= sort_max_order<F>()) {
         sort_fft<F, Inv>(src, dst, work, pl.M);
+    } else if (sizeof(F) == 8 && pl.M == kDepthOrder) {
+        if constexpr (sizeof(F) == 8) depth_fft<Inv>(src, dst, work);
     } else if (pl.M >= kTiledOrder) {
         // Into a destination off the vector alignment the passes run in
         // the work buffer, where it holds the whole transform, and one copy
