@@ -12,6 +12,10 @@
 //     }
 //
 // zams_bench [filter] runs the benchmarks whose name contains the filter.
+// ZAMS_BENCH_ROUNDS sets the samples a contender (15), ZAMS_BENCH_TSV a file
+// for every contender's median and best time, ZAMS_BENCH_BATON the pipes by
+// which two processes (the two targets) take turns row by row
+// (scripts/bench_targets.sh).
 #pragma once
 
 #include <functional>
@@ -29,10 +33,11 @@ public:
     // The vector lengths most benchmarks use: 256, 4 Ki, 64 Ki, 4 Mi.
     std::vector<int> sizes() const { return {256, 4096, 65536, 4 << 20}; }
     // Times every contender (repeated samples, interleaved so that machine
-    // noise hits all alike) and prints one line: the median time of the
-    // first contender (zams), then its ratio to each of the others, of the
-    // medians and (in brackets) of the best samples. `bytes` > 0 adds the
-    // first contender's bandwidth.
+    // noise hits all alike, each round in another order and each sample
+    // after a short untimed warm-up of its contender) and prints one line:
+    // the median time of the first contender (zams), then its ratio to each
+    // of the others, of the medians and (in brackets) of the best samples.
+    // `bytes` > 0 adds the first contender's bandwidth.
     void row(const std::string& what, long n, double bytes, std::vector<Contender> contenders);
 };
 
