@@ -134,8 +134,8 @@ void fill_blocks(uint8_t* d, size_t n, const Pattern& pat) {
 
 #if !defined(__x86_64__)
 // i386's C library copies sixteen bytes a step; a copy that stays in the
-// caches goes twice as fast in 32-byte vectors. Larger ones keep the C
-// library's copy, which bypasses the cache.
+// first-level cache goes twice as fast in 32-byte vectors. Beyond 16 KiB the
+// caches bound both, and the C library's copy is kept.
 constexpr size_t kCopyVector = size_t(16) << 10;
 
 void copy_vector(uint8_t* d, const uint8_t* s, size_t n) {  // 32 <= n, no overlap
