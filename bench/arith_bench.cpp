@@ -50,23 +50,24 @@ __attribute__((noinline, optimize("no-tree-vectorize"))) void scalar_const(const
 
 }  // namespace
 
-// Two layouts: the caller's std::vector buffers as they fall (16-byte
-// alignment, mixed phases), and 64-byte aligned buffers as zamsMalloc and
-// volk_malloc give them (rows marked "al"; VOLK then runs its aligned kernels).
+// Two layouts: buffers at unaligned phases, as a caller's std::vector
+// buffers fall (placed alike on both targets, zb::Placed), and 64-byte
+// aligned buffers as zamsMalloc and volk_malloc give them (rows marked "al";
+// VOLK then runs its aligned kernels).
 template <class T> struct Buffers {
-    std::vector<T> v[4];
+    zb::Placed<T> v;
     T* al[4];
-    explicit Buffers(int n) {
-        for (int k = 0; k < 4; ++k) v[k].assign(n, T(1.5f + k));
+    explicit Buffers(int n) : v(4, n) {
         for (int k = 0; k < 4; ++k) {
+            std::fill(v[k], v[k] + n, T(1.5f + k));
             al[k] = reinterpret_cast<T*>(zamsMalloc_8u(int(n * sizeof(T))));
-            std::copy(v[k].begin(), v[k].end(), al[k]);
+            std::copy(v[k], v[k] + n, al[k]);
         }
     }
     ~Buffers() {
         for (T* p : al) zamsFree(p);
     }
-    T* get(bool aligned, int k) { return aligned ? al[k] : v[k].data(); }
+    T* get(bool aligned, int k) { return aligned ? al[k] : v[k]; }
 };
 
 ZAMS_BENCH(arith_float) {
@@ -116,9 +117,9 @@ ZAMS_BENCH(arith_float) {
 
 ZAMS_BENCH(arith_scaled) {
     for (int n : b.sizes()) {
-        std::vector<Zam16s> x(n), y(n), z(n);
-        for (int i = 0; i < n; ++i) x[i] = Zam16s(i * 7919), y[i] = Zam16s(i * 104729 + 3);
-        Zam16s *px = x.data(), *py = y.data(), *pz = z.data();
+        zb::Placed<Zam16s> buf(3, n);
+        Zam16s *px = buf[0], *py = buf[1], *pz = buf[2];
+        for (int i = 0; i < n; ++i) px[i] = Zam16s(i * 7919), py[i] = Zam16s(i * 104729 + 3);
         for (int sf : {0, 3}) {
             b.row(sf ? "Add_16s_Sfs sf3" : "Add_16s_Sfs sf0", n, n * 6.0,
                   {{"zams", [&] { zamsAdd_16s_Sfs(px, py, pz, n, sf); }},
@@ -131,8 +132,10 @@ ZAMS_BENCH(arith_scaled) {
                {"memcpy", [&] { std::memcpy(pz, px, n * sizeof(Zam16s)); }}});
     }
     for (int n : b.sizes()) {
-        std::vector<Zam8u> x(n), y(n), z(n);
-        std::vector<Zam32s> u(n), v(n), w(n);
+        zb::Placed<Zam8u> b8(3, n);
+        zb::Placed<Zam32s> b32(3, n);
+        Zam8u *x = b8[0], *y = b8[1], *z = b8[2];
+        Zam32s *u = b32[0], *v = b32[1], *w = b32[2];
         for (int i = 0; i < n; ++i) {
             x[i] = Zam8u(i * 7919), y[i] = Zam8u(i * 104729 + 3);
             u[i] = Zam32s(i * 2654435761u), v[i] = Zam32s(i * 40503u + 3);
@@ -141,53 +144,58 @@ ZAMS_BENCH(arith_scaled) {
         auto sub = [](int64_t a, int64_t b) { return a - b; };
         auto mul = [](int64_t a, int64_t b) { return a * b; };
         b.row("Add_8u_Sfs sf0", n, n * 3.0,
-              {{"zams", [&] { zamsAdd_8u_Sfs(x.data(), y.data(), z.data(), n, 0); }},
-               {"scalar", [&] { scalar_loop(x.data(), y.data(), z.data(), n, 0, add); }},
-               {"memcpy", [&] { std::memcpy(z.data(), x.data(), n); }}});
-        std::vector<Zam16sc> p(n), q(n), r(n);
+              {{"zams", [&] { zamsAdd_8u_Sfs(x, y, z, n, 0); }},
+               {"scalar", [&] { scalar_loop(x, y, z, n, 0, add); }},
+               {"memcpy", [&] { std::memcpy(z, x, n); }}});
+        zb::Placed<Zam16sc> b16c(3, n);
+        Zam16sc *p = b16c[0], *q = b16c[1], *r = b16c[2];
         for (int i = 0; i < n; ++i) p[i] = {x[i], Zam16s(i * 31)}, q[i] = {y[i], Zam16s(-i * 17)};
         b.row("Mul_16sc_Sfs sf15", n, n * 12.0,
-              {{"zams", [&] { zamsMul_16sc_Sfs(p.data(), q.data(), r.data(), n, 15); }},
-               {"scalar", [&] { scalar_cmul<Zam16s>(p.data(), q.data(), r.data(), n, 15); }},
-               {"memcpy", [&] { std::memcpy(r.data(), p.data(), n * sizeof(Zam16sc)); }}});
+              {{"zams", [&] { zamsMul_16sc_Sfs(p, q, r, n, 15); }},
+               {"scalar", [&] { scalar_cmul<Zam16s>(p, q, r, n, 15); }},
+               {"memcpy", [&] { std::memcpy(r, p, n * sizeof(Zam16sc)); }}});
         b.row("Add_32s_Sfs sf1", n, n * 12.0,
-              {{"zams", [&] { zamsAdd_32s_Sfs(u.data(), v.data(), w.data(), n, 1); }},
-               {"scalar", [&] { scalar_loop(u.data(), v.data(), w.data(), n, 1, add); }},
-               {"memcpy", [&] { std::memcpy(w.data(), u.data(), n * sizeof(Zam32s)); }}});
+              {{"zams", [&] { zamsAdd_32s_Sfs(u, v, w, n, 1); }},
+               {"scalar", [&] { scalar_loop(u, v, w, n, 1, add); }},
+               {"memcpy", [&] { std::memcpy(w, u, n * sizeof(Zam32s)); }}});
         b.row("Sub_32s_Sfs sf-3", n, n * 12.0,
-              {{"zams", [&] { zamsSub_32s_Sfs(u.data(), v.data(), w.data(), n, -3); }},
-               {"scalar", [&] { scalar_loop(v.data(), u.data(), w.data(), n, -3, sub); }},
-               {"memcpy", [&] { std::memcpy(w.data(), u.data(), n * sizeof(Zam32s)); }}});
+              {{"zams", [&] { zamsSub_32s_Sfs(u, v, w, n, -3); }},
+               {"scalar", [&] { scalar_loop(v, u, w, n, -3, sub); }},
+               {"memcpy", [&] { std::memcpy(w, u, n * sizeof(Zam32s)); }}});
         b.row("Mul_32s_Sfs sf20", n, n * 12.0,
-              {{"zams", [&] { zamsMul_32s_Sfs(u.data(), v.data(), w.data(), n, 20); }},
-               {"scalar", [&] { scalar_loop(u.data(), v.data(), w.data(), n, 20, mul); }},
-               {"memcpy", [&] { std::memcpy(w.data(), u.data(), n * sizeof(Zam32s)); }}});
+              {{"zams", [&] { zamsMul_32s_Sfs(u, v, w, n, 20); }},
+               {"scalar", [&] { scalar_loop(u, v, w, n, 20, mul); }},
+               {"memcpy", [&] { std::memcpy(w, u, n * sizeof(Zam32s)); }}});
         b.row("MulC_32s_Sfs sf0", n, n * 8.0,
-              {{"zams", [&] { zamsMulC_32s_Sfs(u.data(), -7, w.data(), n, 0); }},
-               {"scalar", [&] { scalar_const(u.data(), -7, w.data(), n, 0); }},
-               {"memcpy", [&] { std::memcpy(w.data(), u.data(), n * sizeof(Zam32s)); }}});
-        std::vector<Zam32sc> e(n), f(n), h(n);
+              {{"zams", [&] { zamsMulC_32s_Sfs(u, -7, w, n, 0); }},
+               {"scalar", [&] { scalar_const(u, -7, w, n, 0); }},
+               {"memcpy", [&] { std::memcpy(w, u, n * sizeof(Zam32s)); }}});
+        zb::Placed<Zam32sc> b32c(3, n);
+        Zam32sc *e = b32c[0], *f = b32c[1], *h = b32c[2];
         for (int i = 0; i < n; ++i) e[i] = {u[i], v[i]}, f[i] = {v[i], -u[i] / 3};
         b.row("Mul_32sc_Sfs sf31", n, n * 24.0,
-              {{"zams", [&] { zamsMul_32sc_Sfs(e.data(), f.data(), h.data(), n, 31); }},
-               {"scalar", [&] { scalar_cmul<Zam32s>(e.data(), f.data(), h.data(), n, 31); }},
-               {"memcpy", [&] { std::memcpy(h.data(), e.data(), n * sizeof(Zam32sc)); }}});
+              {{"zams", [&] { zamsMul_32sc_Sfs(e, f, h, n, 31); }},
+               {"scalar", [&] { scalar_cmul<Zam32s>(e, f, h, n, 31); }},
+               {"memcpy", [&] { std::memcpy(h, e, n * sizeof(Zam32sc)); }}});
     }
 }
 
 ZAMS_BENCH(arith_move) {
     for (int n : b.sizes()) {
-        std::vector<float> x(n, 1.0f), y(n);
-        std::vector<Zam16s> s(n);
+        zb::Placed<float> f(2, n);
+        zb::Placed<Zam16s> h(1, n);
+        float *x = f[0], *y = f[1];
+        Zam16s* s = h[0];
+        std::fill(x, x + n, 1.0f);
         b.row("Copy_32f", n, n * 8.0,
-              {{"zams", [&] { zamsCopy_32f(x.data(), y.data(), n); }},
-               {"memcpy", [&] { std::memcpy(y.data(), x.data(), n * sizeof(float)); }}});
+              {{"zams", [&] { zamsCopy_32f(x, y, n); }},
+               {"memcpy", [&] { std::memcpy(y, x, n * sizeof(float)); }}});
         b.row("Set_32f", n, n * 4.0,
-              {{"zams", [&] { zamsSet_32f(2.5f, y.data(), n); }},
+              {{"zams", [&] { zamsSet_32f(2.5f, y, n); }},
                {"loop", [&] { for (int i = 0; i < n; ++i) y[i] = 2.5f; zb::keep(y); }},
-               {"memset", [&] { std::memset(y.data(), 0, n * sizeof(float)); }}});
+               {"memset", [&] { std::memset(y, 0, n * sizeof(float)); }}});
         b.row("Zero_16s", n, n * 2.0,
-              {{"zams", [&] { zamsZero_16s(s.data(), n); }},
-               {"memset", [&] { std::memset(s.data(), 0, n * sizeof(Zam16s)); }}});
+              {{"zams", [&] { zamsZero_16s(s, n); }},
+               {"memset", [&] { std::memset(s, 0, n * sizeof(Zam16s)); }}});
     }
 }

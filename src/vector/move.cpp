@@ -132,6 +132,27 @@ void fill_blocks(uint8_t* d, size_t n, const Pattern& pat) {
     store32(d + n - 32, p);
 }
 
+#if !defined(__x86_64__)
+// i386's C library copies sixteen bytes a step; a copy that stays in the
+// first-level cache goes twice as fast in 32-byte vectors. Beyond 16 KiB the
+// caches bound both, and the C library's copy is kept.
+constexpr size_t kCopyVector = size_t(16) << 10;
+
+void copy_vector(uint8_t* d, const uint8_t* s, size_t n) {  // 32 <= n, no overlap
+    const auto load = [](const uint8_t* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); };
+    const __m256i first = load(s), last = load(s + n - 32);
+    size_t o = 32 - (reinterpret_cast<uintptr_t>(d) & 31);  // aligned stores from here on
+    for (; o + 64 <= n; o += 64) {
+        const __m256i a = load(s + o), b = load(s + o + 32);
+        _mm256_store_si256(reinterpret_cast<__m256i*>(d + o), a);
+        _mm256_store_si256(reinterpret_cast<__m256i*>(d + o + 32), b);
+    }
+    if (o + 32 <= n) _mm256_store_si256(reinterpret_cast<__m256i*>(d + o), load(s + o));
+    store32(d, first);
+    store32(d + n - 32, last);
+}
+#endif
+
 template <class T> zamStatus copy(const T* src, T* dst, int len) {
     if (zamStatus s = check_args(len, src, dst)) return s;
     uint64_t bytes = uint64_t(len) * sizeof(T);
@@ -141,6 +162,12 @@ template <class T> zamStatus copy(const T* src, T* dst, int len) {
         for (; bytes > kCopyPiece; bytes -= kCopyPiece, s8 += kCopyPiece, d8 += kCopyPiece)
             zamsCopy_8u(s8, d8, int(kCopyPiece));
     }
+#if !defined(__x86_64__)
+    if (bytes >= 32 && bytes <= kCopyVector) {
+        copy_vector(d8, s8, size_t(bytes));
+        return zamStatusOk;
+    }
+#endif
     std::memcpy(d8, s8, size_t(bytes));
     return zamStatusOk;
 }

@@ -55,12 +55,13 @@ constexpr double kUni = 2.3283064365387e-10;
 const uint32_t kSeeds[] = {0u, 12345u, 0xFFFFFFFFu};
 
 TEST(Rand, IntegerSequenceMatchesModel) {
-    for (uint32_t seed : kSeeds) {
+    // 1000: whole blocks of eight words; 263: a short last block.
+    for (uint32_t seed : kSeeds) for (int n : {1000, 263}) {
         Model m(seed);
-        std::vector<Zam64f> d(1000);
+        std::vector<Zam64f> d(n);
         unsigned cell = seed;
-        ASSERT_EQ(zamsRandUniform_Direct_64f(d.data(), 1000, -1.0, 1.0, &cell), zamStatusOk);
-        for (int i = 0; i < 1000; ++i) {
+        ASSERT_EQ(zamsRandUniform_Direct_64f(d.data(), n, -1.0, 1.0, &cell), zamStatusOk);
+        for (int i = 0; i < n; ++i) {
             const int32_t r = m.next();
             ASSERT_EQ(d[i], 0.0 + 2 * kUni * r) << "seed " << seed << " i " << i;
             ASSERT_EQ(std::llround(d[i] / (2 * kUni)), r);
