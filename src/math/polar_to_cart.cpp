@@ -73,6 +73,15 @@ inline void one(float magn, float phase, float* re, float* im) {
     *im = float(double(magn) * s);
 }
 
+// All-ones lanes where bit `b` of k is set, made by a double compare: a mask
+// from 32-bit integer compares widened to 64-bit lanes lets the compiler
+// turn the blends below into lane-by-lane selects, which on i386 run as
+// pairs of 32-bit shifts through the stack.
+inline __m256d bit_mask(__m128i k, int b) {
+    __m128i bit = _mm_and_si128(k, _mm_set1_epi32(b));
+    return _mm256_cmp_pd(_mm256_cvtepi32_pd(bit), _mm256_setzero_pd(), _CMP_NEQ_OQ);
+}
+
 inline bool four(const float* magn, const float* phase, __m128* re, __m128* im) {
     using namespace sincos_dd;
     __m256d x = _mm256_cvtps_pd(_mm_loadu_ps(phase));
@@ -86,7 +95,7 @@ inline bool four(const float* magn, const float* phase, __m128* re, __m128* im) 
     __m256d z = _mm256_mul_pd(r, r);
     __m256d sv = _mm256_add_pd(r, _mm256_mul_pd(_mm256_mul_pd(r, z), horner(kSin, z)));
     __m256d cv = _mm256_add_pd(_mm256_set1_pd(1.0), _mm256_mul_pd(z, horner(kCos, z)));
-    __m256d odd = sincos_vec::lane_mask(k, 1), two = sincos_vec::lane_mask(k, 2);
+    __m256d odd = bit_mask(k, 1), two = bit_mask(k, 2);
     __m256d s = _mm256_xor_pd(_mm256_blendv_pd(sv, cv, odd), _mm256_xor_pd(_mm256_and_pd(two, _mm256_set1_pd(-0.0)), sign));
     __m256d c = _mm256_xor_pd(_mm256_blendv_pd(cv, sv, odd), _mm256_and_pd(_mm256_xor_pd(odd, two), _mm256_set1_pd(-0.0)));
     __m256d m = _mm256_cvtps_pd(_mm_loadu_ps(magn));

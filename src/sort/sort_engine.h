@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 
 #include "../common/check.h"
 #include "../common/spec.h"
@@ -161,43 +162,61 @@ private:
 
     // A team's later moves need each slice's counts of their digit, and the
     // slices then hold other keys: a move counts the next digit of every key
-    // it writes, by the slice the key lands in.
-    template <bool First, bool Last, bool WithIdx, bool Next> void move(int j, int t, int off, int n) {
+    // it writes, by the slice the key lands in. The digit's shift is a
+    // constant and the loop runs a negative index up to zero from the end of
+    // the slice, so that i386's seven integer registers hold the loop
+    // without spills: index, source, destination, the two index arrays and
+    // the key and its place (the places themselves stay on the stack).
+    template <bool First, bool Last, bool WithIdx, bool Next, int Shift> void move(int j, int t, int off, int n) {
+        using S = std::conditional_t<First, T, U>;
         const Plan& pl = plan_[t];
-        const void* src = keys_from(j);
+        const uint8_t* src = static_cast<const uint8_t*>(keys_from(j)) + size_t(off + n) * sizeof(S);
         void* dst = keys_to(j);
-        const int* si = idx_from(j);
+        const int* si = WithIdx && !First ? idx_from(j) + (off + n) : nullptr;
         int* di = idx_to(j);
-        const int shift = 8 * pl.digit[j], nshift = Next ? 8 * pl.digit[j + 1] : 0;
+        const int end = off + n, nshift = Next ? 8 * pl.digit[j + 1] : 0;
         const uint32_t bound = pl.bound;
         uint32_t pos[256], next[kTeam][256];
         std::memcpy(pos, pl.pos, sizeof pos);
         if constexpr (Next) std::memset(next, 0, sizeof next);
-        for (int i = off; i < off + n; ++i) {
+        for (int i = -n; i < 0; ++i) {
+            S v;
+            std::memcpy(&v, src + ptrdiff_t(i) * ptrdiff_t(sizeof(S)), sizeof(S));
             U k;
-            if constexpr (First) k = to_key<T, D>(load<T>(src, i));
-            else k = load<U>(src, i);
-            const uint32_t p = pos[(k >> shift) & 255]++;
+            if constexpr (First) k = to_key<T, D>(v);
+            else k = v;
+            const uint32_t p = pos[(k >> Shift) & 255]++;
             if constexpr (Last) store<T>(dst, int(p), from_key<T, D>(k));
             else store<U>(dst, int(p), k);
-            if constexpr (WithIdx) di[p] = First ? i : si[i];
+            if constexpr (WithIdx) {
+                if constexpr (First) di[p] = end + i;
+                else di[p] = si[i];
+            }
             if constexpr (Next) ++next[p >= bound][(k >> nshift) & 255];
         }
         if constexpr (Next) std::memcpy(next_[j % 2][t], next, sizeof next);
+    }
+
+    // Move j by its digit, one form a digit.
+    template <bool First, bool Last, bool WithIdx, bool Next> void move_digit(int j, int t, int off, int n) {
+        const int d = plan_[t].digit[j];
+        [&]<int... I>(std::integer_sequence<int, I...>) {
+            (void)((d == I ? (move<First, Last, WithIdx, Next, 8 * I>(j, t, off, n), true) : false) || ...);
+        }(std::make_integer_sequence<int, kDigits>{});
     }
 
     template <bool WithIdx> void move_any(int j, int t, int off, int n) {
         const Plan& pl = plan_[t];
         const bool first = j == 0, last = j == pl.moves - 1, next = !last && pl.members > 1;
         if (last) {
-            if (first) move<true, true, WithIdx, false>(j, t, off, n);
-            else move<false, true, WithIdx, false>(j, t, off, n);
+            if (first) move_digit<true, true, WithIdx, false>(j, t, off, n);
+            else move_digit<false, true, WithIdx, false>(j, t, off, n);
         } else if (next) {
-            if (first) move<true, false, WithIdx, true>(j, t, off, n);
-            else move<false, false, WithIdx, true>(j, t, off, n);
+            if (first) move_digit<true, false, WithIdx, true>(j, t, off, n);
+            else move_digit<false, false, WithIdx, true>(j, t, off, n);
         } else {
-            if (first) move<true, false, WithIdx, false>(j, t, off, n);
-            else move<false, false, WithIdx, false>(j, t, off, n);
+            if (first) move_digit<true, false, WithIdx, false>(j, t, off, n);
+            else move_digit<false, false, WithIdx, false>(j, t, off, n);
         }
     }
 
