@@ -80,18 +80,20 @@ template <class F> constexpr int sort_max_order() { return sizeof(F) == 4 ? 16 :
 // pass in front of shorter transforms by 20-25%. Double order 15 runs depth
 // first (depth_fft below): as passes over the whole transform, 16-32-8-8
 // took 10% less time than the radix-4 network out of place on x86-64 but
-// none on i386, and 10% more there in place. Double orders 9 to 11 end in
-// one radix-64 pass (rvdft_ld: its factors are real products, 10 vector
-// operations a vector against 11 for two radix-8 passes with the factors
-// between them), 6-10% less time; radix 32 and 64 in front of it (a first
-// pass of 32 or 64 vectors) spill and lose on i386.
+// none on i386, and 10% more there in place. Double orders 9 and 10 end in
+// one radix-64 pass, order 11 in a radix-32 one (rvdft_ld: its factors are
+// real products, 10 vector operations a vector at radix 64 against 11 for
+// two radix-8 passes with the factors between them): 6-10% less time at
+// orders 9 and 10, 2-4% at 11. A first pass of radix 32 or 64 spills and
+// loses on i386; at order 11, 8-4-64 took 5% less time than 8-8-32 on
+// i386 and 4% more on x86-64.
 inline constexpr int kSortRadix[17][2][4] = {
     {}, {}, {}, {}, {}, {}, {},
     {{4, 8, 4}, {4, 4, 8}},              // 7
     {{4, 8, 8}, {8, 4, 8}},              // 8
     {{8, 8, 8}, {8, 64}},                // 9
     {{16, 8, 8}, {16, 64}},              // 10
-    {{8, 8, 8, 4}, {8, 4, 64}},          // 11
+    {{8, 8, 8, 4}, {8, 8, 32}},          // 11
     {{8, 8, 8, 8}, {8, 8, 8, 8}},        // 12
     {{16, 8, 8, 8}, {16, 8, 8, 8}},      // 13
     {{8, 16, 16, 8}, {8, 16, 16, 8}},    // 14

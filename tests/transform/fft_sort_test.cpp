@@ -50,7 +50,7 @@ TEST(FftSortPasses, ProductWithHalfTableKeepsBits) {
     }
 }
 
-// The transforms by real products (the radix-64 passes of double orders 9
+// The transforms by real products (the last passes of double orders 9
 // to 11), every size the recursion meets, against the sum itself in long
 // double, forward and inverse: each lane its own sequence, so a swapped lane
 // or part, a wrong bin of the split or a factor of the wrong sign shows.
