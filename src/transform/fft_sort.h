@@ -80,14 +80,20 @@ template <class F> constexpr int sort_max_order() { return sizeof(F) == 4 ? 16 :
 // pass in front of shorter transforms by 20-25%. Double order 15 runs depth
 // first (depth_fft below): as passes over the whole transform, 16-32-8-8
 // took 10% less time than the radix-4 network out of place on x86-64 but
-// none on i386, and 10% more there in place.
+// none on i386, and 10% more there in place. Double orders 9 and 10 end in
+// one radix-64 pass, order 11 in a radix-32 one (rvdft_ld: its factors are
+// real products, 10 vector operations a vector at radix 64 against 11 for
+// two radix-8 passes with the factors between them): 6-10% less time at
+// orders 9 and 10, 2-4% at 11. A first pass of radix 32 or 64 spills and
+// loses on i386; at order 11, 8-4-64 took 5% less time than 8-8-32 on
+// i386 and 4% more on x86-64.
 inline constexpr int kSortRadix[17][2][4] = {
     {}, {}, {}, {}, {}, {}, {},
     {{4, 8, 4}, {4, 4, 8}},              // 7
     {{4, 8, 8}, {8, 4, 8}},              // 8
-    {{8, 8, 8}, {8, 8, 8}},              // 9
-    {{16, 8, 8}, {8, 8, 16}},            // 10
-    {{8, 8, 8, 4}, {8, 8, 8, 4}},        // 11
+    {{8, 8, 8}, {8, 64}},                // 9
+    {{16, 8, 8}, {16, 64}},              // 10
+    {{8, 8, 8, 4}, {8, 8, 32}},          // 11
     {{8, 8, 8, 8}, {8, 8, 8, 8}},        // 12
     {{16, 8, 8, 8}, {16, 8, 8, 8}},      // 13
     {{8, 16, 16, 8}, {8, 16, 16, 8}},    // 14
@@ -111,7 +117,7 @@ template <class F, bool Inv, int R, int N, int s, int D = 1> void dif_pass(const
     const F* rt = small_tabs<F>().root[ilog2(R)];
     for (int q = 0; q < s; q += W) {
         typename T::V c[R];
-        vdft<F, Inv, R>(x + 2 * q, xs, c, rt, 1);
+        pass_dft<F, Inv, R>(x + 2 * q, xs, c, rt);
 #pragma GCC unroll 64
         for (int k = 0; k < R; ++k) T::store(y + 2 * D * (q + s * k), c[k]);
     }
@@ -119,7 +125,7 @@ template <class F, bool Inv, int R, int N, int s, int D = 1> void dif_pass(const
         const F* w = root + 2 * p * s;
         for (int q = 0; q < s; q += W) {
             typename T::V c[R];
-            vdft<F, Inv, R>(x + 2 * (q + s * p), xs, c, rt, 1);
+            pass_dft<F, Inv, R>(x + 2 * (q + s * p), xs, c, rt);
 #pragma GCC unroll 64
             for (int k = 1; k < R; ++k) c[k] = cmul_bc<F, Inv>(c[k], w + 2 * p * s * (k - 1));
 #pragma GCC unroll 64
@@ -166,14 +172,14 @@ template <class F, bool Inv, int R, int N, bool Blocks = false> void dif_first(c
     const F* rt = small_tabs<F>().root[ilog2(R)];
     for (int p = 0; p < m; p += W, tw += 2 * W * (R - 1)) {
         typename T::V c[R];
-        vdft<F, Inv, R>(x + 2 * p, m / W, c, rt, 1);
+        pass_dft<F, Inv, R>(x + 2 * p, m / W, c, rt);
 #pragma GCC unroll 32
         for (int k = 1; k < R; ++k) c[k] = cmul_mem<F, Inv>(c[k], tw + 2 * W * (k - 1));
         F* y0 = y + 2 * R * p;
         if constexpr (Blocks) {
 #pragma GCC unroll 32
             for (int k = 0; k < R; ++k) T::store(y + 2 * (k * m + ((p + rot * k) & (m - 1))), c[k]);
-        } else if constexpr (N >= 256 && N <= 512) {
+        } else if constexpr (N >= 256 && N <= 1024) {
             // lane l of result k to y0 + 2 (R l + k) by 128-bit halves: no lane
             // crossing in a register (10-25% less time up to 1024 points,
             // more beyond, where the transposed vectors are faster)
