@@ -144,6 +144,45 @@ __attribute__((always_inline)) inline void vdft(const F* x, int xs, typename VT<
     vdft_ld<F, Inv, N>([x, xs](int n) { return VT<F>::load(x + S * n * xs); }, 0, 1, y, root, rs);
 }
 
+// The last split-radix step of rsplit: from the half spectra U (N/2
+// points, the even ones), V (4n + 1) and T (4n + 3) to put(k, re, im) for
+// 0 < k < N/2, and put(0, re[0], re[N/2]) for the two real bins. Bins k,
+// H - k, Q + k, Q - k from U_k + w^k V_k + w^3k T_k with
+// p = w^k V_k + w^3k T_k, q = w^k V_k - w^3k T_k: Z_k = U_k + p,
+// Z_(H-k) = conj(U_k - p), Z_(Q+k) = conj(U_(Q-k)) - i q,
+// Z_(Q-k) = U_(Q-k) - i conj(q). V and T are real at k = 0 and E.
+template <class F, int N, class Put>
+__attribute__((always_inline)) inline void rjoin(const typename VT<F>::V* ur, const typename VT<F>::V* ui,
+                                                 const typename VT<F>::V* vr, const typename VT<F>::V* vi,
+                                                 const typename VT<F>::V* tr, const typename VT<F>::V* ti,
+                                                 const F* root, int rs, const Put& put) {
+    using T = VT<F>;
+    using V = typename T::V;
+    constexpr int H = N / 2, Q = N / 4, E = N / 8;
+    const V p0 = T::add(vr[0], tr[0]);
+    put(0, T::add(ur[0], p0), T::sub(ur[0], p0));
+    put(Q, ur[Q], T::sub(tr[0], vr[0]));
+    {
+        const V m1 = T::mul(T::sub(vr[E], tr[E]), T::set1(F(0.70710678118654752440)));
+        const V m2 = T::mul(T::add(vr[E], tr[E]), T::set1(F(-0.70710678118654752440)));
+        put(E, T::add(ur[E], m1), T::add(ui[E], m2));
+        put(3 * E, T::sub(ur[E], m1), T::sub(m2, ui[E]));
+    }
+#pragma GCC unroll 16
+    for (int k = 1; k < E; ++k) {
+        const F* w1 = root + 2 * k * rs;
+        const F* w3 = root + 6 * k * rs;
+        const V c1 = T::set1(w1[0]), s1 = T::set1(w1[1]), c3 = T::set1(w3[0]), s3 = T::set1(w3[1]);
+        const V ar = T::sub(T::mul(c1, vr[k]), T::mul(s1, vi[k])), ai = T::add(T::mul(c1, vi[k]), T::mul(s1, vr[k]));
+        const V br = T::sub(T::mul(c3, tr[k]), T::mul(s3, ti[k])), bi = T::add(T::mul(c3, ti[k]), T::mul(s3, tr[k]));
+        const V pr = T::add(ar, br), pi = T::add(ai, bi), qi = T::sub(ai, bi), nqr = T::sub(br, ar);
+        put(k, T::add(ur[k], pr), T::add(ui[k], pi));
+        put(H - k, T::sub(ur[k], pr), T::sub(pi, ui[k]));
+        put(Q + k, T::add(ur[Q - k], qi), T::sub(nqr, ui[Q - k]));
+        put(Q - k, T::sub(ur[Q - k], qi), T::add(ui[Q - k], nqr));
+    }
+}
+
 // The half spectrum of N points by real products alone: re[k] = the sum of
 // x_n cos(2 pi n k / N) (k <= N/2) and im[k] = minus the sum of
 // x_n sin(2 pi n k / N) (0 < k < N/2), every vector x_n = ld(n0 + n ns) a
@@ -175,40 +214,10 @@ __attribute__((always_inline)) inline void rsplit(const Ld& ld, int n0, int ns, 
         rsplit<F, H>(ld, n0, 2 * ns, ur, ui, root, 2 * rs);
         rsplit<F, Q>(ld, n0 + ns, 4 * ns, vr, vi, root, 4 * rs);
         rsplit<F, Q>(ld, n0 + 3 * ns, 4 * ns, tr, ti, root, 4 * rs);
-        // Bins k, H - k, Q + k, Q - k from U_k + w^k V_k + w^3k T_k with
-        // p = w^k V_k + w^3k T_k, q = w^k V_k - w^3k T_k: Z_k = U_k + p,
-        // Z_(H-k) = conj(U_k - p), Z_(Q+k) = conj(U_(Q-k)) - i q,
-        // Z_(Q-k) = U_(Q-k) - i conj(q). V and T are real at k = 0 and E.
-        const V p0 = T::add(vr[0], tr[0]);
-        re[0] = T::add(ur[0], p0);
-        re[H] = T::sub(ur[0], p0);
-        re[Q] = ur[Q];
-        im[Q] = T::sub(tr[0], vr[0]);
-        {
-            const V m1 = T::mul(T::sub(vr[E], tr[E]), T::set1(F(0.70710678118654752440)));
-            const V m2 = T::mul(T::add(vr[E], tr[E]), T::set1(F(-0.70710678118654752440)));
-            re[E] = T::add(ur[E], m1);
-            im[E] = T::add(ui[E], m2);
-            re[3 * E] = T::sub(ur[E], m1);
-            im[3 * E] = T::sub(m2, ui[E]);
-        }
-#pragma GCC unroll 16
-        for (int k = 1; k < E; ++k) {
-            const F* w1 = root + 2 * k * rs;
-            const F* w3 = root + 6 * k * rs;
-            const V c1 = T::set1(w1[0]), s1 = T::set1(w1[1]), c3 = T::set1(w3[0]), s3 = T::set1(w3[1]);
-            const V ar = T::sub(T::mul(c1, vr[k]), T::mul(s1, vi[k])), ai = T::add(T::mul(c1, vi[k]), T::mul(s1, vr[k]));
-            const V br = T::sub(T::mul(c3, tr[k]), T::mul(s3, ti[k])), bi = T::add(T::mul(c3, ti[k]), T::mul(s3, tr[k]));
-            const V pr = T::add(ar, br), pi = T::add(ai, bi), qi = T::sub(ai, bi), nqr = T::sub(br, ar);
-            re[k] = T::add(ur[k], pr);
-            im[k] = T::add(ui[k], pi);
-            re[H - k] = T::sub(ur[k], pr);
-            im[H - k] = T::sub(pi, ui[k]);
-            re[Q + k] = T::add(ur[Q - k], qi);
-            im[Q + k] = T::sub(nqr, ui[Q - k]);
-            re[Q - k] = T::sub(ur[Q - k], qi);
-            im[Q - k] = T::add(ui[Q - k], nqr);
-        }
+        rjoin<F, N>(ur, ui, vr, vi, tr, ti, root, rs, [re, im](int k, V r, V i) {
+            re[k] = r;
+            (k ? im[k] : re[H]) = i;
+        });
     }
 }
 
@@ -230,6 +239,31 @@ __attribute__((always_inline)) inline void rvdft_ld(const Ld& ld, typename VT<F>
         y[Inv ? N - k : k] = T::addsub(re[k], t);
         y[Inv ? k : N - k] = T::addsub(re[k], T::xor_(t, T::allsign()));
     }
+}
+
+// rvdft_ld with bin k handed to st(k, v) as soon as it is formed: the last
+// split-radix step is joined into bins and stored pair by pair instead of
+// keeping all N / 2 + 1 pairs live (at 64 points they would spill on
+// either target). The same operations as rvdft_ld, so the same bits.
+template <class F, bool Inv, int N, class Ld, class St>
+__attribute__((always_inline)) inline void rvdft_st(const Ld& ld, const St& st, const F* root) {
+    using T = VT<F>;
+    using V = typename T::V;
+    constexpr int H = N / 2, Q = N / 4, E = N / 8;
+    V ur[Q + 1], ui[Q + 1], vr[E + 1], vi[E + 1], tr[E + 1], ti[E + 1];
+    rsplit<F, H>(ld, 0, 2, ur, ui, root, 2);
+    rsplit<F, Q>(ld, 1, 4, vr, vi, root, 4);
+    rsplit<F, Q>(ld, 3, 4, tr, ti, root, 4);
+    rjoin<F, N>(ur, ui, vr, vi, tr, ti, root, 1, [&st](int k, V re, V im) {
+        if (k == 0) {
+            st(0, re);
+            st(H, im);
+            return;
+        }
+        const V t = T::swap(im);
+        st(Inv ? N - k : k, T::addsub(re, t));
+        st(Inv ? k : N - k, T::addsub(re, T::xor_(t, T::allsign())));
+    });
 }
 
 // The transform of a pass of radix R, inputs at x + n xs (in vectors):

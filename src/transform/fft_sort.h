@@ -85,8 +85,11 @@ template <class F> constexpr int sort_max_order() { return sizeof(F) == 4 ? 16 :
 // real products, 10 vector operations a vector at radix 64 against 11 for
 // two radix-8 passes with the factors between them): 6-10% less time at
 // orders 9 and 10, 2-4% at 11. A first pass of radix 32 or 64 spills and
-// loses on i386; at order 11, 8-4-64 took 5% less time than 8-8-32 on
-// i386 and 4% more on x86-64.
+// loses on i386. The last pass stores its bins straight from the join
+// (rvdft_st): 3-6% less time at orders 9 to 11 on either target. At order
+// 11, 8-4-64 then took 1% less time than 8-8-32 on i386 but 4% more on
+// x86-64, where its radix-64 pass stored 1.7 spilled vectors a vector
+// more than the radix-32 one (callgrind, before rvdft_st).
 inline constexpr int kSortRadix[17][2][4] = {
     {}, {}, {}, {}, {}, {}, {},
     {{4, 8, 4}, {4, 4, 8}},              // 7
@@ -116,10 +119,16 @@ template <class F, bool Inv, int R, int N, int s, int D = 1> void dif_pass(const
     constexpr int W = T::W, m = N / (s * R), xs = s * m / W;
     const F* rt = small_tabs<F>().root[ilog2(R)];
     for (int q = 0; q < s; q += W) {
-        typename T::V c[R];
-        pass_dft<F, Inv, R>(x + 2 * q, xs, c, rt);
+        if constexpr (sizeof(F) == 8 && R >= 32) {
+            constexpr int S = 2 * W;
+            rvdft_st<F, Inv, R>([x, q](int n) { return T::load(x + 2 * q + S * n * xs); },
+                                [y, q](int k, typename T::V v) { T::store(y + 2 * D * (q + s * k), v); }, rt);
+        } else {
+            typename T::V c[R];
+            pass_dft<F, Inv, R>(x + 2 * q, xs, c, rt);
 #pragma GCC unroll 64
-        for (int k = 0; k < R; ++k) T::store(y + 2 * D * (q + s * k), c[k]);
+            for (int k = 0; k < R; ++k) T::store(y + 2 * D * (q + s * k), c[k]);
+        }
     }
     for (int p = 1; p < m; ++p) {
         const F* w = root + 2 * p * s;
