@@ -3,7 +3,7 @@
 //
 // Interleaved transforms of orders 2 to 6 run straight-line code
 // (fft_small.h), float orders 7 to 16 and double orders 7 to 15
-// self-sorting passes of radix 4 to 32 (fft_sort.h), natural order in and
+// self-sorting passes of radix 4 to 64 (fft_sort.h), natural order in and
 // out. The split kinds, orders 0 and 1 and the longer orders run the network
 // below.
 //

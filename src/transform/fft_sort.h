@@ -1,7 +1,8 @@
 // Complex transforms of float orders 7 to 16 and double orders 7 to 15:
-// self-sorting passes of radix 4, 8 or 16, natural order in and out, no bit
-// reversal (double order 15 depth first, at the end of the file). Double precision runs them by decimation in frequency, float by
-// decimation in time.
+// self-sorting passes of radix 4 to 64, natural order in and out, no bit
+// reversal (double order 15 depth first, at the end of the file). Double
+// precision runs them by decimation in frequency, float by decimation in
+// time.
 //
 // Frequency (double). A pass sees s interleaved sequences of length
 // n = N / s (sequence q holds the points q + s j). With m = n / R, it takes
